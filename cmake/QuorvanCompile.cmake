@@ -1,0 +1,56 @@
+# How every target of this project is compiled: one interface target that they all link.
+
+add_library(quorvan_compile INTERFACE)
+target_compile_features(quorvan_compile INTERFACE cxx_std_20)
+target_include_directories(quorvan_compile INTERFACE "${PROJECT_SOURCE_DIR}")
+
+if(MSVC)
+  target_compile_options(quorvan_compile INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /EHsc)
+else()
+  target_compile_options(
+    quorvan_compile
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Wshadow
+              -Wconversion
+              -Wsign-conversion
+              -Wdouble-promotion
+              -Wcast-align
+              -Wcast-qual
+              -Wformat=2
+              -Wundef
+              -Wmissing-declarations
+              $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
+              $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
+              $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
+              $<$<COMPILE_LANGUAGE:CXX>:-Wextra-semi>)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(
+    quorvan_compile
+    INTERFACE -Wduplicated-cond -Wlogical-op $<$<COMPILE_LANGUAGE:CXX>:-Wsuggest-override>)
+  # GCC 12 reports overlaps inside its own std::string that cannot happen (GCC bug 105651).
+  if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    target_compile_options(quorvan_compile INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+  endif()
+endif()
+
+if(QUORVAN_SANITIZE)
+  target_compile_options(
+    quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}" -fno-sanitize-recover=all
+                              -fno-omit-frame-pointer)
+  target_link_options(quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}")
+endif()
+if(QUORVAN_COVERAGE)
+  target_compile_options(quorvan_compile INTERFACE --coverage)
+  target_link_options(quorvan_compile INTERFACE --coverage)
+endif()
+
+# Language level, warnings and visibility of a target that is part of this project.
+function(quorvan_compile_settings target)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quorvan_compile>)
+  set_target_properties(
+    ${target} PROPERTIES CXX_EXTENSIONS OFF C_STANDARD 99 C_EXTENSIONS OFF
+                         COMPILE_WARNING_AS_ERROR ${QUORVAN_WERROR})
+endfunction()

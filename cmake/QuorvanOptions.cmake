@@ -1,0 +1,34 @@
+# Everything about the build that can be chosen. A top-level build gives tests, tool and examples;
+# a project that adds this one as a subdirectory gets the library alone.
+
+option(BUILD_SHARED_LIBS "Build the library as a shared library" ON)
+option(QUORVAN_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(QUORVAN_BUILD_TOOL "Build the command-line program" ${PROJECT_IS_TOP_LEVEL})
+option(QUORVAN_BUILD_EXAMPLES "Build the example programs" ${PROJECT_IS_TOP_LEVEL})
+option(QUORVAN_BUILD_BENCH "Build the benchmark" OFF)
+option(QUORVAN_BUILD_FUZZ "Build the fuzz targets (needs Clang)" OFF)
+option(QUORVAN_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
+option(QUORVAN_WERROR "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+option(QUORVAN_COVERAGE "Instrument the library for line and branch coverage" OFF)
+set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
+
+# Where the XML document service comes from: the platform's own through COM, or the embedded one.
+if(WIN32)
+  set(_default_backend msxml)
+else()
+  set(_default_backend embedded)
+endif()
+set(QUORVAN_DOM_BACKEND ${_default_backend} CACHE STRING "XML document service: embedded or msxml")
+set_property(CACHE QUORVAN_DOM_BACKEND PROPERTY STRINGS embedded msxml)
+if(NOT QUORVAN_DOM_BACKEND STREQUAL _default_backend)
+  message(FATAL_ERROR "QUORVAN_DOM_BACKEND=${QUORVAN_DOM_BACKEND} is not available on "
+                      "${CMAKE_SYSTEM_NAME}; it takes ${_default_backend} there.")
+endif()
+unset(_default_backend)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+
+# What the library exports; read by its build, its installation and its tests.
+set(QUORVAN_EXPORTS_FILE "${PROJECT_SOURCE_DIR}/quorvan/exports.txt")
