@@ -1,0 +1,14 @@
+// CPoint: a point of whole numbers, as MFC has it.
+#pragma once
+
+/// A plain pair of whole coordinates, both 0 by default.
+class CPoint {
+ public:
+  CPoint() noexcept = default;
+  CPoint(int initX, int initY) noexcept : x(initX), y(initY) {}
+
+  friend bool operator==(const CPoint& a, const CPoint& b) noexcept = default;
+
+  long x = 0;
+  long y = 0;
+};

@@ -1,0 +1,32 @@
+// All classes of the library: the filer, the pattern filer, the geometry and the elements.
+#pragma once
+
+#include <quorvan/elements/circle.h>
+#include <quorvan/elements/drawing_control.h>
+#include <quorvan/elements/filled_polygon.h>
+#include <quorvan/elements/formwork.h>
+#include <quorvan/elements/frame_circ.h>
+#include <quorvan/elements/frame_rect.h>
+#include <quorvan/elements/l_bar.h>
+#include <quorvan/elements/line.h>
+#include <quorvan/elements/mesh.h>
+#include <quorvan/elements/pin.h>
+#include <quorvan/elements/point_bar.h>
+#include <quorvan/elements/polygon_bar.h>
+#include <quorvan/elements/repartition.h>
+#include <quorvan/elements/stirrup.h>
+#include <quorvan/elements/straight_bar.h>
+#include <quorvan/elements/text.h>
+#include <quorvan/elements/u_bar.h>
+#include <quorvan/filer/filer.h>
+#include <quorvan/filer/pattern_filer.h>
+#include <quorvan/geometry/module_prompts.h>
+#include <quorvan/geometry/plane.h>
+#include <quorvan/geometry/plane_geometry.h>
+#include <quorvan/geometry/point.h>
+#include <quorvan/geometry/transform.h>
+#include <quorvan/geometry/vector.h>
+#include <quorvan/platform/com_error.h>
+#include <quorvan/platform/cstring.h>
+#include <quorvan/platform/dom_handles.h>
+#include <quorvan/platform/message_box.h>
