@@ -1,0 +1,150 @@
+// Class scopes: creating, finding and closing class elements, and the look-up of named children.
+#include <quorvan/filer/class_count.h>
+#include <quorvan/filer/filer.h>
+#include <quorvan/platform/dom.h>
+
+namespace dom = quorvan::dom;
+using quorvan::filer::changedCount;
+
+int CKtFiler::beginClass(CString className, int version) {
+  return openClass(dom::NameText(className), version);
+}
+
+int CKtFiler::openClass(const dom::Name& className, int version) {
+  if (m_document == nullptr) {
+    return 0;
+  }
+  if (m_currentClass != nullptr) {
+    endClass();
+  }
+  m_writing = 1;
+  if (m_mapLoaded == 0) {
+    m_classCounts.clear();
+    LoadMapFromXml();
+  }
+  if (CreateClass(className, version) == 1) {
+    return 1;
+  }
+  m_writing = 0;
+  endClass();
+  return 0;
+}
+
+// The element is not in the tree yet: its items go into it while it stands alone, and endClass
+// attaches it.
+int CKtFiler::CreateClass(const dom::Name& className, int version) {
+  m_currentClass = dom::createElement(m_document, className);
+  if (m_currentClass == nullptr || !dom::hasAttributes(m_currentClass)) {
+    return 0;
+  }
+  if (!dom::addAttribute(m_document, m_currentClass, "version",
+                         static_cast<std::int16_t>(version))) {
+    return 0;
+  }
+  // Counted only when the attribute is there: an element that could not be made has no index.
+  const auto counted = m_classCounts.find(className.text());
+  const int index = counted != m_classCounts.end() ? changedCount(counted->second, 1) : 1;
+  if (!dom::addAttribute(m_document, m_currentClass, "index", static_cast<std::int16_t>(index))) {
+    return 0;
+  }
+  InsertClassNameInMap(className);
+  return 1;
+}
+
+int CKtFiler::endClass() {
+  if (m_currentClass == nullptr) {
+    return -1;
+  }
+  int result = -1;
+  if (m_writing != 0) {
+    const IXMLDOMNodePtr root = GetDocumentRealNode();
+    if (root == nullptr) {
+      return -1;
+    }
+    dom::append(root, m_currentClass);
+    const dom::NodeName name = dom::nodeName(m_currentClass);
+    const auto found = m_classCounts.find(name.view().text());
+    if (found != m_classCounts.end()) {
+      result = found->second;
+    }
+    m_currentClass = nullptr;
+  }
+  // After reading the counts are no longer loaded, which makes the result 0.
+  return m_mapLoaded == 0 ? changedCount(result, 1) : result;
+}
+
+int CKtFiler::beginClass(CString className) {
+  return openClass(dom::NameText(className));
+}
+
+int CKtFiler::openClass(const dom::Name& className) {
+  m_writing = 0;
+  const auto found = m_classCounts.find(className.text());
+  if (found == m_classCounts.end() || found->second == 0) {
+    return 0;
+  }
+  // Counted as read even if it is not found; the next scope written counts afresh.
+  found->second = changedCount(found->second, -1);
+  m_mapLoaded = 0;
+  return FindClass(className);
+}
+
+int CKtFiler::FindClass(const dom::Name& className) {
+  IXMLDOMNodePtr found;
+  if (m_currentClass == nullptr || !dom::nodeNameIs(m_currentClass, className)) {
+    const IXMLDOMNodePtr root = GetDocumentRealNode();
+    if (root == nullptr) {
+      return 0;
+    }
+    found = dom::firstChildNamed(root, className);
+  } else {
+    found = dom::nextSiblingNamed(m_currentClass, className);
+  }
+  if (found == nullptr) {
+    return 0;
+  }
+  m_currentClass = std::move(found);
+  return 1;
+}
+
+int CKtFiler::GetCurrentNodeDescription(CString* name, int* version, int* index) {
+  if (name != nullptr) {
+    *name = quorvan::nodeName(m_currentClass);
+  }
+  if (!dom::hasAttributes(m_currentClass)) {
+    return 0;
+  }
+  const auto store = [this](const dom::Name& attributeName, int* number) {
+    if (number == nullptr) {
+      return true;
+    }
+    dom::AttributeValue value;
+    if (!dom::attribute(m_currentClass, attributeName, value)) {
+      return false;
+    }
+    *number = value.toLong();
+    return true;
+  };
+  return store("version", version) && store("index", index) ? 1 : 0;
+}
+
+int CKtFiler::getLastUsedIndex() {
+  if (m_currentClass == nullptr) {
+    return -1;
+  }
+  const dom::NodeName name = dom::nodeName(m_currentClass);
+  const auto found = m_classCounts.find(name.view().text());
+  return found != m_classCounts.end() ? changedCount(found->second, 1) : 0;
+}
+
+IXMLDOMNodePtr CKtFiler::GetNamedChild(const IXMLDOMNodePtr& node, const dom::Name& name) {
+  return node == nullptr ? IXMLDOMNodePtr() : dom::firstChildNamed(node, name);
+}
+
+IXMLDOMNodePtr CKtFiler::FindCurrentNodeNamedChild(const dom::Name& name) {
+  return GetNamedChild(m_currentClass, name);
+}
+
+IXMLDOMNodePtr CKtFiler::FindChildNodeNamedChild(const dom::Name& name) {
+  return GetNamedChild(m_currentVector, name);
+}

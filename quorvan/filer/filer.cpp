@@ -1,0 +1,165 @@
+// The filer's document: opening, saving, the class counts and the root element.
+#include <quorvan/filer/filer.h>
+
+#include <quorvan/filer/class_count.h>
+#include <quorvan/filer/search_index.h>
+#include <quorvan/geometry/module_prompts.h>
+#include <quorvan/platform/com.h>
+#include <quorvan/platform/dom.h>
+#include <quorvan/platform/message_box.h>
+#include <quorvan/platform/prompts.h>
+
+namespace dom = quorvan::dom;
+using quorvan::filer::changedCount;
+
+namespace {
+
+constexpr int kMissingServicePrompt = 15501;
+constexpr unsigned int kOkButton = 0;  // MB_OK
+constexpr unsigned int kNoHelp = 0;
+
+constexpr std::string_view kDeclaration = "version='1.0' encoding='ISO-8859-1'";
+
+void showMissingServicePrompt(const CString& prompt) {
+  quorvan::showMessageBox(prompt, kOkButton, kNoHelp);
+}
+
+// Adds the document's counts to the class map.
+class MapFiller final : public dom::ChildNameCounts {
+ public:
+  explicit MapFiller(std::map<std::string, int, std::less<>>& counts) : m_counts(counts) {}
+
+  void count(const dom::Name& name, int children) override {
+    const auto found = m_counts.find(name.text());
+    if (found != m_counts.end()) {
+      found->second = changedCount(found->second, children);
+    } else {
+      m_counts.emplace(name.text(), children);
+    }
+  }
+
+ private:
+  std::map<std::string, int, std::less<>>& m_counts;
+};
+
+}  // namespace
+
+CKtFiler::CKtFiler() {
+  quorvan::platform::initializeCom();
+}
+
+CKtFiler::CKtFiler(const CKtFiler& other)
+    : m_document(other.m_document),
+      m_fileName(other.m_fileName),
+      m_classCounts(other.m_classCounts),
+      m_writing(other.m_writing),
+      m_mapLoaded(other.m_mapLoaded),
+      m_currentClass(other.m_currentClass),
+      m_currentVector(other.m_currentVector),
+      m_scratch(other.m_scratch),
+      m_searchIndex(other.m_searchIndex) {
+  // The destructor of every filer uninitialises COM, so every constructor initialises it.
+  quorvan::platform::initializeCom();
+}
+
+CKtFiler& CKtFiler::operator=(const CKtFiler& other) = default;
+
+CKtFiler::~CKtFiler() {
+  try {
+    if (m_document != nullptr) {
+      closeFiler();
+    }
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a destructor has nobody to tell
+  }
+  quorvan::platform::uninitializeCom();
+}
+
+int CKtFiler::newFiler(CString path) {
+  try {
+    m_fileName = std::move(path);
+    m_searchIndex.reset();
+    const HRESULT created = dom::createDocument(m_document);
+    CString prompt;
+    KtPrompts::getPrompt(prompt, kMissingServicePrompt, getModulePromptsProjectName(), 0);
+    if (created < 0) {
+      showMissingServicePrompt(prompt);
+      return 0;
+    }
+    if (m_document == nullptr) {
+      return 0;
+    }
+    if (dom::load(m_document, m_fileName)) {
+      return LoadMapFromXml();
+    }
+    return prepareEmptyDocument();
+  } catch (...) {
+    quorvan::showMessageBox(L"Exception caught on CKtFiler::newFiler()!", kOkButton, kNoHelp);
+    return 0;
+  }
+}
+
+int CKtFiler::prepareEmptyDocument() {
+  dom::append(m_document, dom::createProcessingInstruction(m_document, "xml", kDeclaration));
+  dom::append(m_document, dom::createElement(m_document, "Document"));
+  return 1;
+}
+
+int CKtFiler::closeFiler() {
+  if (m_fileName.IsEmpty()) {
+    return 0;
+  }
+  if (m_currentClass != nullptr) {
+    endClass();
+  }
+  if (m_document == nullptr) {
+    return 0;
+  }
+  dom::save(m_document, m_fileName,
+            m_scratch != 0 ? dom::Durability::kScratch : dom::Durability::kDisk);
+  m_searchIndex.reset();
+  m_document = nullptr;
+  m_fileName.Empty();
+  m_classCounts.clear();
+  m_mapLoaded = 0;
+  m_writing = 0;
+  return 1;
+}
+
+// The counts are added to what the map holds; callers that want a fresh count empty it first.
+int CKtFiler::LoadMapFromXml() {
+  if (m_mapLoaded != 0) {
+    return 1;
+  }
+  const IXMLDOMNodePtr root = GetDocumentRealNode();
+  if (root == nullptr) {
+    return 0;
+  }
+  // Into a copy: counts that an error left half added would be added again the next time, and the
+  // elements written then would get wrong indexes.
+  ClassCounts counts = m_classCounts;
+  MapFiller filler(counts);
+  dom::countChildNames(root, filler);
+  m_classCounts.swap(counts);
+  m_mapLoaded = 1;
+  return 1;
+}
+
+int CKtFiler::InsertClassNameInMap(const dom::Name& className) {
+  const auto found = m_classCounts.find(className.text());
+  if (found != m_classCounts.end()) {
+    found->second = changedCount(found->second, 1);
+    return found->second;
+  }
+  m_classCounts.emplace(className.text(), 1);
+  return 1;
+}
+
+// The root is known by its place, not by its name: a comment or DOCTYPE that stands where it is
+// expected is taken for it.
+IXMLDOMNodePtr CKtFiler::GetDocumentRealNode() {
+  IXMLDOMNodePtr node = dom::firstChild(m_document);
+  if (node != nullptr && dom::nodeNameIs(node, "xml")) {
+    node = dom::nextSibling(node);
+  }
+  return node;
+}

@@ -1,0 +1,40 @@
+// ItemAccess: the filer's item operations with names that are already in the document's form, for
+// the item tables of the element classes. Not installed.
+#pragma once
+
+#include <quorvan/filer/filer.h>
+#include <quorvan/platform/dom.h>
+
+namespace quorvan {
+
+/// Forwards to the filer; see there for what each operation does, gives and raises.
+class ItemAccess {
+ public:
+  static int beginClass(CKtFiler& filer, const dom::Name& className, int version) {
+    return filer.openClass(className, version);
+  }
+  static int beginClass(CKtFiler& filer, const dom::Name& className) {
+    return filer.openClass(className);
+  }
+  static int beginVector(CKtFiler& filer, const dom::Name& name, long count) {
+    return filer.openVector(name, count);
+  }
+  static int beginVector(CKtFiler& filer, const dom::Name& name, long* count) {
+    return filer.openVector(name, count);
+  }
+  template <class Value>
+  static int write(CKtFiler& filer, const dom::Name& name, const Value& value) {
+    return filer.write(name, value);
+  }
+  template <class Value>
+  static int read(CKtFiler& filer, const dom::Name& name, Value* value) {
+    return filer.read(name, value);
+  }
+
+  /// The element whose children are the items being read: the open vector, else the class.
+  static const IXMLDOMNodePtr& scope(const CKtFiler& filer) {
+    return filer.m_currentVector != nullptr ? filer.m_currentVector : filer.m_currentClass;
+  }
+};
+
+}  // namespace quorvan

@@ -1,0 +1,24 @@
+// What an item element holds, given the element itself. Not installed.
+#pragma once
+
+#include <quorvan/geometry/point.h>
+#include <quorvan/geometry/vector.h>
+#include <quorvan/platform/dom.h>
+
+namespace quorvan::filer {
+
+inline constexpr dom::Name kDoubleKind = "double";
+inline constexpr dom::Name kLongKind = "long";
+inline constexpr dom::Name kStringKind = "string";
+
+/// Each gives 1, or 0 when `item` is null, takes no attributes or lacks the one of its kind; the
+/// value is then left alone.
+int itemValue(const IXMLDOMNodePtr& item, double* value);
+int itemValue(const IXMLDOMNodePtr& item, long* value);
+int itemValue(const IXMLDOMNodePtr& item, CString* value);
+
+/// Coordinates are stored as soon as they are read: with "Y" missing the new x is in place.
+int itemValue(const IXMLDOMNodePtr& item, CKtPnt3D* point);
+int itemValue(const IXMLDOMNodePtr& item, CKtVect3D* vector);
+
+}  // namespace quorvan::filer

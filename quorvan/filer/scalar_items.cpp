@@ -1,0 +1,88 @@
+// Scalar items: one element with one attribute that is named after the item's kind.
+#include <quorvan/filer/filer.h>
+#include <quorvan/filer/item_values.h>
+#include <quorvan/platform/dom.h>
+#include <quorvan/platform/numbers.h>
+
+namespace dom = quorvan::dom;
+namespace filer = quorvan::filer;
+
+// Items go into the open vector; without one, into the current class.
+const IXMLDOMNodePtr& CKtFiler::itemScope() const {
+  return m_currentVector != nullptr ? m_currentVector : m_currentClass;
+}
+
+// With nowhere to go the item is built all the same, so that what stands in its way is raised.
+int CKtFiler::dropItem(const dom::Name& name) {
+  dom::createElement(m_document, name);
+  return 0;
+}
+
+IXMLDOMNodePtr CKtFiler::findItem(const dom::Name& name) {
+  return m_currentVector != nullptr ? FindChildNodeNamedChild(name)
+                                    : FindCurrentNodeNamedChild(name);
+}
+
+int CKtFiler::writeItem(CString name, double value) {
+  return write(dom::NameText(name), value);
+}
+
+int CKtFiler::write(const dom::Name& name, double value) {
+  if (itemScope() == nullptr) {
+    return dropItem(name);
+  }
+  char text[quorvan::kFixed7Capacity];
+  const dom::NewAttribute attribute{filer::kDoubleKind,
+                                    {{text, quorvan::formatFixed7(text, value)}}};
+  return dom::appendElement(m_document, itemScope(), name, {&attribute, 1}) ? 1 : 0;
+}
+
+int CKtFiler::writeItem(CString name, long value) {
+  return write(dom::NameText(name), value);
+}
+
+int CKtFiler::write(const dom::Name& name, long value) {
+  if (itemScope() == nullptr) {
+    return dropItem(name);
+  }
+  char text[quorvan::kShortestCapacity];
+  char* const end = quorvan::formatLong(text, static_cast<std::int32_t>(value));
+  const dom::NewAttribute attribute{filer::kLongKind, {{text, end}}};
+  return dom::appendElement(m_document, itemScope(), name, {&attribute, 1}) ? 1 : 0;
+}
+
+int CKtFiler::writeItem(CString name, CString value) {
+  return write(dom::NameText(name), value);
+}
+
+int CKtFiler::write(const dom::Name& name, const CString& value) {
+  if (itemScope() == nullptr) {
+    return dropItem(name);
+  }
+  return dom::appendElement(m_document, itemScope(), name, filer::kStringKind, value.view()) ? 1
+                                                                                             : 0;
+}
+
+int CKtFiler::readItem(CString name, double* value) {
+  return read(dom::NameText(name), value);
+}
+
+int CKtFiler::readItem(CString name, long* value) {
+  return read(dom::NameText(name), value);
+}
+
+int CKtFiler::readItem(CString name, CString* value) {
+  return read(dom::NameText(name), value);
+}
+
+int CKtFiler::read(const dom::Name& name, double* value) {
+  return filer::itemValue(findItem(name), value);
+}
+
+int CKtFiler::read(const dom::Name& name, long* value) {
+  return filer::itemValue(findItem(name), value);
+}
+
+int CKtFiler::read(const dom::Name& name, CString* value) {
+  return filer::itemValue(findItem(name), value);
+}

@@ -1,0 +1,133 @@
+// Pattern search: which class element of the document carries the values of the pattern's.
+#include <memory>
+
+#include <quorvan/filer/class_count.h>
+#include <quorvan/filer/descendants.h>
+#include <quorvan/filer/filer.h>
+#include <quorvan/filer/pattern_filer.h>
+#include <quorvan/filer/search_index.h>
+#include <quorvan/platform/dom.h>
+
+namespace dom = quorvan::dom;
+using quorvan::filer::changedCount;
+
+int CKtFiler::seek(CKtPatternFiler* pattern) {
+  if (pattern == nullptr) {
+    quorvan::platform::raiseComError(E_POINTER);
+  }
+  m_currentClass = nullptr;
+  m_mapLoaded = 0;
+  LoadMapFromXml();
+  CString className;
+  if (pattern->getClassName(className) == 0) {
+    return -1;
+  }
+  if (advanceToMatch(*pattern, dom::NameText(className)) == 0) {
+    return -1;
+  }
+  int index = -1;
+  if (GetCurrentNodeDescription(nullptr, nullptr, &index) == 0) {
+    index = -1;
+  }
+  endClass();
+  return index;
+}
+
+// The plain search: one class element after the other, in document order.
+int CKtFiler::advanceByWalk(CKtPatternFiler& pattern, const dom::Name& className) {
+  while (openClass(className) != 0) {
+    if (matchesPattern(pattern) != 0) {
+      return 1;
+    }
+    endClass();
+  }
+  return 0;
+}
+
+// The same search by way of the index: class elements that can neither match nor raise are passed
+// over, and what the walk would have left behind is left behind: counts, current class, flags.
+// Every element that the index names, and the last one, is compared as the walk compares it.
+int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& className) {
+  const std::uint64_t revision = dom::revision(m_document);
+  const IXMLDOMNodePtr root = GetDocumentRealNode();
+  // A class element that is current already is that of a pattern which searches for itself: the
+  // walk goes on from there, and its pattern with it.
+  if (revision == 0 || root == nullptr || m_currentClass != nullptr ||
+      m_classCounts.find(className.text()) == m_classCounts.end()) {
+    return advanceByWalk(pattern, className);
+  }
+  if (m_searchIndex == nullptr || m_searchIndex->revision() != revision) {
+    m_searchIndex = std::make_shared<quorvan::SearchIndex>(revision);
+  }
+  quorvan::SearchIndex::Search search =
+      m_searchIndex->search(root, className, pattern.m_currentClass);
+  const auto found = m_classCounts.find(className.text());
+  // A count that has wrapped may end the walk before the last element.
+  if (found->second < search.size()) {
+    return advanceByWalk(pattern, className);
+  }
+  int passed = 0;
+  while (search.next()) {
+    found->second = changedCount(found->second, passed - search.ordinal());
+    passed = search.ordinal();
+    m_writing = 0;
+    m_mapLoaded = 0;
+    m_currentClass = search.element();
+    if (matchesPattern(pattern) != 0) {
+      return 1;
+    }
+    endClass();
+  }
+  // No element is left: the walk's last attempt, which finds the count used up or no sibling.
+  m_writing = 0;
+  if (found->second != 0) {
+    found->second = changedCount(found->second, -1);
+    m_mapLoaded = 0;
+  }
+  return 0;
+}
+
+int CKtFiler::matchesPattern(CKtPatternFiler& pattern) {
+  int match = 1;
+  IXMLDOMNodePtr item;
+  // The COM smart pointer hands out the interface when its address is taken.
+  int more = pattern.getFirstChildNode(std::addressof(item));
+  while (more != 0) {
+    match &= findChildMatch(item);
+    if (match == 0) {
+      break;
+    }
+    more = pattern.getNextChildNode(std::addressof(item));
+  }
+  return match;
+}
+
+int CKtFiler::findChildMatch(IXMLDOMNodePtr item) {
+  if (item == nullptr) {
+    return 0;
+  }
+  const dom::NodeName name = dom::nodeName(item);
+  const IXMLDOMNodePtr child = FindCurrentNodeNamedChild(name);
+  if (child == nullptr) {
+    return 0;
+  }
+  return CompareNodes(item, child);
+}
+
+// Texts are compared, not numbers: values match when they were filed with the same digits.
+int CKtFiler::CompareNodes(const IXMLDOMNodePtr& patternNode, const IXMLDOMNodePtr& documentNode) {
+  if (!dom::hasAttributes(patternNode) || !dom::hasAttributes(documentNode)) {
+    return 0;
+  }
+  dom::AttributeCursor attributes(patternNode);
+  while (attributes.next()) {
+    dom::AttributeValue value;
+    if (!dom::attribute(documentNode, attributes.name(), value)) {
+      quorvan::platform::raiseComError(E_POINTER);
+    }
+    if (!(attributes.value() == value)) {
+      return 0;
+    }
+  }
+  return quorvan::filer::descendantsHaveAttributes(patternNode) ? 1 : 0;
+}
