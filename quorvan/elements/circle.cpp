@@ -1,0 +1,13 @@
+#include <quorvan/elements/circle.h>
+
+#include <quorvan/elements/items/circle_items.h>
+
+CKtZantoCircle::~CKtZantoCircle() = default;
+
+int CKtZantoCircle::fileOut(CKtFiler* filer) {
+  return quorvan::items::fileOut(CKtZantoCircleItems::kTable, *this, *filer);
+}
+
+int CKtZantoCircle::fileIn(CKtFiler* filer) {
+  return quorvan::items::fileIn(CKtZantoCircleItems::kTable, *this, *filer);
+}

@@ -1,0 +1,84 @@
+// CKtZantoFrameCirc: a closed circular link.
+#pragma once
+
+#include <utility>
+
+#include <quorvan/elements/bar_attributes.h>
+#include <quorvan/geometry/point.h>
+#include <quorvan/platform/api.h>
+#include <quorvan/platform/cstring.h>
+
+class CKtFiler;
+
+/// A closed circular link whose ends overlap.
+class QUORVAN_API CKtZantoFrameCirc {
+ public:
+  CKtZantoFrameCirc() = default;
+  CKtZantoFrameCirc(const CKtZantoFrameCirc& other) = default;
+  CKtZantoFrameCirc& operator=(const CKtZantoFrameCirc& other) = default;
+  virtual ~CKtZantoFrameCirc();
+
+  /// The centre.
+  CKtPnt3D getCenter() const { return m_center; }
+  void setCenter(CKtPnt3D center) { m_center = center; }
+
+  /// The point on the circle where the bar starts.
+  CKtPnt3D getStartPoint() const { return m_startPoint; }
+  void setStartPoint(CKtPnt3D startPoint) { m_startPoint = startPoint; }
+
+  /// The radius, in the drawing's length unit.
+  double getFrameRadius() const { return m_frameRadius; }
+  void setFrameRadius(double frameRadius) { m_frameRadius = frameRadius; }
+
+  /// The length by which the ends overlap.
+  double getRecoverLength() const { return m_recoverLength; }
+  void setRecoverLength(double recoverLength) { m_recoverLength = recoverLength; }
+
+  /// The length of the hook at the first end; 0 for none.
+  double getHookLength1() const { return m_hookLength1; }
+  void setHookLength1(double length) { m_hookLength1 = length; }
+
+  /// The angle of the hook at the first end, in the unit of the producing program.
+  double getHookAngle1() const { return m_hookAngle1; }
+  void setHookAngle1(double angle) { m_hookAngle1 = angle; }
+
+  /// The steel grade, as the producing program names it.
+  CString getSteelGrade() const { return m_attributes.steelGrade; }
+  void setSteelGrade(CString steelGrade) { m_attributes.steelGrade = std::move(steelGrade); }
+
+  /// The bond class of the steel ("Ha" for ribbed bars, "Dx" for smooth ones in older files).
+  CString getAdherence() const { return m_attributes.adherence; }
+  void setAdherence(CString adherence) { m_attributes.adherence = std::move(adherence); }
+
+  /// The bar diameter, in the drawing's length unit.
+  double getDiameter() const { return m_attributes.diameter; }
+  void setDiameter(double diameter) { m_attributes.diameter = diameter; }
+
+  /// The reference number (bar mark); filed with its low 32 bits.
+  long getReference() const { return m_attributes.reference; }
+  void setReference(long reference) { m_attributes.reference = reference; }
+
+  /// Whether the bar is hidden: known to the drawing but not shown.
+  bool getHidden() const { return m_attributes.hidden; }
+  void setHidden(bool hidden) { m_attributes.hidden = hidden; }
+
+  /// Writes the element as one class element. Returns 1 when it was opened and every item was
+  /// written, else 0; an item that fails does not stop the others. Raises _com_error where the
+  /// filer does.
+  int fileOut(CKtFiler* filer);
+
+  /// Fills the element from the next class element of its name. Returns 1 when there was one and
+  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  int fileIn(CKtFiler* filer);
+
+ private:
+  friend struct CKtZantoFrameCircItems;
+
+  CKtPnt3D m_center;
+  CKtPnt3D m_startPoint;
+  double m_frameRadius = 0.0;
+  double m_recoverLength = 0.0;
+  double m_hookLength1 = 0.0;
+  double m_hookAngle1 = 0.0;
+  quorvan::BarAttributes m_attributes;
+};

@@ -1,0 +1,13 @@
+#include <quorvan/elements/stirrup.h>
+
+#include <quorvan/elements/items/stirrup_items.h>
+
+CKtZantoStirrup::~CKtZantoStirrup() = default;
+
+int CKtZantoStirrup::fileOut(CKtFiler* filer) {
+  return quorvan::items::fileOut(CKtZantoStirrupItems::kTable, *this, *filer);
+}
+
+int CKtZantoStirrup::fileIn(CKtFiler* filer) {
+  return quorvan::items::fileIn(CKtZantoStirrupItems::kTable, *this, *filer);
+}
