@@ -1,0 +1,136 @@
+// What a loaded file keeps of its layout and of markup that is no element.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include <tests/platform/embedded/embedded_dom.h>
+
+namespace quorvan::test {
+namespace {
+
+using Markup = EmbeddedDom;
+
+TEST_F(Markup, LineBreaksAreWrittenWhereWhiteSpaceStood) {
+  EXPECT_EQ(resaved("<a>\n\t<b>\n\t\t<c/>\n\t</b>\n</a>"),
+            "<a>\r\n\t<b>\r\n\t\t<c/>\r\n\t</b>\r\n</a>\r\n");
+  EXPECT_EQ(resaved("<a> <b/><c/>    <d/></a>"), "<a>\r\n\t<b/><c/>\r\n\t<d/></a>\r\n");
+  EXPECT_EQ(resaved("<a><b> </b></a>"), "<a><b>\r\n\t</b></a>\r\n");
+  EXPECT_EQ(resaved("<a>\r\n<b></b></a>"), "<a>\r\n\t<b/></a>\r\n");
+}
+
+TEST_F(Markup, WhiteSpaceOfAReferenceCountsAsWhiteSpace) {
+  EXPECT_EQ(resaved("<a>&#32;<b/>&#10; &#xD;</a>"), "<a>\r\n\t<b/>\r\n</a>\r\n");
+}
+
+TEST_F(Markup, AFileWithoutWhiteSpaceComesBackAsItWas) {
+  const std::string file =
+      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n"
+      "<Document><CKtZantoLine version=\"1\" index=\"1\"><Origin X=\"1.0000000\"/>"
+      "</CKtZantoLine></Document>\r\n";
+  EXPECT_EQ(resaved(file), file);
+}
+
+TEST_F(Markup, NewElementsBringNoWhiteSpace) {
+  ASSERT_TRUE(loads("<a>\n\t<b/>\n</a>"));
+  appended(dom::firstChild(m_document), "new");
+  EXPECT_EQ(saved(), "<a>\r\n\t<b/><new/>\r\n</a>\r\n");
+}
+
+TEST_F(Markup, AMovedElementLeavesItsWhiteSpaceBehind) {
+  ASSERT_TRUE(loads("<a>\n\t<b>\n<c/></b>\n\t<d/>\n</a>"));
+  const IXMLDOMNodePtr root = dom::firstChild(m_document);
+  dom::append(root, dom::firstChild(root));
+  EXPECT_EQ(saved(), "<a>\r\n\t<d/><b>\r\n\t\t<c/></b>\r\n</a>\r\n");
+  m_document = newDocument();
+  dom::append(dom::nextSibling(dom::firstChild(m_document)), root);
+  EXPECT_EQ(saved(),
+            "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n"
+            "<Document><a>\r\n\t\t<d/><b>\r\n\t\t\t<c/></b>\r\n\t</a></Document>\r\n");
+}
+
+TEST_F(Markup, IndentationEndsSomewhere) {
+  std::string file;
+  for (int i = 0; i < 150; ++i)
+    file += "<a> ";
+  for (int i = 0; i < 150; ++i)
+    file += "</a>";
+  const std::string saved = resaved(file);
+  EXPECT_NE(saved.find('\n' + std::string(100, '\t') + '<'), std::string::npos);
+  EXPECT_EQ(saved.find(std::string(101, '\t')), std::string::npos);
+}
+
+TEST_F(Markup, TextKeepsItsBlanksAndGetsWindowsLineEnds) {
+  EXPECT_EQ(resaved("<a> x\n y\r\n z\r\t<b/> &lt;&amp;&gt;\"' </a>"),
+            "<a> x\r\n y\r\n z\r\n\t<b/> &lt;&amp;&gt;\"' </a>\r\n");
+  EXPECT_EQ(resaved("<a>x&#13;y</a>"), "<a>x&#13;y</a>\r\n");
+}
+
+TEST_F(Markup, TabsAndLineEndsInAttributesAreKept) {
+  const std::string kept = "<a b=\"1&#9;2&#10;3&#10;4&#10;5 6&#13;\" c=\"x\"/>\r\n";
+  EXPECT_EQ(resaved("<a b=\"1\t2\n3\r\n4\r5 6&#13;\" c=\"x\"/>"), kept);
+  EXPECT_EQ(resaved("<a\n\tb='1\t2\n3\r\n4\r5 6&#13;'\n\tc='x'\n/>"), kept);
+  EXPECT_EQ(resaved("<?xml version='1.0' encoding='ISO-8859-1'?><a b=\"\xE9\t&quot;\"/>"),
+            "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<a b=\"\xE9&#9;&quot;\"/>\r\n");
+}
+
+TEST_F(Markup, PreservedSpaceIsText) {
+  EXPECT_EQ(resaved("<a xml:space=\"preserve\"> <b>\n</b> </a>"),
+            "<a xml:space=\"preserve\"> <b>\r\n</b> </a>\r\n");
+  EXPECT_EQ(resaved("<a><b xml:space=\"preserve\"> <c xml:space=\"default\"> <d/></c> </b> </a>"),
+            "<a><b xml:space=\"preserve\"> <c xml:space=\"default\">\r\n\t\t\t<d/></c> </b>"
+            "\r\n</a>\r\n");
+  EXPECT_EQ(resaved("<a><b xml:space=\"preserve\"/> <c/></a>"),
+            "<a><b xml:space=\"preserve\"/>\r\n\t<c/></a>\r\n");
+}
+
+TEST_F(Markup, CommentsInstructionsAndCDataComeBack) {
+  EXPECT_EQ(
+      resaved("<?p d ?><!-- c\n --><a><!--&lt;--><?q?><?r  x<y?><![CDATA[<&]]\n]]></a><!--e-->"),
+      "<?p d ?>\r\n<!-- c\r\n -->\r\n<a><!--&lt;--><?q?><?r x<y?><![CDATA[<&]]\r\n]]></a>\r\n"
+      "<!--e-->\r\n");
+  EXPECT_EQ(resaved("<a><![CDATA[]]><![CDATA[ ]]>x<![CDATA[y]]></a>"),
+            "<a><![CDATA[]]><![CDATA[ ]]>x<![CDATA[y]]></a>\r\n");
+}
+
+TEST_F(Markup, TheDoctypeComesBackAsItsSource) {
+  const std::string doctype =
+      "<!DOCTYPE a SYSTEM \"a.dtd\" [\r\n<!-- c -->\r\n<?p d?>\r\n<!ELEMENT a ANY>\r\n"
+      "<!ATTLIST a b CDATA 'd' x NMTOKEN #IMPLIED>\r\n<!ENTITY e \"\xC3\xA9 > &#38;\">\r\n"
+      "<!NOTATION n SYSTEM 'n'>\r\n]  >";
+  EXPECT_EQ(resaved(doctype + "<a/>"), doctype + "\r\n<a/>\r\n");
+  EXPECT_EQ(outline(m_document), "a a");
+  EXPECT_FALSE(dom::hasAttributes(dom::firstChild(m_document)));
+  EXPECT_TRUE(dom::firstChild(dom::firstChild(m_document)) == nullptr);
+}
+
+TEST_F(Markup, TheDoctypeIsNamedAsItSays) {
+  ASSERT_TRUE(loads("<?xml version='1.0'?><!--c--><!DOCTYPE\n root\n><root/><!--d-->"));
+  EXPECT_EQ(outline(m_document), "xml(version=1.0) #comment root root #comment");
+  ASSERT_TRUE(loads("<!DOCTYPE other[]><root/>"));
+  EXPECT_EQ(outline(m_document), "other root");
+}
+
+TEST_F(Markup, TheDoctypeStaysWhereItIs) {
+  ASSERT_TRUE(loads("<!DOCTYPE a><a/>"));
+  const IXMLDOMNodePtr doctype = dom::firstChild(m_document);
+  EXPECT_EQ(raisedBy([&] { dom::append(dom::nextSibling(doctype), doctype); }), E_FAIL);
+  EXPECT_EQ(raisedBy([&] { dom::append(m_document, doctype); }), E_FAIL);
+  EXPECT_EQ(raisedBy([&] { dom::append(newDocument(), doctype); }), E_FAIL);
+  EXPECT_EQ(outline(m_document), "a a");
+}
+
+TEST_F(Markup, AttributesThatADoctypeAddsStayThere) {
+  EXPECT_EQ(resaved("<!DOCTYPE a [<!ATTLIST a b CDATA 'd'>]><a c=\"1\"/>"),
+            "<!DOCTYPE a [<!ATTLIST a b CDATA 'd'>]>\r\n<a c=\"1\"/>\r\n");
+}
+
+TEST_F(Markup, InstructionsThatCouldNotBeReadBackAreNotCreated) {
+  EXPECT_EQ(raisedBy([&] { dom::createProcessingInstruction(m_document, "p", "a?>b"); }), E_FAIL);
+  EXPECT_EQ(raisedBy([&] { dom::createProcessingInstruction(m_document, "XmL", ""); }), E_FAIL);
+  dom::append(m_root, dom::createProcessingInstruction(m_document, "p", "1\x01\xFF"));
+  ASSERT_TRUE(loads(saved()));
+  EXPECT_EQ(outline(m_document), "xml(version=1.0 encoding=ISO-8859-1) Document[p]");
+}
+
+}  // namespace
+}  // namespace quorvan::test

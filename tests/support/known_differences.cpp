@@ -1,0 +1,143 @@
+#include <tests/support/known_differences.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iostream>
+
+#include <quorvan/platform/utf8.h>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace quorvan::test {
+
+namespace {
+
+// clang-format off
+constexpr FailingTest kFailingTests[] = {
+    {"", ""},
+};
+// clang-format on
+
+constexpr std::string_view kMadeDeclaration = "<?xml version='1.0' encoding='ISO-8859-1'?>";
+constexpr std::string_view kReadDeclaration = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>";
+
+std::string quoteDeclaration(const std::string& saved) {
+  if (!saved.starts_with(kMadeDeclaration))
+    return saved;
+  return std::string(kReadDeclaration) + saved.substr(kMadeDeclaration.size());
+}
+
+// A file that is not UTF-8 was not saved so: a test has written or put right it.
+std::string encodeAsDeclared(const std::string& saved) {
+  if (!saved.starts_with(kReadDeclaration))
+    return saved;
+  std::string declared;
+  const char* at = saved.data();
+  const char* const end = at + saved.size();
+  while (at != end) {
+    const std::string_view rest(at, static_cast<std::size_t>(end - at));
+    const char32_t code = decodeUtf8(at, end);
+    if (code == kReplacementCharacter && !rest.starts_with("\xEF\xBF\xBD"))
+      return saved;
+    if (code <= 0xFF) {
+      declared += static_cast<char>(code);
+    } else {
+      declared += "&#" + std::to_string(static_cast<std::uint32_t>(code)) + ';';
+    }
+  }
+  return declared;
+}
+
+// Outside the root element line ends stand only between nodes, inside it only in text.
+std::string endLinesAsWindows(const std::string& saved) {
+  std::string result;
+  for (const char byte : saved) {
+    if (byte == '\n' && !result.ends_with('\r'))
+      result += '\r';
+    result += byte;
+  }
+  return result;
+}
+
+// In this order: a declaration that was read has double quotes.
+constexpr ByteDifference kByteDifferences[] = {
+    {"A document that was loaded is saved in UTF-8, whatever its declaration says.",
+     encodeAsDeclared},
+    {"The declaration of a document that was created keeps the quotes it was given.",
+     quoteDeclaration},
+    {"Lines end in LF.", endLinesAsWindows},
+};
+
+const FailingTest* findFailing(const std::string& name) {
+  const auto* const found =
+      std::find_if(std::begin(kFailingTests), std::end(kFailingTests),
+                   [&name](const FailingTest& entry) { return entry.name == name; });
+  return found == std::end(kFailingTests) ? nullptr : found;
+}
+
+// Whether the test went as the list says.
+bool isAsListed(const testing::TestInfo& test) {
+  const std::string name = std::string(test.test_suite_name()) + '.' + test.name();
+  const FailingTest* const listed = findFailing(name);
+  if (test.result()->Skipped())
+    return true;
+  if (test.result()->Failed()) {
+    if (listed != nullptr)
+      std::cout << "known difference: " << name << ": " << listed->reason << '\n';
+    return listed != nullptr;
+  }
+  if (listed != nullptr)
+    std::cout << "unexpected success: " << name << " is listed as failing\n";
+  return listed == nullptr;
+}
+
+}  // namespace
+
+std::span<const FailingTest> failingTests() {
+  return kFailingTests;
+}
+
+std::span<const ByteDifference> byteDifferences() {
+  return kByteDifferences;
+}
+
+bool runsUnderWine() {
+#ifdef _WIN32
+  return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+#else
+  return false;
+#endif
+}
+
+std::string withoutKnownDifferences(std::string saved) {
+  if (runsUnderWine()) {
+    for (const ByteDifference& difference : byteDifferences())
+      saved = difference.undo(saved);
+  }
+  return saved;
+}
+
+int judge(int result) {
+  if (!runsUnderWine())
+    return result;
+  const testing::UnitTest& unit = *testing::UnitTest::GetInstance();
+  bool asListed = !unit.ad_hoc_test_result().Failed();
+  for (int i = 0; i < unit.total_test_suite_count(); ++i) {
+    const testing::TestSuite& suite = *unit.GetTestSuite(i);
+    if (suite.ad_hoc_test_result().Failed())
+      asListed = false;
+    for (int k = 0; k < suite.total_test_count(); ++k) {
+      const testing::TestInfo& test = *suite.GetTestInfo(k);
+      if (test.should_run() && !isAsListed(test))
+        asListed = false;
+    }
+  }
+  return asListed ? 0 : 1;
+}
+
+}  // namespace quorvan::test
