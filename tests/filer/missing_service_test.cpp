@@ -1,0 +1,102 @@
+// Opening when the document service fails: the two messages, and the state after them.
+
+#include <tests/filer/filer_test.h>
+
+#include <string>
+
+#include <tests/support/fault_backend/dom_faults.h>
+
+namespace quorvan::test {
+namespace {
+
+class MissingService : public FilerTest {
+ protected:
+  // The operations of opening in their order.
+  static constexpr int kCreating = 1;
+  static constexpr int kLoading = 2;
+
+  static int openFailing(CKtFiler& filer, const wchar_t* path, int call, DomFault fault) {
+    const DomFaults faults(call, fault, false);
+    const int result = filer.newFiler(path);
+    EXPECT_TRUE(faults.hasFailed());
+    return result;
+  }
+};
+
+TEST_F(MissingService, IsReportedByTheLocalisedMessage) {
+  CKtFiler filer;
+  EXPECT_EQ(openFailing(filer, kPath, kCreating, DomFault::kFail), 0);
+  ASSERT_EQ(messages().size(), 1U);
+  EXPECT_EQ(messages()[0].text,
+            L"Un probl\u00E8me syst\u00E8me est survenu ! Il semble que vous n'ayez pas une "
+            L"version r\u00E9cente de MSXML. Il est conseill\u00E9 de r\u00E9installer Meridal qui "
+            L"fera alors une mise \u00E0 jour automatique.");
+  EXPECT_EQ(messages()[0].type, 0U);
+  EXPECT_EQ(messages()[0].helpContext, 0U);
+}
+
+TEST_F(MissingService, LeavesNothingToCloseAndThePathSet) {
+  writeText(kPath, documentText("<A/>"));
+  CKtFiler filer;
+  EXPECT_EQ(openFailing(filer, kPath, kCreating, DomFault::kFail), 0);
+  EXPECT_EQ(filer.beginClass(L"A", 1), 0);
+  EXPECT_EQ(filer.closeFiler(), 0);
+  EXPECT_EQ(savedText(kPath), documentText("<A/>"));
+  EXPECT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(filer.beginClass(L"A"), 1);
+}
+
+TEST_F(MissingService, DropsTheDocumentThatWasOpen) {
+  CKtFiler filer;
+  filer.newFiler(kPath);
+  EXPECT_EQ(openFailing(filer, kOtherPath, kCreating, DomFault::kFail), 0);
+  EXPECT_EQ(filer.beginClass(L"A", 1), 0);
+  EXPECT_EQ(filer.closeFiler(), 0);
+  EXPECT_FALSE(fileExists(kPath));
+}
+
+TEST_F(MissingService, AnErrorWhileOpeningIsReportedAndDoesNotLeave) {
+  for (const DomFault fault : {DomFault::kFail, DomFault::kOutOfMemory, DomFault::kBadAlloc}) {
+    CKtFiler filer;
+    const std::size_t before = messages().size();
+    EXPECT_EQ(openFailing(filer, kPath, kLoading, fault), 0);
+    ASSERT_EQ(messages().size(), before + 1);
+    EXPECT_EQ(messages().back().text, L"Exception caught on CKtFiler::newFiler()!");
+    EXPECT_EQ(messages().back().type, 0U);
+    EXPECT_EQ(messages().back().helpContext, 0U);
+  }
+}
+
+TEST_F(MissingService, EveryErrorWhileOpeningIsReportedAndDoesNotLeave) {
+  writeText(kOtherPath, documentText("<A/><B/>"));
+  for (const wchar_t* path : {kPath, kOtherPath}) {
+    for (int call = kLoading;; ++call) {
+      const std::size_t before = messages().size();
+      CKtFiler filer;
+      bool failed = false;
+      {
+        const DomFaults faults(call, DomFault::kFail, false);
+        const int result = filer.newFiler(path);
+        failed = faults.hasFailed();
+        EXPECT_EQ(result, failed ? 0 : 1) << call << ' ' << faults.failed();
+      }
+      if (!failed)
+        break;
+      EXPECT_EQ(messages().size(), before + 1) << call;
+    }
+  }
+  EXPECT_EQ(savedText(kOtherPath), documentText("<A/><B/>"));
+}
+
+TEST_F(MissingService, AFilerIsUsableAfterAnErrorWhileOpening) {
+  writeText(kPath, documentText("<A/>"));
+  CKtFiler filer;
+  EXPECT_EQ(openFailing(filer, kPath, kLoading, DomFault::kBadAlloc), 0);
+  EXPECT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(filer.beginClass(L"A"), 1);
+  EXPECT_EQ(filer.closeFiler(), 1);
+  EXPECT_EQ(savedText(kPath), documentText("<A/>"));
+}
+
+}  // namespace
+}  // namespace quorvan::test
