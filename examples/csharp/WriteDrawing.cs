@@ -1,0 +1,94 @@
+// A host in C# that writes a small drawing: the elevation of a beam with its bottom bar and its
+// links.
+//
+//   WriteDrawing FILE
+//
+// quorvan.dll stands beside the program or on the path. Windows only: the wide texts of the flat
+// functions are UTF-16 there. Lengths are in millimetres.
+
+using System;
+using System.Runtime.InteropServices;
+
+// The flat functions that this host uses, as <quorvan/export/export.h> declares them. A C "long" has
+// 32 bits on Windows, a C++ "bool" one byte.
+internal static class Quorvan
+{
+    private const string Library = "quorvan.dll";
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    internal static extern void startFiling(string path);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    internal static extern void endFiling(string version, int servicePack, string drawing,
+                                          int checkSum);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+    internal static extern void exportFormwork(int count, double[] xs, double[] ys, double[] zs,
+                                               double[] bulgeXs, double[] bulgeYs,
+                                               double[] bulgeZs);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    internal static extern void exportText(string contents, double x, double y, double z,
+                                           double angle, uint color, int justificationX,
+                                           int justificationY, double height);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    internal static extern void exportBarStraight(
+        double x1, double y1, double z1, double x2, double y2, double z2,
+        double hookLength1, double hookLength2,
+        [MarshalAs(UnmanagedType.I1)] bool hook1Up, [MarshalAs(UnmanagedType.I1)] bool hook2Up,
+        double hookAngle1, double hookAngle2, string steelGrade, string adherence,
+        int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    internal static extern void exportFrameRect(
+        double x1, double y1, double z1, double x2, double y2, double z2,
+        double x3, double y3, double z3, double hookLength, double hookAngle,
+        string steelGrade, string adherence, int reference, double diameter,
+        [MarshalAs(UnmanagedType.I1)] bool hidden);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    internal static extern void pushRepartitionFrameRect(
+        double x1, double y1, double z1, double x2, double y2, double z2,
+        string className, double hookLength, double hookAngle,
+        string steelGrade, string adherence, int reference, double diameter,
+        [MarshalAs(UnmanagedType.I1)] bool hidden, int key, int viewPoint, int last);
+}
+
+internal static class WriteDrawing
+{
+    private static void Write(string path)
+    {
+        // Four sides of 5000 x 500, two points a side, one bulge a side: straight.
+        double[] xs = { 0, 5000, 5000, 5000, 5000, 0, 0, 0 };
+        double[] ys = { 0, 0, 0, 500, 500, 500, 500, 0 };
+        double[] zs = { 0, 0, 0, 0, 0, 0, 0, 0 };
+        double[] straight = { 0, 0, 0, 0 };
+
+        Quorvan.startFiling(path);
+        Quorvan.exportFormwork(8, xs, ys, zs, straight, straight, straight);
+        Quorvan.exportText("Poutre B12 \u2013 1 \u00f8 20", 0, 600, 0, 0, 7, 0, 0, 100);
+        Quorvan.exportBarStraight(30, 40, 0, 4970, 40, 0, 150, 150, true, true, 90, 90,
+                                  "B500B", "HA", 1, 20, false);
+        Quorvan.exportFrameRect(200, 30, 0, 200, 470, 0, 200, 470, 240, 80, 135,
+                                "B500B", "HA", 2, 8, false);
+        for (int link = 0; link < 24; ++link)
+        {
+            double x = 200 + 200 * link;
+            Quorvan.pushRepartitionFrameRect(x, 30, 0, x, 470, 0, "CKtZantoFrameRect", 80, 135,
+                                             "B500B", "HA", 2, 8, false, 1, 1, 0);
+        }
+        Quorvan.endFiling("2025", 1, "B12", 42);
+    }
+
+    private static int Main(string[] arguments)
+    {
+        if (arguments.Length != 1)
+        {
+            Console.Error.WriteLine("usage: WriteDrawing FILE");
+            return 2;
+        }
+        Write(arguments[0]);
+        return 0;
+    }
+}
