@@ -1,0 +1,158 @@
+// Measures the library beside its peers in one run. See --help.
+#include <cstdio>
+#include <filesystem>
+#include <stdexcept>
+#include <CLI/CLI.hpp>
+
+#include "hidden_bars.h"
+#include "measure.h"
+#include "peers.h"
+#include "report.h"
+
+namespace {
+
+struct Options {
+  std::size_t elements = 200000;
+  int rounds = 7;
+  std::string folder = "/dev/shm";  // a memory file system: the disk is not what is measured
+  std::string json;
+  std::vector<std::string> only;
+  bool peersAlone = false;
+};
+
+bool isWanted(const Options& options, const bench::Peer& peer) {
+  return options.only.empty() ||
+         std::any_of(options.only.begin(), options.only.end(),
+                     [&](const std::string& name) { return peer.name.starts_with(name); });
+}
+
+std::string fileOf(const Options& options, const bench::Peer& peer) {
+  return options.folder + "/quorvan-bench-" + peer.name.substr(0, 5) + ".xml";
+}
+
+// Every reader must find in its own file what was written, and the library's reader must find it
+// in every file.
+void verify(const bench::Drawing& drawing, const bench::Peer& peer, const std::string& file) {
+  const std::uint64_t expected = bench::checksum(drawing);
+  if (peer.read(file) != expected) {
+    throw std::runtime_error(peer.name + " does not read back what it wrote");
+  }
+  if (bench::readQuorvan(file) != expected) {
+    throw std::runtime_error("the file of " + peer.name + " differs in content");
+  }
+}
+
+// Before anything else ran in this process, whose children would otherwise find memory that was
+// used and freed before and needs no more.
+void measureMemory(const Options& options, const std::vector<bench::Peer>& peers,
+                   const bench::Drawing& drawing, bench::Report& report) {
+  for (const bench::Peer& peer : peers) {
+    const std::string file = fileOf(options, peer);
+    bench::PeerRow row;
+    row.name = peer.name;
+    row.writeBytes = bench::peakBytes([&] { peer.write(drawing, file); });
+    row.readBytes = bench::peakBytes([&] { peer.read(file); });
+    report.peers.push_back(row);
+  }
+}
+
+void measurePeers(const Options& options, const bench::Drawing& drawing, bench::Report& report) {
+  std::vector<bench::Peer> peers;
+  for (const bench::Peer& peer : bench::peers()) {
+    if (isWanted(options, peer)) {
+      peers.push_back(peer);
+    }
+  }
+  measureMemory(options, peers, drawing, report);
+  std::vector<std::vector<double>> writes(peers.size());
+  std::vector<std::vector<double>> reads(peers.size());
+  for (int round = 0; round < options.rounds; ++round) {
+    for (std::size_t i = 0; i < peers.size(); ++i) {
+      const std::string file = fileOf(options, peers[i]);
+      std::filesystem::remove(file);
+      writes[i].push_back(bench::seconds([&] { peers[i].write(drawing, file); }));
+      if (round == 0) {
+        verify(drawing, peers[i], file);
+      }
+      reads[i].push_back(bench::seconds([&] { peers[i].read(file); }));
+    }
+  }
+  for (std::size_t i = 0; i < peers.size(); ++i) {
+    const std::string file = fileOf(options, peers[i]);
+    bench::PeerRow& row = report.peers[i];
+    row.writeSeconds = bench::median(writes[i]);
+    row.readSeconds = bench::median(reads[i]);
+    row.fileBytes = static_cast<double>(std::filesystem::file_size(file));
+    std::filesystem::remove(file);
+  }
+}
+
+void measureGrowth(const Options& options, bench::Report& report) {
+  const std::string file = options.folder + "/quorvan-bench-growth.xml";
+  for (std::size_t elements = options.elements / 8; elements <= options.elements * 2;
+       elements *= 2) {
+    const bench::Drawing drawing = bench::makeDrawing(elements);
+    std::vector<double> writes;
+    std::vector<double> reads;
+    for (int round = 0; round < std::min(options.rounds, 3); ++round) {
+      writes.push_back(bench::seconds([&] { bench::writeQuorvan(drawing, file); }));
+      reads.push_back(bench::seconds([&] { bench::readQuorvan(file); }));
+    }
+    report.growth.push_back(
+        {static_cast<double>(elements), bench::median(writes), bench::median(reads)});
+  }
+  std::filesystem::remove(file);
+}
+
+void measureHidden(const Options& options, bench::Report& report) {
+  const std::size_t most = options.elements >= 200000 ? 64000 : 4000;
+  for (std::size_t bars = 1000; bars <= most; bars *= 2) {
+    const auto times = bench::measureHiddenBars(bars, 0, options.folder);
+    report.hidden.push_back({static_cast<double>(bars), 0, times.searchSeconds, times.exportSeconds,
+                             bench::measureHashSet(bars)});
+  }
+  const auto times = bench::measureHiddenBars(most, options.elements, options.folder);
+  report.hidden.push_back({static_cast<double>(most), static_cast<double>(options.elements),
+                           times.searchSeconds, times.exportSeconds, bench::measureHashSet(most)});
+}
+
+Options parse(int argc, char** argv) {
+  Options options;
+  CLI::App app("Times writing, reading and searching transfer files beside other XML libraries.");
+  app.add_option("--elements", options.elements, "elements of the drawing")->capture_default_str();
+  app.add_option("--rounds", options.rounds, "interleaved rounds")->capture_default_str();
+  app.add_option("--folder", options.folder, "where the files are written")->capture_default_str();
+  app.add_option("--json", options.json, "also write the results to this file");
+  app.add_option("--only", options.only, "measure only the peers whose names begin so");
+  app.add_flag("--peers-alone", options.peersAlone, "leave out growth and hidden bars");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    std::exit(app.exit(error));
+  }
+  return options;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = parse(argc, argv);
+  try {
+    bench::Report report;
+    report.elements = static_cast<double>(options.elements);
+    report.rounds = options.rounds;
+    measurePeers(options, bench::makeDrawing(options.elements), report);
+    if (!options.peersAlone) {
+      measureGrowth(options, report);
+      measureHidden(options, report);
+    }
+    bench::printTable(report);
+    if (!options.json.empty()) {
+      bench::writeJson(report, options.json);
+    }
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "quorvan-bench: %s\n", error.what());
+    return 1;
+  }
+  return 0;
+}

@@ -1,0 +1,59 @@
+#include "measure.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+
+namespace bench {
+
+namespace {
+
+// A figure of /proc/self/status, in bytes; negative when it is not there.
+double statusBytes(const std::string& key) {
+  std::ifstream status("/proc/self/status");
+  std::string word;
+  while (status >> word) {
+    if (word == key) {
+      double kibibytes = 0;
+      status >> kibibytes;
+      return kibibytes * 1024;
+    }
+  }
+  return -1;
+}
+
+double peakInThisProcess(const std::function<void()>& work) {
+  std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts from here
+  const double before = statusBytes("VmRSS:");
+  work();
+  const double peak = statusBytes("VmHWM:");
+  return before < 0 || peak < 0 ? -1 : peak - before;
+}
+
+}  // namespace
+
+double peakBytes(const std::function<void()>& work) {
+  int ends[2];
+  if (pipe(ends) != 0) {
+    return -1;
+  }
+  const pid_t child = fork();
+  if (child == 0) {
+    const double bytes = peakInThisProcess(work);
+    const bool sent = write(ends[1], &bytes, sizeof(bytes)) == sizeof(bytes);
+    _exit(sent ? 0 : 1);
+  }
+  double bytes = -1;
+  if (child < 0 || read(ends[0], &bytes, sizeof(bytes)) != sizeof(bytes)) {
+    bytes = -1;
+  }
+  close(ends[0]);
+  close(ends[1]);
+  if (child > 0) {
+    waitpid(child, nullptr, 0);
+  }
+  return bytes;
+}
+
+}  // namespace bench

@@ -1,0 +1,30 @@
+// Time, memory and medians.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// Seconds that `work` takes.
+inline double seconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+inline double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  const std::size_t middle = values.size() / 2;
+  return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
+}
+
+/// Bytes of memory that `work` needs at its peak beyond what the process holds before; measured in
+/// a child process. Negative when the system does not tell.
+double peakBytes(const std::function<void()>& work);
+
+}  // namespace bench

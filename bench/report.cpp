@@ -1,0 +1,99 @@
+#include "report.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+namespace bench {
+
+namespace {
+
+const PeerRow* find(const Report& report, const std::string& name) {
+  const auto found = std::find_if(report.peers.begin(), report.peers.end(),
+                                  [&](const PeerRow& row) { return row.name == name; });
+  return found != report.peers.end() ? &*found : nullptr;
+}
+
+void printPeers(const Report& report) {
+  const PeerRow* base = find(report, "pugixml");
+  std::printf("%.0f elements, medians of %d interleaved rounds\n\n", report.elements,
+              report.rounds);
+  std::printf("%-16s %10s %8s %10s %8s %10s %10s %10s\n", "", "write", "", "read", "", "write",
+              "read", "file");
+  std::printf("%-16s %10s %8s %10s %8s %10s %10s %10s\n", "", "us/elem", "ratio", "us/elem",
+              "ratio", "peak B/el", "peak B/el", "B/elem");
+  for (const PeerRow& row : report.peers) {
+    std::printf("%-16s %10.2f %8.3f %10.2f %8.3f %10.0f %10.0f %10.0f\n", row.name.c_str(),
+                row.writeSeconds / report.elements * 1e6,
+                base != nullptr ? row.writeSeconds / base->writeSeconds : 0.0,
+                row.readSeconds / report.elements * 1e6,
+                base != nullptr ? row.readSeconds / base->readSeconds : 0.0,
+                row.writeBytes / report.elements, row.readBytes / report.elements,
+                row.fileBytes / report.elements);
+  }
+  std::printf("\nratio: time against pugixml's in the same run\n");
+}
+
+void printGrowth(const Report& report) {
+  std::printf("\nGrowth of the library itself\n%10s %14s %14s\n", "elements", "write us/elem",
+              "read us/elem");
+  for (const GrowthRow& row : report.growth) {
+    std::printf("%10.0f %14.2f %14.2f\n", row.elements, row.writeSeconds / row.elements * 1e6,
+                row.readSeconds / row.elements * 1e6);
+  }
+}
+
+void printHidden(const Report& report) {
+  std::printf("\nHidden bars, every second a repetition\n%10s %10s %14s %10s %14s %14s\n", "bars",
+              "others", "search us/bar", "growth", "export us/bar", "hash us/bar");
+  double before = 0;
+  for (const HiddenRow& row : report.hidden) {
+    std::printf("%10.0f %10.0f %14.2f ", row.bars, row.others, row.searchSeconds / row.bars * 1e6);
+    if (before > 0) {
+      std::printf("%9.2fx ", row.searchSeconds / before);
+    } else {
+      std::printf("%10s ", "");
+    }
+    std::printf("%14.2f %14.2f\n", row.exportSeconds / row.bars * 1e6,
+                row.hashSetSeconds / row.bars * 1e6);
+    before = row.searchSeconds;
+  }
+}
+
+}  // namespace
+
+void printTable(const Report& report) {
+  printPeers(report);
+  printGrowth(report);
+  printHidden(report);
+}
+
+void writeJson(const Report& report, const std::string& path) {
+  nlohmann::ordered_json json;
+  json["elements"] = report.elements;
+  json["rounds"] = report.rounds;
+  for (const PeerRow& row : report.peers) {
+    json["peers"].push_back({{"name", row.name},
+                             {"writeSeconds", row.writeSeconds},
+                             {"readSeconds", row.readSeconds},
+                             {"writePeakBytes", row.writeBytes},
+                             {"readPeakBytes", row.readBytes},
+                             {"fileBytes", row.fileBytes}});
+  }
+  for (const GrowthRow& row : report.growth) {
+    json["growth"].push_back({{"elements", row.elements},
+                              {"writeSeconds", row.writeSeconds},
+                              {"readSeconds", row.readSeconds}});
+  }
+  for (const HiddenRow& row : report.hidden) {
+    json["hiddenBars"].push_back({{"bars", row.bars},
+                                  {"others", row.others},
+                                  {"searchSeconds", row.searchSeconds},
+                                  {"exportSeconds", row.exportSeconds},
+                                  {"hashSetSeconds", row.hashSetSeconds}});
+  }
+  std::ofstream(path) << json.dump(2) << '\n';
+}
+
+}  // namespace bench

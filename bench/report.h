@@ -1,0 +1,43 @@
+// The results, as a table for people and as JSON for programs.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+struct PeerRow {
+  std::string name;
+  double writeSeconds = 0;
+  double readSeconds = 0;
+  double writeBytes = 0;  // peak memory
+  double readBytes = 0;
+  double fileBytes = 0;
+};
+
+struct GrowthRow {
+  double elements = 0;
+  double writeSeconds = 0;
+  double readSeconds = 0;
+};
+
+struct HiddenRow {
+  double bars = 0;
+  double others = 0;
+  double searchSeconds = 0;
+  double exportSeconds = 0;
+  double hashSetSeconds = 0;
+};
+
+struct Report {
+  double elements = 0;
+  int rounds = 0;
+  std::vector<PeerRow> peers;
+  std::vector<GrowthRow> growth;
+  std::vector<HiddenRow> hidden;
+};
+
+void printTable(const Report& report);
+void writeJson(const Report& report, const std::string& path);
+
+}  // namespace bench
