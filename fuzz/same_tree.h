@@ -1,0 +1,10 @@
+// Whether two trees are the same, white-space marks and all.
+#pragma once
+
+#include <quorvan/platform/embedded/tree.h>
+
+namespace quorvan::fuzz {
+
+bool isSameTree(const embedded::Tree& a, const embedded::Tree& b);
+
+}  // namespace quorvan::fuzz

@@ -1,0 +1,29 @@
+// Any bytes as a file, by both readers: the scanner of the plain form leaves the file to expat or
+// makes the same tree.
+#include <optional>
+#include <string>
+
+#include <fuzz/memory_files.h>
+#include <fuzz/same_tree.h>
+#include <fuzz/target.h>
+#include <quorvan/platform/embedded/expat_reader.h>
+#include <quorvan/platform/embedded/file_source.h>
+#include <quorvan/platform/embedded/plain_scanner.h>
+
+namespace embedded = quorvan::embedded;
+using quorvan::fuzz::require;
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  quorvan::fuzz::MemoryFiles files;
+  files.put("file.xml", std::string(data, data + size));
+  std::optional<embedded::FileSource> source = embedded::FileSource::open("file.xml");
+  require(source.has_value(), "the file opens");
+  const embedded::Tree::Owned scanned = embedded::scanPlain(*source);
+  source->rewind();
+  const embedded::Tree::Owned parsed = embedded::readWithExpat(*source);
+  if (scanned != nullptr) {
+    require(parsed != nullptr, "expat takes what the scanner takes");
+    require(quorvan::fuzz::isSameTree(*scanned, *parsed), "both readers make the same tree");
+  }
+  return 0;
+}
