@@ -25,6 +25,7 @@ inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 /// CKtFiler::newFiler catches it.
 class QUORVAN_API _com_error {  // NOLINT(bugprone-reserved-identifier)
  public:
+  /// An error with the HRESULT of a failed call.
   explicit _com_error(HRESULT result) noexcept : m_result(result) {}
   virtual ~_com_error();
 
@@ -41,7 +42,7 @@ class QUORVAN_API _com_error {  // NOLINT(bugprone-reserved-identifier)
 
 namespace quorvan::platform {
 
-/// Raises _com_error with `result`.
+/// Raises _com_error with `result`. For the library's own use: it is not exported.
 [[noreturn]] void raiseComError(HRESULT result);
 
 }  // namespace quorvan::platform

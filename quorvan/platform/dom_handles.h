@@ -10,11 +10,12 @@
 #include <quorvan/platform/embedded/handles.h>
 #endif
 
+#include <quorvan/platform/api.h>
 #include <quorvan/platform/cstring.h>
 
 namespace quorvan {
 
 /// The name of a node: the tag name of an element, "#text" for text and so on. Empty for null.
-CString nodeName(const IXMLDOMNodePtr& node);
+QUORVAN_API CString nodeName(const IXMLDOMNodePtr& node);
 
 }  // namespace quorvan

@@ -13,7 +13,8 @@ using MessageBoxHook = int (*)(const wchar_t* text, unsigned int type, unsigned 
 /// default: a message box on Windows, a line on standard error elsewhere.
 QUORVAN_API MessageBoxHook setMessageBoxHook(MessageBoxHook hook) noexcept;
 
-/// Shows the message through the hook.
+/// Shows the message through the hook; null is shown as an empty text. For the library's own use:
+/// it is not exported.
 int showMessageBox(const wchar_t* text, unsigned int type, unsigned int helpContext);
 
 }  // namespace quorvan

@@ -1,4 +1,4 @@
-// Localised message texts, looked up by project name and number.
+// Localised message texts, looked up by project name and number. Not installed.
 #pragma once
 
 #include <quorvan/platform/cstring.h>
