@@ -6,7 +6,7 @@
 
 class CKtFiler;
 
-/// A circle.
+/// A circle. A plain value: numbers are 0, flags false, texts and lists empty until they are set.
 class QUORVAN_API CKtZantoCircle {
  public:
   CKtZantoCircle() = default;
@@ -32,7 +32,8 @@ class QUORVAN_API CKtZantoCircle {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A field whose item is missing keeps its value, but a
+  /// missing colour becomes 0. Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -9,6 +9,7 @@
 class CKtFiler;
 
 /// The drawing control record. It computes nothing: the values are those of the producing program.
+/// A plain value: numbers are 0, flags false, texts and lists empty until they are set.
 class QUORVAN_API CKtDrawingControl {
  public:
   CKtDrawingControl() = default;
@@ -38,7 +39,8 @@ class QUORVAN_API CKtDrawingControl {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0; a field whose item is missing keeps its value. Raises
+  /// _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -8,9 +8,10 @@
 
 class CKtFiler;
 
-/// A filled polygon. The operations that change the points keep the point count equal to the
-/// number of points; after reading an element with missing points the count is the one that the
-/// file announced, and may exceed it.
+/// A filled polygon. The operations that change the points keep the point count equal to the number
+/// of points; after reading an element with missing points the count is the one that the file
+/// announced, and may exceed it. A plain value: numbers are 0, flags false, texts and lists empty
+/// until they are set.
 class QUORVAN_API CKtFilledPolygon {
  public:
   CKtFilledPolygon() = default;
@@ -47,7 +48,9 @@ class QUORVAN_API CKtFilledPolygon {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. The points held before are gone in any case; a point
+  /// that is missing is left out, a missing colour becomes 0. Without its list the element keeps
+  /// its point count, and the result is not lowered. Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -9,9 +9,10 @@
 
 class CKtFiler;
 
-/// An outline of the concrete made of segments. Segment k, from 0, goes from point 2k to point
-/// 2k + 1; bulge k bends it into an arc. The point count is meant to be twice the number of
-/// segments; with an odd count the last point is neither filed nor read.
+/// An outline of the concrete made of segments. Segment k, from 0, goes from point 2k to point 2k +
+/// 1; bulge k bends it into an arc. The point count is meant to be twice the number of segments;
+/// with an odd count the last point is neither filed nor read. A plain value: numbers are 0, flags
+/// false, texts and lists empty until they are set.
 class QUORVAN_API CKtZantoFormwork {
  public:
   CKtZantoFormwork() = default;
@@ -58,7 +59,9 @@ class QUORVAN_API CKtZantoFormwork {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. The points and bulges held before are gone in any case;
+  /// one that is missing is left out. Without its list the element keeps its point count, and the
+  /// result is 1. Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -10,7 +10,8 @@
 
 class CKtFiler;
 
-/// A bar with two legs.
+/// A bar with two legs. A plain value: numbers are 0, flags false, texts and lists empty until they
+/// are set.
 class QUORVAN_API CKtZantoLBar {
  public:
   CKtZantoLBar() = default;
@@ -72,7 +73,8 @@ class QUORVAN_API CKtZantoLBar {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0; a field whose item is missing keeps its value. Raises
+  /// _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

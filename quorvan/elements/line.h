@@ -6,7 +6,8 @@
 
 class CKtFiler;
 
-/// A line segment.
+/// A line segment. A plain value: numbers are 0, flags false, texts and lists empty until they are
+/// set.
 class QUORVAN_API CKtZantoLine {
  public:
   CKtZantoLine() = default;
@@ -32,7 +33,8 @@ class QUORVAN_API CKtZantoLine {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A point whose item is missing keeps its value, a missing
+  /// colour becomes 0. Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

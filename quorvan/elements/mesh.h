@@ -10,7 +10,8 @@
 
 class CKtFiler;
 
-/// A sheet of welded mesh: its type, its laying angle and extensions, and its outline.
+/// A sheet of welded mesh: its type, its laying angle and extensions, and its outline. A plain
+/// value: numbers are 0, flags false, texts and lists empty until they are set.
 class QUORVAN_API CKtZantoMesh {
  public:
   CKtZantoMesh() = default;
@@ -30,9 +31,11 @@ class QUORVAN_API CKtZantoMesh {
   double GetAngle() const { return m_angle; }
   void SetAngle(double angle) { m_angle = angle; }
 
-  /// The extensions along and across, in the drawing's length unit.
+  /// The extension along the laying direction, in the drawing's length unit.
   double GetExtX() const { return m_extensionX; }
   void SetExtX(double extension) { m_extensionX = extension; }
+
+  /// The extension across it, in the drawing's length unit.
   double GetExtY() const { return m_extensionY; }
   void SetExtY(double extension) { m_extensionY = extension; }
 
@@ -55,7 +58,9 @@ class QUORVAN_API CKtZantoMesh {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A field whose item is missing keeps its value. The
+  /// points held before are gone in any case; one that is missing is left out, and a missing list
+  /// does not lower the result. Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -10,7 +10,8 @@
 
 class CKtFiler;
 
-/// A bar seen end-on.
+/// A bar seen end-on. A plain value: numbers are 0, flags false, texts and lists empty until they
+/// are set.
 class QUORVAN_API CKtZantoPointBar {
  public:
   CKtZantoPointBar() = default;
@@ -48,7 +49,8 @@ class QUORVAN_API CKtZantoPointBar {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0; a field whose item is missing keeps its value. Raises
+  /// _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

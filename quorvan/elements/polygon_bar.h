@@ -11,7 +11,8 @@
 
 class CKtFiler;
 
-/// A bent bar given by its polyline.
+/// A bent bar given by its polyline. A plain value: numbers are 0, flags false, texts and lists
+/// empty until they are set.
 class QUORVAN_API CKtZantoPolygonBar {
  public:
   /// The most points that reading takes in: an element whose "NoPoints" announces more is refused
@@ -78,13 +79,15 @@ class QUORVAN_API CKtZantoPolygonBar {
   /// Whether the bar is hidden: known to the drawing but not shown.
   bool getHidden() const { return m_attributes.hidden; }
   void setHidden(bool hidden) { m_attributes.hidden = hidden; }
+
   /// Writes the element as one class element. Returns 1 when it was opened and every item was
   /// written, else 0; an item that fails does not stop the others. Raises _com_error where the
   /// filer does.
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A field whose item is missing keeps its value; a point
+  /// that is missing is held as (0, 0, 0). Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -13,7 +13,8 @@
 class CKtFiler;
 
 /// A distribution of identical bars: the base segment, the axis along which the bars are spread,
-/// their positions and axis distances, and the element that is repeated.
+/// their positions and axis distances, and the element that is repeated. A plain value: numbers are
+/// 0, flags false, texts and lists empty until they are set.
 class QUORVAN_API CKtZantoRepartition {
  public:
   /// The view that the distribution is seen in, as the producing program numbers it.
@@ -28,9 +29,11 @@ class QUORVAN_API CKtZantoRepartition {
   CKtZantoRepartition& operator=(const CKtZantoRepartition& other) = default;
   virtual ~CKtZantoRepartition();
 
-  /// The ends of the base segment.
+  /// The beginning of the base segment.
   CKtPnt3D getPoint1() const { return m_point1; }
   void setPoint1(CKtPnt3D point) { m_point1 = point; }
+
+  /// The end of the base segment.
   CKtPnt3D getPoint2() const { return m_point2; }
   void setPoint2(CKtPnt3D point) { m_point2 = point; }
 
@@ -42,12 +45,13 @@ class QUORVAN_API CKtZantoRepartition {
   CKtVect3D getAxis() const { return m_axis; }
   void setAxis(CKtVect3D axis) { m_axis = axis; }
 
-  /// The distances of the bars' upper ends from the axis. The getter copies into `distances`.
+  /// The distances of the bars' upper ends from the axis, in the drawing's length unit. The getter
+  /// copies them into `distances`, the setter replaces them all, inserting appends one.
   void getAxisDistancesTop(std::vector<double>& distances) const { distances = m_distancesTop; }
   void setAxisDistancesTop(std::vector<double> distances) { m_distancesTop = std::move(distances); }
   void insertDistanceTop(double distance) { m_distancesTop.push_back(distance); }
 
-  /// The distances of the bars' lower ends from the axis.
+  /// The distances of the bars' lower ends from the axis, handled in the same way.
   void getAxisDistancesBottom(std::vector<double>& distances) const {
     distances = m_distancesBottom;
   }
@@ -56,7 +60,7 @@ class QUORVAN_API CKtZantoRepartition {
   }
   void insertDistanceBottom(double distance) { m_distancesBottom.push_back(distance); }
 
-  /// The positions of the bars along the axis.
+  /// The positions of the bars along the axis, handled in the same way.
   void getPositions(std::vector<double>& positions) const { positions = m_positions; }
   void setPositions(std::vector<double> positions) { m_positions = std::move(positions); }
   void insertPosition(double position) { m_positions.push_back(position); }
@@ -83,7 +87,10 @@ class QUORVAN_API CKtZantoRepartition {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A field whose item is missing keeps its value; axis,
+  /// view and hidden flag may be missing. The lists held before are gone in any case: a missing
+  /// list stays empty and does not lower the result, a missing entry repeats the value read before
+  /// it (0 at first). Raises _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

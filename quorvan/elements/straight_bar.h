@@ -10,7 +10,8 @@
 
 class CKtFiler;
 
-/// A straight bar.
+/// A straight bar. A plain value: numbers are 0, flags false, texts and lists empty until they are
+/// set.
 class QUORVAN_API CKtZantoStraightBar {
  public:
   CKtZantoStraightBar() = default;
@@ -78,7 +79,9 @@ class QUORVAN_API CKtZantoStraightBar {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A field whose item is missing keeps its value, but a
+  /// hook direction, which repeats the one read before it (not up at first). Raises _com_error
+  /// where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

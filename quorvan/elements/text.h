@@ -10,7 +10,8 @@
 
 class CKtFiler;
 
-/// A single line of text.
+/// A single line of text. A plain value: numbers are 0, flags false, texts and lists empty until
+/// they are set.
 class QUORVAN_API CKtZantoText {
  public:
   /// Justification as the producing program numbers it: filed and read back unchanged, whatever
@@ -56,7 +57,9 @@ class QUORVAN_API CKtZantoText {
   int fileOut(CKtFiler* filer);
 
   /// Fills the element from the next class element of its name. Returns 1 when there was one and
-  /// every required item was read, else 0; a field whose item is missing keeps its value.
+  /// every required item was read, else 0. A field whose item is missing keeps its value, but the
+  /// justifications and the colour, which take the number read before them (0 at first). Raises
+  /// _com_error where the filer does.
   int fileIn(CKtFiler* filer);
 
  private:

@@ -46,8 +46,8 @@ BaseLine baseLineOf(const PendingFrame& frame) {
   return base;
 }
 
-// The distance of `point` from the base line, positive on the side that the sign vector's right
-// hand shows.
+// The distance of `point` from the base line, positive to the left of the sign vector, seen from
+// above; negative to its right and in line with it.
 double signedDistance(const BaseLine& base, const CKtVect3D& sign, const CKtPnt3D& point) {
   const double distance = Distance(point, base.middle, base.auxiliary, 0.0);
   const CKtVect3D product = CKtVect3D(base.middle, point, 0) ^ sign;

@@ -3,7 +3,8 @@
 
 #include <quorvan/platform/api.h>
 
-/// The plane Ax + By + Cz + D = 0: four plain coefficients, all 0 by default.
+/// The plane Ax + By + Cz + D = 0: four plain coefficients, all 0 by default. Without an argument
+/// each operation gives its coefficient, with one it sets it and leaves the others.
 class QUORVAN_API CKtPlane {
  public:
   [[nodiscard]] double A() const noexcept { return m_a; }

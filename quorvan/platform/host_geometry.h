@@ -9,6 +9,7 @@ class QUORVAN_API AcGeTol {
  public:
   /// The distance up to which two points are equal, in drawing units; 1e-10 by default.
   [[nodiscard]] double equalPoint() const noexcept { return m_equalPoint; }
+  /// Changes that distance; 0 leaves only identical points equal.
   void setEqualPoint(double distance) noexcept { m_equalPoint = distance; }
 
  private:
@@ -17,6 +18,7 @@ class QUORVAN_API AcGeTol {
 
 /// The settings of the host's geometry library for the whole process.
 struct QUORVAN_API AcGeContext {
+  /// The tolerance by which points are compared; a host may change it.
   static AcGeTol gTol;
 };
 
