@@ -1,17 +1,16 @@
 #include <quorvan/elements/mesh.h>
 
+#include <quorvan/elements/items/list_index.h>
 #include <quorvan/elements/items/mesh_items.h>
 
 CKtZantoMesh::~CKtZantoMesh() = default;
+
+using quorvan::items::isIndex;
 
 namespace {
 
 // What GetPointAt gives out of range: hosts know it by its x.
 constexpr long kMarkerX = 666;
-
-bool isIndex(int i, std::size_t size) {
-  return i >= 0 && static_cast<std::size_t>(i) < size;
-}
 
 }  // namespace
 

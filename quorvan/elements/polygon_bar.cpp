@@ -1,16 +1,11 @@
 #include <quorvan/elements/polygon_bar.h>
 
+#include <quorvan/elements/items/list_index.h>
 #include <quorvan/elements/items/polygon_bar_items.h>
 
 CKtZantoPolygonBar::~CKtZantoPolygonBar() = default;
 
-namespace {
-
-bool isIndex(int i, std::size_t size) {
-  return i >= 0 && static_cast<std::size_t>(i) < size;
-}
-
-}  // namespace
+using quorvan::items::isIndex;
 
 CKtPnt3D CKtZantoPolygonBar::getPoint(int i) const {
   return isIndex(i, m_points.size()) ? m_points[static_cast<std::size_t>(i)] : CKtPnt3D(0, 0, 0);
