@@ -12,16 +12,14 @@
 
 #include <quorvan/platform/numbers.h>
 
+#include <tests/platform/number_runs.h>
+
 namespace {
+
+using quorvan::test::randomCount;
 
 using quorvan::kFixed7Capacity;
 using quorvan::kShortestCapacity;
-
-// QUORVAN_TEST_NUMBERS asks for a longer random run.
-std::int64_t randomCount() {
-  const char* const asked = std::getenv("QUORVAN_TEST_NUMBERS");
-  return asked != nullptr ? std::strtoll(asked, nullptr, 10) : 1'000'000;
-}
 
 std::string fixed7(double value) {
   char buffer[kFixed7Capacity];

@@ -12,16 +12,15 @@
 #include <quorvan/platform/numbers.h>
 #include <quorvan/platform/utf8.h>
 
+#include <tests/platform/number_runs.h>
+
 namespace {
+
+using quorvan::test::randomCount;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
-
-std::int64_t randomCount() {
-  const char* const asked = std::getenv("QUORVAN_TEST_NUMBERS");
-  return asked != nullptr ? std::strtoll(asked, nullptr, 10) : 1'000'000;
-}
 
 // Reads narrow and wide text; both give the same or the test fails.
 double parsed(const std::string& utf8) {

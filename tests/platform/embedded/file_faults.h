@@ -8,6 +8,9 @@
 
 namespace quorvan::test {
 
+/// What saving raises where another process has the file.
+inline constexpr HRESULT kSharingViolation = static_cast<HRESULT>(0x80070020U);
+
 /// While it lives, every file call of the process is counted, and what is planned happens to it.
 /// One at a time.
 class FileFaults {

@@ -16,7 +16,6 @@ namespace quorvan::test {
 namespace {
 
 constexpr HRESULT kPathNotFound = static_cast<HRESULT>(0x80070003U);
-constexpr HRESULT kSharingViolation = static_cast<HRESULT>(0x80070020U);
 constexpr HRESULT kDiskFull = static_cast<HRESULT>(0x80070070U);
 
 class FileErrors : public EmbeddedDom {

@@ -21,7 +21,6 @@
 namespace quorvan::test {
 namespace {
 
-constexpr HRESULT kSharingViolation = static_cast<HRESULT>(0x80070020U);
 constexpr char kBeside[] = ".drawing.xml.quorvan-new";
 
 class SavedOver : public EmbeddedDom {
