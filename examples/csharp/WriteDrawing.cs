@@ -3,56 +3,109 @@
 //
 //   WriteDrawing FILE
 //
-// quorvan.dll stands beside the program or on the path. Windows only: the wide texts of the flat
-// functions are UTF-16 there. Lengths are in millimetres.
+// quorvan.dll stands beside the program or on the path; elsewhere than on Windows libquorvan.so does,
+// where the system's loader looks for libraries. Lengths are in millimetres.
 
 using System;
 using System.Runtime.InteropServices;
+using System.Text;
 
-// The flat functions that this host uses, as <quorvan/export/export.h> declares them. A C "long" has
-// 32 bits on Windows, a C++ "bool" one byte.
+// The wide texts of the flat functions: UTF-16 on Windows, UTF-32 elsewhere. A host for Windows alone
+// writes CharSet = CharSet.Unicode into its imports instead.
+internal sealed class WideText : ICustomMarshaler
+{
+    private static readonly WideText Instance = new WideText();
+
+    private static readonly Encoding Encoding =
+        Environment.OSVersion.Platform == PlatformID.Win32NT ? Encoding.Unicode : Encoding.UTF32;
+
+    public static ICustomMarshaler GetInstance(string cookie)
+    {
+        return Instance;
+    }
+
+    public IntPtr MarshalManagedToNative(object text)
+    {
+        byte[] bytes = Encoding.GetBytes((string)text + '\0');
+        IntPtr native = Marshal.AllocHGlobal(bytes.Length);
+        Marshal.Copy(bytes, 0, native, bytes.Length);
+        return native;
+    }
+
+    public void CleanUpNativeData(IntPtr native)
+    {
+        Marshal.FreeHGlobal(native);
+    }
+
+    public object MarshalNativeToManaged(IntPtr native)
+    {
+        throw new NotSupportedException();
+    }
+
+    public void CleanUpManagedData(object text)
+    {
+    }
+
+    public int GetNativeDataSize()
+    {
+        return -1;
+    }
+}
+
+// The flat functions that this host uses, as <quorvan/export/export.h> declares them. Of a C "long"
+// they use 32 bits; a C++ "bool" has one byte.
 internal static class Quorvan
 {
-    private const string Library = "quorvan.dll";
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
-    internal static extern void startFiling(string path);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
-    internal static extern void endFiling(string version, int servicePack, string drawing,
-                                          int checkSum);
+    private const string Library = "quorvan";
+    private const UnmanagedType Wide = UnmanagedType.CustomMarshaler;
 
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern void exportFormwork(int count, double[] xs, double[] ys, double[] zs,
-                                               double[] bulgeXs, double[] bulgeYs,
-                                               double[] bulgeZs);
+    internal static extern void startFiling(
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string path);
 
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
-    internal static extern void exportText(string contents, double x, double y, double z,
-                                           double angle, uint color, int justificationX,
-                                           int justificationY, double height);
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+    internal static extern void endFiling(
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string version, int servicePack,
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string drawing, int checkSum);
 
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+    internal static extern void exportFormwork(
+        int count, double[] xs, double[] ys, double[] zs,
+        double[] bulgeXs, double[] bulgeYs, double[] bulgeZs);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+    internal static extern void exportText(
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string contents,
+        double x, double y, double z, double angle, uint color,
+        int justificationX, int justificationY, double height);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern void exportBarStraight(
         double x1, double y1, double z1, double x2, double y2, double z2,
         double hookLength1, double hookLength2,
         [MarshalAs(UnmanagedType.I1)] bool hook1Up, [MarshalAs(UnmanagedType.I1)] bool hook2Up,
-        double hookAngle1, double hookAngle2, string steelGrade, string adherence,
+        double hookAngle1, double hookAngle2,
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string steelGrade,
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string adherence,
         int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden);
 
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern void exportFrameRect(
         double x1, double y1, double z1, double x2, double y2, double z2,
         double x3, double y3, double z3, double hookLength, double hookAngle,
-        string steelGrade, string adherence, int reference, double diameter,
-        [MarshalAs(UnmanagedType.I1)] bool hidden);
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string steelGrade,
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string adherence,
+        int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden);
 
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl, CharSet = CharSet.Unicode)]
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     internal static extern void pushRepartitionFrameRect(
         double x1, double y1, double z1, double x2, double y2, double z2,
-        string className, double hookLength, double hookAngle,
-        string steelGrade, string adherence, int reference, double diameter,
-        [MarshalAs(UnmanagedType.I1)] bool hidden, int key, int viewPoint, int last);
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string className,
+        double hookLength, double hookAngle,
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string steelGrade,
+        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string adherence,
+        int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden,
+        int key, int viewPoint, int last);
 }
 
 internal static class WriteDrawing

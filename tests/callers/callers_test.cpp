@@ -55,5 +55,14 @@ TEST(Callers, PythonWritesTheDrawing) {
 }
 #endif
 
+#ifdef QUORVAN_WRITE_DRAWING_CSHARP
+TEST(Callers, CSharpWritesTheDrawing) {
+  ASSERT_EQ(run({"/usr/bin/env", QUORVAN_LIBRARY_PATH, QUORVAN_CSHARP_RUNTIME,
+                 QUORVAN_WRITE_DRAWING_CSHARP, "csharp.xml"}),
+            0);
+  EXPECT_EQ(savedBytes("csharp.xml"), beam());
+}
+#endif
+
 }  // namespace
 }  // namespace quorvan::test
