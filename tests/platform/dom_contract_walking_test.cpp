@@ -133,15 +133,23 @@ TEST_P(DomLookup, ChildrenAreCountedByName) {
 TEST_F(DomContract, EveryNodeOfALoadedFileIsWalked) {
   ASSERT_TRUE(
       loads("<?xml version=\"1.0\"?><!--c--><?p d?><a> <b/>t<!--c--><![CDATA[x]]><?q?></a>"));
-  EXPECT_EQ(outline(m_document),
-            "xml(version=1.0) #comment p a[b #text #comment #cdata-section q]");
-  const IXMLDOMNodePtr root = dom::firstChildNamed(
-      dom::nextSibling(dom::nextSibling(dom::nextSibling(dom::firstChild(m_document)))), "b");
-  EXPECT_EQ(
-      Counts(dom::nextSibling(dom::nextSibling(dom::nextSibling(dom::firstChild(m_document)))))
-          .text(),
-      "#cdata-section=1 #comment=1 #text=1 b=1 q=1 ");
-  EXPECT_TRUE(dom::nodeNameIs(dom::nextSiblingNamed(root, "#comment"), "#comment"));
+  const IXMLDOMNodePtr declaration = dom::firstChild(m_document);
+  EXPECT_TRUE(dom::nodeNameIs(declaration, "xml"));
+  const IXMLDOMNodePtr comment = dom::nextSibling(declaration);
+  EXPECT_EQ(outline(comment), "#comment");
+  const IXMLDOMNodePtr instruction = dom::nextSibling(comment);
+  EXPECT_EQ(outline(instruction), "p");
+  const IXMLDOMNodePtr root = dom::nextSibling(instruction);
+  EXPECT_EQ(outline(root), "a[b #text #comment #cdata-section q]");
+  EXPECT_TRUE(dom::nextSibling(root) == nullptr);
+  EXPECT_EQ(Counts(root).text(), "#cdata-section=1 #comment=1 #text=1 b=1 q=1 ");
+  EXPECT_TRUE(dom::nodeNameIs(dom::nextSiblingNamed(dom::firstChildNamed(root, "b"), "#comment"),
+                              "#comment"));
+}
+
+TEST_F(DomContract, TheDeclarationOfALoadedFileHasItsAttributes) {
+  ASSERT_TRUE(loads("<?xml version='1.0' encoding='ISO-8859-1' standalone='yes'?><a/>"));
+  EXPECT_EQ(outline(m_document), "xml(version=1.0 encoding=ISO-8859-1 standalone=yes) a");
 }
 
 TEST_F(DomContract, OnlyElementsAndTheDeclarationHaveAttributeMaps) {

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <iostream>
+#include <span>
+#include <string_view>
 
 #include <quorvan/platform/utf8.h>
 
@@ -17,11 +19,35 @@ namespace quorvan::test {
 
 namespace {
 
-// clang-format off
-constexpr FailingTest kFailingTests[] = {
-    {"", ""},
+// A test that fails under Wine.
+struct FailingTest {
+  std::string_view name;  // Suite.Test
+  std::string_view reason;
 };
-// clang-format on
+
+// A difference of the bytes that Wine saves, undone before they are compared.
+struct ByteDifference {
+  std::string_view reason;
+  std::string (*undo)(const std::string& saved);
+};
+
+constexpr FailingTest kFailingTests[] = {
+    {"DomContract.TheDeclarationOfALoadedFileHasItsAttributes",
+     "The declaration of a loaded file has an attribute map without attributes."},
+    {"DomContract.AnInstructionWithoutDataIsSavedWithoutABlank",
+     "An instruction is saved with a blank before its data, even before none."},
+    {"DomContract.UndeclaredPrefixesAreNotLoaded",
+     "A prefix that nothing declares is accepted and dropped."},
+    {"GoldenDocument.StaysByteForByteWhenItIsOpenedAndClosed",
+     "Saved in UTF-8 and loaded as declared, every further saving spoils the letters once more."},
+    {"ClassScope.ANameThatTheEncodingLacksFailsToBeSavedAndLosesNothing",
+     "A character that the encoding lacks is saved as a reference, even in a name."},
+};
+
+constexpr FailingTest kCrashingTests[] = {
+    {"DomContract.AnElementCreatedByAnotherDocumentIsAppendedAtOnce",
+     "An attribute and an element made by two documents are freed twice."},
+};
 
 constexpr std::string_view kMadeDeclaration = "<?xml version='1.0' encoding='ISO-8859-1'?>";
 constexpr std::string_view kReadDeclaration = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>";
@@ -73,17 +99,21 @@ constexpr ByteDifference kByteDifferences[] = {
     {"Lines end in LF.", endLinesAsWindows},
 };
 
-const FailingTest* findFailing(const std::string& name) {
-  const auto* const found =
-      std::find_if(std::begin(kFailingTests), std::end(kFailingTests),
-                   [&name](const FailingTest& entry) { return entry.name == name; });
-  return found == std::end(kFailingTests) ? nullptr : found;
+const FailingTest* findTest(std::span<const FailingTest> list, const std::string& name) {
+  const auto found = std::find_if(list.begin(), list.end(),
+                                  [&name](const FailingTest& entry) { return entry.name == name; });
+  return found == list.end() ? nullptr : &*found;
 }
 
 // Whether the test went as the list says.
 bool isAsListed(const testing::TestInfo& test) {
   const std::string name = std::string(test.test_suite_name()) + '.' + test.name();
-  const FailingTest* const listed = findFailing(name);
+  if (!test.should_run()) {
+    if (const FailingTest* const crashing = findTest(kCrashingTests, name))
+      std::cout << "known difference: " << name << " is not run: " << crashing->reason << '\n';
+    return true;
+  }
+  const FailingTest* const listed = findTest(kFailingTests, name);
   if (test.result()->Skipped())
     return true;
   if (test.result()->Failed()) {
@@ -98,14 +128,6 @@ bool isAsListed(const testing::TestInfo& test) {
 
 }  // namespace
 
-std::span<const FailingTest> failingTests() {
-  return kFailingTests;
-}
-
-std::span<const ByteDifference> byteDifferences() {
-  return kByteDifferences;
-}
-
 bool runsUnderWine() {
 #ifdef _WIN32
   return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
@@ -116,10 +138,20 @@ bool runsUnderWine() {
 
 std::string withoutKnownDifferences(std::string saved) {
   if (runsUnderWine()) {
-    for (const ByteDifference& difference : byteDifferences())
+    for (const ByteDifference& difference : kByteDifferences)
       saved = difference.undo(saved);
   }
   return saved;
+}
+
+void leaveOutCrashingTests() {
+  if (!runsUnderWine())
+    return;
+  std::string filter = testing::GTEST_FLAG(filter);
+  for (const FailingTest& test : kCrashingTests) {
+    filter += (filter.find('-') == std::string::npos ? '-' : ':') + std::string(test.name);
+  }
+  testing::GTEST_FLAG(filter) = filter;
 }
 
 int judge(int result) {
@@ -133,7 +165,7 @@ int judge(int result) {
       asListed = false;
     for (int k = 0; k < suite.total_test_count(); ++k) {
       const testing::TestInfo& test = *suite.GetTestInfo(k);
-      if (test.should_run() && !isAsListed(test))
+      if (!isAsListed(test))
         asListed = false;
     }
   }
