@@ -1,0 +1,24 @@
+// What differs between systems about the program's arguments, streams and folders.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvan::tool {
+
+/// The program's arguments as UTF-8, without the program's name.
+std::vector<std::string> utf8Arguments(int count, char** arguments);
+
+/// Makes the standard streams carry UTF-8 bytes unchanged.
+void prepareStandardStreams();
+
+/// Whether standard error is a terminal.
+bool errorIsTerminal();
+
+/// The path that the UTF-8 text names, and back.
+std::filesystem::path toPath(std::string_view utf8);
+std::string toUtf8(const std::filesystem::path& path);
+
+}  // namespace quorvan::tool

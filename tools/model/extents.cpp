@@ -1,0 +1,85 @@
+#include <tools/model/extents.h>
+
+#include <algorithm>
+
+#include <tools/model/item_reader.h>
+#include <tools/model/repartition.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+class Box {
+ public:
+  void add(const Coordinates& point) {
+    if (m_extents)
+      m_extents->include(point);
+    else
+      m_extents.emplace(point);
+  }
+
+  void addAround(const Coordinates& center, double radius) {
+    add({center.x - radius, center.y - radius, center.z});
+    add({center.x + radius, center.y + radius, center.z});
+  }
+
+  void addSegment(const Segment& segment) {
+    add(segment.start);
+    add(segment.end);
+    add({(segment.start.x + segment.end.x) / 2 + segment.bulge.x,
+         (segment.start.y + segment.end.y) / 2 + segment.bulge.y,
+         (segment.start.z + segment.end.z) / 2 + segment.bulge.z});
+  }
+
+  [[nodiscard]] std::optional<Extents> take() const { return m_extents; }
+
+ private:
+  std::optional<Extents> m_extents;
+};
+
+// The circle that the element is, if it is one.
+bool addCircle(const std::vector<ItemValue>& items, Box& box) {
+  const ItemValue* const center = findItem(items, "Center");
+  if (center == nullptr || center->isMissing())
+    return false;
+  for (const std::string_view name : {"Radius", "FrameRadius"}) {
+    if (const ItemValue* const radius = findItem(items, name))
+      box.addAround(center->point, radius->number);
+  }
+  return true;
+}
+
+void addPoints(const std::vector<ItemValue>& items, Box& box) {
+  for (const ItemValue& item : items) {
+    if (item.schema->kind == items::Kind::kPoint && !item.isMissing())
+      box.add(item.point);
+    for (const Coordinates& point : item.points)
+      box.add(point);
+    for (const Segment& segment : item.segments)
+      box.addSegment(segment);
+  }
+}
+
+}  // namespace
+
+void Extents::include(const Coordinates& point) {
+  least = {std::min(least.x, point.x), std::min(least.y, point.y), std::min(least.z, point.z)};
+  most = {std::max(most.x, point.x), std::max(most.y, point.y), std::max(most.z, point.z)};
+}
+
+std::optional<Extents> extentsOf(const TransferFile& file) {
+  Box box;
+  ItemReader reader(file);
+  for (const Element& element : file.elements()) {
+    if (element.schema == nullptr)
+      continue;
+    const std::vector<ItemValue>& items = reader.read(element);
+    if (element.className() == kRepartitionClass && !toRepartition(items).hasLine())
+      continue;
+    if (!addCircle(items, box))
+      addPoints(items, box);
+  }
+  return box.take();
+}
+
+}  // namespace quorvan::tool

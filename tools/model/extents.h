@@ -1,0 +1,23 @@
+// The box around a drawing.
+#pragma once
+
+#include <optional>
+
+#include <tools/model/item_value.h>
+#include <tools/model/transfer_file.h>
+
+namespace quorvan::tool {
+
+struct Extents {
+  Coordinates least;
+  Coordinates most;
+
+  explicit Extents(const Coordinates& point) : least(point), most(point) {}
+  void include(const Coordinates& point);
+};
+
+/// The box around all points of the elements, circles included in full; arcs up to their apex. A
+/// repartition without a line of its own has no place. Nothing for a file without points.
+std::optional<Extents> extentsOf(const TransferFile& file);
+
+}  // namespace quorvan::tool

@@ -1,0 +1,317 @@
+#include <tools/model/item_reader.h>
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include <quorvan/platform/numbers.h>
+
+#include <tools/model/item_text.h>
+#include <tools/model/list_entries.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr std::string_view kCoordinateNames[] = {"X", "Y", "Z"};
+constexpr long kLargestCount = 32767;  // counts of lists are filed with 16 bits
+
+std::string quoted(std::string_view name, std::string_view value) {
+  return std::string(name) + "=\"" + std::string(value) + '"';
+}
+
+std::string plural(std::size_t count, std::string_view what) {
+  return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+NamedChildren::NamedChildren(const DocumentTree& tree, const Node& parent)
+    : m_tree(tree), m_parent(parent) {
+  std::size_t count = 0;
+  for (const Node* child = tree.firstChild(parent); child != nullptr;
+       child = tree.nextSibling(*child))
+    ++count;
+  m_hasMany = count > kFewChildren;
+  if (!m_hasMany)
+    return;
+  m_byName.reserve(count);
+  for (const Node* child = tree.firstChild(parent); child != nullptr;
+       child = tree.nextSibling(*child))
+    m_byName.emplace(child->name, child);
+}
+
+const Node* NamedChildren::find(std::string_view name) const {
+  if (m_hasMany) {
+    const auto found = m_byName.find(name);
+    return found == m_byName.end() ? nullptr : found->second;
+  }
+  for (const Node* child = m_tree.firstChild(m_parent); child != nullptr;
+       child = m_tree.nextSibling(*child)) {
+    if (child->name == name)
+      return child;
+  }
+  return nullptr;
+}
+
+// The reading of one element.
+class ItemReader::Reading {
+ public:
+  Reading(const DocumentTree& tree, const Element& element, std::vector<ItemProblem>* problems)
+      : m_tree(tree), m_element(element), m_children(tree, *element.node), m_problems(problems) {}
+
+  void read(const items::ItemSchema& schema, ItemValue& value) {
+    reset(schema, value);
+    value.node = m_children.find(schema.name);
+    if (value.node == nullptr) {
+      if (!schema.optional || isRequiredList(schema))
+        report(ProblemKind::kMissing, m_element.node, schema.name, "", "the item " + name(schema));
+      return;
+    }
+    if (isList(schema.kind))
+      readList(schema, value);
+    else
+      readScalar(schema, value);
+  }
+
+  // Children that are no items, and items that come again.
+  void reportStrangers() {
+    std::unordered_set<std::string_view> seen;
+    for (const Node* child = m_tree.firstChild(*m_element.node); child != nullptr;
+         child = m_tree.nextSibling(*child)) {
+      if (!isItem(child->name)) {
+        if (child->name != "#comment")
+          report(ProblemKind::kUnknownItem, child, child->name, name(child->name),
+                 "only items of " + std::string(m_element.className()));
+      } else if (!seen.insert(child->name).second) {
+        report(ProblemKind::kRepeatedItem, child, child->name, "a second " + name(child->name),
+               "one item of each name");
+      }
+    }
+  }
+
+ private:
+  static void reset(const items::ItemSchema& schema, ItemValue& value) {
+    value.schema = &schema;
+    value.number = 0.0;
+    value.integer = 0;
+    value.flag = false;
+    value.text.clear();
+    value.point = {};
+    value.points.clear();
+    value.segments.clear();
+    value.numbers.clear();
+  }
+
+  // Reading goes on without a list, but an element that lost one is not whole.
+  static bool isRequiredList(const items::ItemSchema& schema) { return isList(schema.kind); }
+
+  static std::string name(std::string_view name) { return '"' + std::string(name) + '"'; }
+  static std::string name(const items::ItemSchema& schema) { return name(schema.name); }
+
+  void report(ProblemKind kind, const Node* at, std::string_view item, std::string found,
+              std::string expected) {
+    if (m_problems != nullptr)
+      m_problems->push_back({kind, at, std::string(item), std::move(found), std::move(expected)});
+  }
+
+  [[nodiscard]] bool isItem(std::string_view child) const {
+    for (const items::ItemSchema& schema : m_element.schema->items) {
+      if (schema.name == child || (schema.kind == items::Kind::kNumberedPoints &&
+                                   entryNumber(child, schema.stem).has_value()))
+        return true;
+    }
+    return false;
+  }
+
+  // The text of the attribute, null (and reported) when the item does not have it.
+  const std::string_view* text(const Node& node, std::string_view attribute) {
+    const std::string_view* const found = m_tree.attribute(node, attribute);
+    if (found != nullptr)
+      return found;
+    const auto others = m_tree.attributes(node);
+    report(others.empty() ? ProblemKind::kMissing : ProblemKind::kMistyped, &node, node.name,
+           others.empty() ? "no attribute" : quoted(others.front().name, others.front().value),
+           "the attribute " + name(attribute));
+    return nullptr;
+  }
+
+  void readDouble(const Node& node, std::string_view attribute, double& value) {
+    const std::string_view* const found = text(node, attribute);
+    if (found == nullptr)
+      return;
+    value = parseDouble(*found);
+    if (!isDecimalNumber(*found))
+      report(ProblemKind::kNoNumber, &node, node.name, quoted(attribute, *found),
+             "a decimal number with a point");
+  }
+
+  void readLong(const Node& node, std::string_view attribute, std::int64_t& value) {
+    const std::string_view* const found = text(node, attribute);
+    if (found == nullptr)
+      return;
+    value = parseLong(*found);
+    if (!exactLong(*found))
+      report(ProblemKind::kNoNumber, &node, node.name, quoted(attribute, *found),
+             "a whole number of 32 bits");
+  }
+
+  void readFlag(const Node& node, bool& value) {
+    const std::string_view* const found = text(node, "string");
+    if (found == nullptr)
+      return;
+    const auto flag = flagOf(*found);
+    value = flag.value_or(false);
+    if (!flag)
+      report(ProblemKind::kNoFlag, &node, node.name, quoted("string", *found),
+             R"("True" or "False")");
+  }
+
+  void readAdherence(const Node& node, std::string& value) {
+    if (const std::string_view* const code = m_tree.attribute(node, "long")) {
+      value = adherenceOf(parseLong(*code));
+      report(ProblemKind::kNumericAdherence, &node, node.name, quoted("long", *code),
+             "string=\"" + value + '"');
+    } else if (const std::string_view* const found = text(node, "string")) {
+      value = *found;
+    }
+  }
+
+  void readPoint(const Node& node, Coordinates& point) {
+    readDouble(node, kCoordinateNames[0], point.x);
+    readDouble(node, kCoordinateNames[1], point.y);
+    readDouble(node, kCoordinateNames[2], point.z);
+  }
+
+  void readScalar(const items::ItemSchema& schema, ItemValue& value) {
+    switch (schema.kind) {
+      case items::Kind::kPoint:
+      case items::Kind::kVector:
+        return readPoint(*value.node, value.point);
+      case items::Kind::kDouble:
+        return readDouble(*value.node, "double", value.number);
+      case items::Kind::kLong:
+        return readLong(*value.node, "long", value.integer);
+      case items::Kind::kColor:
+        readLong(*value.node, "long", value.integer);
+        value.integer = static_cast<std::uint32_t>(value.integer);
+        return;
+      case items::Kind::kNumericFlag:
+        readLong(*value.node, "long", value.integer);
+        value.flag = value.integer != 0;
+        return;
+      case items::Kind::kFlag:
+        return readFlag(*value.node, value.flag);
+      case items::Kind::kAdherence:
+        return readAdherence(*value.node, value.text);
+      default:
+        if (const std::string_view* const found = text(*value.node, "string"))
+          value.text = *found;
+    }
+  }
+
+  void readList(const items::ItemSchema& schema, ItemValue& value) {
+    const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
+    std::int64_t count = 0;
+    readLong(*value.node, isNumbered ? "long" : "size", count);
+    const Node& parent = isNumbered ? *m_element.node : *value.node;
+    const bool hasSegments = schema.kind == items::Kind::kSegmentList;
+    ListEntries entries(m_tree, parent, schema.stem);
+    ListEntries bulges(m_tree, parent, hasSegments ? kBulgeStem : std::string_view());
+    checkCount(schema, *value.node, count, entries, hasSegments ? &bulges : nullptr);
+    entries.limit(count);
+    bulges.limit(count / 2);
+    if (hasSegments)
+      readSegments(entries, bulges, value.segments);
+    else if (schema.kind == items::Kind::kDoubleList)
+      readNumbers(entries, value.numbers);
+    else
+      readPoints(entries, value.points);
+  }
+
+  void checkCount(const items::ItemSchema& schema, const Node& node, std::int64_t count,
+                  const ListEntries& entries, const ListEntries* bulges) {
+    if (m_problems == nullptr)
+      return;
+    const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
+    const std::string_view attribute = isNumbered ? "long" : "size";
+    const std::size_t held = entries.all().size();
+    const std::string_view* const announced = m_tree.attribute(node, attribute);
+    if (announced == nullptr)
+      return;
+    if (!isNumbered && held > static_cast<std::size_t>(kLargestCount)) {
+      report(ProblemKind::kCountOutOfRange, &node, node.name,
+             entriesFound(attribute, *announced, held),
+             "at most " + std::to_string(kLargestCount) + " entries");
+    } else if (count < 0 || static_cast<std::size_t>(count) != held || !entries.isGapless()) {
+      report(ProblemKind::kCountDisagrees, &node, node.name,
+             entriesFound(attribute, *announced, held), countExpected(schema, entries));
+    } else if (bulges != nullptr && held % 2 != 0) {
+      report(ProblemKind::kOddCount, &node, node.name, entriesFound(attribute, *announced, held),
+             "two points a segment");
+    } else if (bulges != nullptr && (bulges->all().size() != held / 2 || !bulges->isGapless())) {
+      report(ProblemKind::kCountDisagrees, &node, node.name,
+             plural(held, "point") + " and " + plural(bulges->all().size(), "bulge"),
+             "Bulge1 to Bulge" + std::to_string(held / 2));
+    }
+  }
+
+  static std::string entriesFound(std::string_view attribute, std::string_view announced,
+                                  std::size_t held) {
+    return quoted(attribute, announced) + " over " + std::to_string(held) +
+           (held == 1 ? " entry" : " entries");
+  }
+
+  static std::string countExpected(const items::ItemSchema& schema, const ListEntries& entries) {
+    const std::size_t held = entries.all().size();
+    if (held == 0)
+      return "0";
+    const std::string stem(schema.stem);
+    return std::to_string(held) + ", " + stem + "1 to " + stem + std::to_string(held);
+  }
+
+  void readPoints(const ListEntries& entries, std::vector<Coordinates>& points) {
+    for (const ListEntry& entry : entries.all())
+      readPoint(*entry.node, points.emplace_back());
+  }
+
+  void readNumbers(const ListEntries& entries, std::vector<double>& numbers) {
+    for (const ListEntry& entry : entries.all())
+      readDouble(*entry.node, "double", numbers.emplace_back(0.0));
+  }
+
+  void readSegments(const ListEntries& points, const ListEntries& bulges,
+                    std::vector<Segment>& segments) {
+    for (const ListEntry& entry : points.all()) {
+      const std::size_t segment = (entry.number - 1) / 2;
+      if (segment > segments.size())
+        break;  // what follows a gap belongs to no segment
+      if (segment == segments.size())
+        segments.emplace_back();
+      readPoint(*entry.node,
+                entry.number % 2 == 1 ? segments[segment].start : segments[segment].end);
+    }
+    for (const ListEntry& entry : bulges.all()) {
+      if (entry.number <= segments.size())
+        readPoint(*entry.node, segments[entry.number - 1].bulge);
+    }
+  }
+
+  const DocumentTree& m_tree;
+  const Element& m_element;
+  NamedChildren m_children;
+  std::vector<ItemProblem>* m_problems;
+};
+
+const std::vector<ItemValue>& ItemReader::read(const Element& element,
+                                               std::vector<ItemProblem>* problems) {
+  m_items.resize(element.schema->items.size());
+  Reading reading(m_tree, element, problems);
+  for (std::size_t i = 0; i < m_items.size(); ++i)
+    reading.read(element.schema->items[i], m_items[i]);
+  if (problems != nullptr)
+    reading.reportStrangers();
+  return m_items;
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,49 @@
+// Reads the items of elements after the item tables, as the library does.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <tools/model/item_problem.h>
+#include <tools/model/item_value.h>
+#include <tools/model/transfer_file.h>
+
+namespace quorvan::tool {
+
+/// The children of one element by name: the first of each, which is the one that readers find.
+class NamedChildren {
+ public:
+  NamedChildren(const DocumentTree& tree, const Node& parent);
+
+  [[nodiscard]] const Node* find(std::string_view name) const;
+
+ private:
+  static constexpr std::size_t kFewChildren = 24;
+
+  const DocumentTree& m_tree;
+  const Node& m_parent;
+  std::unordered_map<std::string_view, const Node*> m_byName;  // where there are many
+  bool m_hasMany = false;
+};
+
+class ItemReader {
+ public:
+  explicit ItemReader(const TransferFile& file) : m_tree(file.tree()) {}
+
+  /// The items of an element of a known class, one for each of its schema in that order; valid
+  /// until the next call. Items that are missing or cannot be read hold their default. What is
+  /// wrong with them is appended to `problems` unless it is null.
+  const std::vector<ItemValue>& read(const Element& element,
+                                     std::vector<ItemProblem>* problems = nullptr);
+
+ private:
+  class Reading;
+
+  const DocumentTree& m_tree;
+  std::vector<ItemValue> m_items;
+};
+
+}  // namespace quorvan::tool

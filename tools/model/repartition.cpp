@@ -1,0 +1,87 @@
+#include <tools/model/repartition.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <quorvan/platform/numbers.h>
+
+#include <tools/text/number_text.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr double kEqualSpacing = 1e-3;
+constexpr int kSpacingDecimals = 1;
+constexpr std::size_t kMostRuns = 6;
+
+}  // namespace
+
+std::vector<double> Repartition::spacings() const {
+  const std::size_t gaps = number() == 0 ? 0 : number() - 1;
+  std::vector<double> result = positions;
+  result.resize(std::min(result.size(), gaps));
+  return result;
+}
+
+Repartition toRepartition(const std::vector<ItemValue>& items) {
+  Repartition series;
+  for (const ItemValue& item : items) {
+    const std::string_view name = item.schema->name;
+    if (name == "Point1")
+      series.start = item.point;
+    else if (name == "Point2")
+      series.end = item.point;
+    else if (name == "Axis")
+      series.axis = item.point;
+    else if (name == "AxisDistancesTop")
+      series.top = item.numbers;
+    else if (name == "AxisDistancesBottom")
+      series.bottom = item.numbers;
+    else if (name == "Positions")
+      series.positions = item.numbers;
+    else if (name == "DefClassName")
+      series.className = item.text;
+    else if (name == "Index")
+      series.index = item.integer;
+    else if (name == "ViewPoint")
+      series.viewPoint = item.integer;
+    else if (name == "Hidden")
+      series.isHidden = item.flag;
+  }
+  return series;
+}
+
+std::string spacingText(const std::vector<double>& spacings) {
+  std::string text;
+  std::size_t runs = 0;
+  for (std::size_t at = 0; at < spacings.size();) {
+    std::size_t end = at + 1;
+    while (end < spacings.size() && std::abs(spacings[end] - spacings[at]) < kEqualSpacing)
+      ++end;
+    if (++runs > kMostRuns)
+      return text + ", ...";
+    text += text.empty() ? "" : ", ";
+    if (end - at != spacings.size() && end - at > 1)
+      text += std::to_string(end - at) + " x ";
+    text += rounded(spacings[at], kSpacingDecimals);
+    at = end;
+  }
+  return text;
+}
+
+ElementIndex::ElementIndex(const TransferFile& file) {
+  m_elements.reserve(file.elements().size());
+  for (const Element& element : file.elements()) {
+    const std::string_view index = file.indexOf(element);
+    if (!index.empty())
+      m_elements.emplace(std::pair(element.className(), parseLong(index)), &element);
+  }
+}
+
+const Element* ElementIndex::find(std::string_view className, std::int64_t index) const {
+  const auto found = m_elements.find({className, index});
+  return found == m_elements.end() ? nullptr : found->second;
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,13 @@
+// Comma-separated values: fields with a comma, a quote or a line end stand in quotes.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvan::tool {
+
+/// One line with its line end.
+std::string csvLine(const std::vector<std::string>& fields);
+
+}  // namespace quorvan::tool

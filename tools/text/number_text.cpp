@@ -1,0 +1,36 @@
+#include <tools/text/number_text.h>
+
+#include <array>
+#include <charconv>
+
+#include <quorvan/platform/numbers.h>
+
+namespace quorvan::tool {
+
+std::string shortest(double value) {
+  std::array<char, kShortestCapacity> buffer{};
+  return {buffer.data(), formatShortest(buffer.data(), value)};
+}
+
+std::string fixed(double value, int decimals) {
+  // The longest number has 309 digits before the point.
+  std::array<char, 400> buffer{};
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                          std::chars_format::fixed, decimals);
+  std::string text(buffer.data(), end);
+  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos)
+    text.erase(0, 1);
+  return text;
+}
+
+std::string rounded(double value, int decimals) {
+  std::string text = fixed(value, decimals);
+  if (text.find('.') != std::string::npos) {
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.'))
+      text.pop_back();
+  }
+  return text;
+}
+
+}  // namespace quorvan::tool
