@@ -1,0 +1,100 @@
+#include <tools/check/checker.h>
+
+#include <algorithm>
+
+#include <tools/check/rules.h>
+#include <tools/model/item_reader.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+bool isError(const ItemProblem& problem) {
+  return findingKindOf(problem.kind).severity == Severity::kError;
+}
+
+// Takes the elements through all rules.
+class Checker {
+ public:
+  Checker(const TransferFile& file, const StandardSizes& sizes, std::vector<Finding>& findings)
+      : m_file(file),
+        m_sizes(sizes),
+        m_sink(file, findings),
+        m_reader(file),
+        m_elements(file),
+        m_index(file, m_sink),
+        m_hidden(file, m_sink),
+        m_references(file, m_sink) {}
+
+  void check(Progress& progress) {
+    checkDocument(m_file, m_sink);
+    for (const Element& element : m_file.elements()) {
+      progress.report(element.place, m_file.elements().size());
+      checkElement(element);
+    }
+    checkControl(m_file, m_sink);
+  }
+
+ private:
+  void checkElement(const Element& element) {
+    m_index.look(element);
+    if (element.schema == nullptr) {
+      m_sink.add(findings::kUnknownClass, element, "", '"' + std::string(element.className()) + '"',
+                 "a class of this format");
+      return;
+    }
+    m_problems.clear();
+    const std::vector<ItemValue>& items = m_reader.read(element, &m_problems);
+    reportProblems(element, m_problems, m_sink);
+    checkTexts(element, items, m_sink);
+    // What the drawing says is looked at where the items are whole.
+    if (std::ranges::any_of(m_problems, isError))
+      return;
+    if (const auto shape = barShapeOf(element.className())) {
+      const Bar bar = toBar(*shape, items);
+      m_hidden.look(element, bar);
+      m_references.look(element, bar);
+      checkDiameter(element, bar, m_sizes, m_sink);
+    } else if (element.className() == kRepartitionClass) {
+      checkRepartition(m_elements, element, toRepartition(items), m_sink);
+    }
+  }
+
+  const TransferFile& m_file;
+  const StandardSizes& m_sizes;
+  FindingSink m_sink;
+  ItemReader m_reader;
+  ElementIndex m_elements;
+  IndexRule m_index;
+  HiddenBarRule m_hidden;
+  ReferenceRule m_references;
+  std::vector<ItemProblem> m_problems;
+};
+
+}  // namespace
+
+StandardSizes europeanSizes() {
+  return {
+      {4, 4.5, 5, 5.5, 6, 6.5, 7, 7.5, 8, 8.5, 9, 9.5, 10, 11, 12, 14, 16, 20, 25, 28, 32, 40, 50}};
+}
+
+std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& sizes,
+                               Console& console) {
+  std::vector<Finding> findings;
+  {
+    Progress progress(console, "checking " + file.name());
+    Checker(file, sizes, findings).check(progress);
+  }
+  std::ranges::stable_sort(findings, [](const Finding& a, const Finding& b) {
+    return std::pair(a.position.line, a.position.column) <
+           std::pair(b.position.line, b.position.column);
+  });
+  return findings;
+}
+
+Finding findingOf(const NotWellFormed& fault) {
+  return {&findings::kNotWellFormed, fault.refusal().position, {}, {}, {},
+          fault.refusal().reason,    "a well-formed document"};
+}
+
+}  // namespace quorvan::tool

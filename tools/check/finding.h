@@ -1,0 +1,140 @@
+// What a check can find, each kind under a number of its own that never changes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <tools/model/document_tree.h>
+
+namespace quorvan::tool {
+
+/// Notes are in order but worth knowing; with warnings something is read that was hardly meant;
+/// with errors something is not read.
+enum class Severity : std::uint8_t { kNote, kWarning, kError };
+
+struct FindingKind {
+  int number;
+  Severity severity;
+  std::string_view title;
+  std::string_view remedy;
+  bool isRepairable;  // `--repair` mends it, at least where the right value is certain
+};
+
+namespace findings {
+
+inline constexpr FindingKind kNotWellFormed{
+    101, Severity::kError, "not well-formed",
+    "correct the file by hand at this place, or transfer the drawing again: programs that open it "
+    "take it for empty",
+    false};
+inline constexpr FindingKind kNodeBeforeRoot{
+    102, Severity::kError, "something stands before the root element",
+    "remove what stands between the declaration and the root element: readers find no element",
+    true};
+inline constexpr FindingKind kRootName{103, Severity::kNote, "root element with another name",
+                                       "none needed: readers do not look at the name", true};
+inline constexpr FindingKind kUnknownClass{
+    104, Severity::kWarning, "no element class of this format",
+    "none: readers pass over the element; it may come from a newer program", false};
+inline constexpr FindingKind kVersion{105, Severity::kNote, "element version other than 1",
+                                      "none needed: readers do not look at it", true};
+inline constexpr FindingKind kMissingItem{
+    201, Severity::kError, "missing item",
+    "transfer the drawing again: the value is not in the file, and readers report the element as "
+    "incomplete",
+    false};
+inline constexpr FindingKind kMistypedItem{
+    202, Severity::kError, "item of the wrong type",
+    "give the attribute the name of the expected type: readers do not find the value", true};
+inline constexpr FindingKind kNoNumber{
+    203, Severity::kError, "not a number",
+    "write the number with a point and nothing else: readers take what stands before the first "
+    "other character",
+    true};
+inline constexpr FindingKind kNoFlag{204, Severity::kWarning, "neither True nor False",
+                                     "write True or False: readers take it for False", true};
+inline constexpr FindingKind kUnknownItem{
+    205, Severity::kWarning, "not an item of the class",
+    "none: readers pass over it; it may be misspelt or come from a newer program", false};
+inline constexpr FindingKind kRepeatedItem{206, Severity::kWarning, "item that comes twice",
+                                           "remove it: readers take the first alone", true};
+inline constexpr FindingKind kCountDisagrees{
+    301, Severity::kError, "count that disagrees with the entries",
+    "set the count to the number of entries, and number these from 1 without a gap", true};
+inline constexpr FindingKind kCountOutOfRange{
+    302, Severity::kError, "more entries than a count can say",
+    "split the element: counts of lists have 16 bits, and readers find no entry", false};
+inline constexpr FindingKind kOddCount{
+    303, Severity::kWarning, "formwork with a point left over",
+    "remove the last point or add the other end of its segment: readers leave it out", false};
+inline constexpr FindingKind kIndexMissing{401, Severity::kError, "no index",
+                                           "number the elements of the class from 1", true};
+inline constexpr FindingKind kIndexRepeated{
+    402, Severity::kError, "index that another element has",
+    "number the elements of the class from 1: a repartition cannot say which one it means", true};
+inline constexpr FindingKind kIndexGap{
+    403, Severity::kNote, "indexes do not run from 1 without a gap",
+    "none needed: the writer leaves such gaps behind the first hidden bar of a class", true};
+inline constexpr FindingKind kEqualHiddenBars{
+    501, Severity::kWarning, "hidden bar that the file holds already",
+    "remove it: an equal hidden bar is meant to be filed once", true};
+inline constexpr FindingKind kReferenceDiffers{
+    502, Severity::kWarning, "different bars under one reference",
+    "give the bar a reference of its own, or make the bars alike, in the producing program", false};
+inline constexpr FindingKind kRepartitionDangles{
+    503, Severity::kError, "repartition of a bar that is not there",
+    "file the repeated bar before its repartition, and point the repartition to it", false};
+inline constexpr FindingKind kRepartitionLists{
+    504, Severity::kWarning, "lists of a repartition that do not fit together",
+    "give as many top as bottom distances, and a position for each bar or each gap", false};
+inline constexpr FindingKind kDiameter{
+    505, Severity::kWarning, "diameter that is no standard size",
+    "correct the diameter in the producing program, or name your sizes with --diameters", false};
+inline constexpr FindingKind kNumericAdherence{
+    506, Severity::kNote, "adherence as the number of older files",
+    "none needed: readers take 0 for Ha and 1 for Dx, and anything else for no text", true};
+inline constexpr FindingKind kControlMissing{
+    601, Severity::kError, "no drawing control record",
+    "transfer the drawing again; --repair adds an empty record", true};
+inline constexpr FindingKind kControlNotLast{
+    602, Severity::kNote, "drawing control record that does not close the file",
+    "none needed: more was filed behind it; the last record counts", false};
+inline constexpr FindingKind kForbiddenCharacter{
+    701, Severity::kError, "character that XML forbids",
+    "remove the character: programs that open the file take it for empty", true};
+inline constexpr FindingKind kLostCharacter{
+    702, Severity::kWarning, "character that was lost",
+    "put the right character in the place of U+FFFD in the producing program", false};
+inline constexpr FindingKind kControlCharacter{
+    703, Severity::kWarning, "control character in a text",
+    "correct the text in the producing program: it was probably written as windows-1252", false};
+
+/// All kinds, by number.
+inline constexpr const FindingKind* kAll[] = {
+    &kNotWellFormed,    &kNodeBeforeRoot,     &kRootName,         &kUnknownClass,
+    &kVersion,          &kMissingItem,        &kMistypedItem,     &kNoNumber,
+    &kNoFlag,           &kUnknownItem,        &kRepeatedItem,     &kCountDisagrees,
+    &kCountOutOfRange,  &kOddCount,           &kIndexMissing,     &kIndexRepeated,
+    &kIndexGap,         &kEqualHiddenBars,    &kReferenceDiffers, &kRepartitionDangles,
+    &kRepartitionLists, &kDiameter,           &kNumericAdherence, &kControlMissing,
+    &kControlNotLast,   &kForbiddenCharacter, &kLostCharacter,    &kControlCharacter};
+
+}  // namespace findings
+
+/// One finding and its place. Parts that do not apply are empty.
+struct Finding {
+  const FindingKind* kind;
+  Position position;
+  std::string className;
+  std::string index;
+  std::string item;
+  std::string found;
+  std::string expected;
+};
+
+/// "note", "warning", "error".
+std::string_view severityName(Severity severity) noexcept;
+
+}  // namespace quorvan::tool

@@ -1,0 +1,100 @@
+// The rules by what they look at. Each is given the elements one after the other, then asked for
+// what it found out about all of them.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <tools/check/checker.h>
+#include <tools/check/finding_sink.h>
+#include <tools/model/bar.h>
+#include <tools/model/item_problem.h>
+#include <tools/model/item_value.h>
+#include <tools/model/repartition.h>
+
+namespace quorvan::tool {
+
+/// The document around the elements.
+void checkDocument(const TransferFile& file, FindingSink& sink);
+
+/// The control record.
+void checkControl(const TransferFile& file, FindingSink& sink);
+
+/// The attributes "version" and "index".
+class IndexRule {
+ public:
+  IndexRule(const TransferFile& file, FindingSink& sink) : m_file(file), m_sink(sink) {}
+  void look(const Element& element);
+
+ private:
+  struct Seen {
+    std::int32_t last = 0;
+    std::unordered_map<std::int32_t, const Element*> elements;
+  };
+
+  const TransferFile& m_file;
+  FindingSink& m_sink;
+  std::unordered_map<std::string_view, Seen> m_classes;
+};
+
+const FindingKind& findingKindOf(ProblemKind problem);
+
+/// What reading the items met with.
+void reportProblems(const Element& element, const std::vector<ItemProblem>& problems,
+                    FindingSink& sink);
+
+/// The characters of texts.
+void checkTexts(const Element& element, const std::vector<ItemValue>& items, FindingSink& sink);
+
+/// Hidden bars that are equal, as the library tells them: by the texts of their items.
+class HiddenBarRule {
+ public:
+  HiddenBarRule(const TransferFile& file, FindingSink& sink) : m_file(file), m_sink(sink) {}
+  void look(const Element& element, const Bar& bar);
+
+ private:
+  const TransferFile& m_file;
+  FindingSink& m_sink;
+  std::unordered_map<std::string, const Element*> m_seen;
+};
+
+/// The texts by which the library tells whether two bars are equal.
+std::string comparedTexts(const DocumentTree& tree, const Element& element);
+
+/// Bars of one reference, which are to be alike.
+class ReferenceRule {
+ public:
+  ReferenceRule(const TransferFile& file, FindingSink& sink) : m_file(file), m_sink(sink) {}
+  void look(const Element& element, const Bar& bar);
+
+ private:
+  // One of the kinds of bar that a mark has.
+  struct Variant {
+    const Element* element;
+    std::string steel;  // diameter, grade, adherence
+    BarShape shape;
+    double length;  // 0 for a bar seen end-on
+  };
+
+  static bool areAlike(const Variant& a, const Variant& b);
+  static std::string describe(const Variant& variant);
+
+  const TransferFile& m_file;
+  FindingSink& m_sink;
+  std::unordered_map<std::int64_t, std::vector<Variant>> m_marks;
+};
+
+/// Diameters.
+void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& sizes,
+                   FindingSink& sink);
+
+/// Repartitions.
+void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
+                      FindingSink& sink);
+
+}  // namespace quorvan::tool

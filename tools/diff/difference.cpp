@@ -1,0 +1,236 @@
+#include <tools/diff/difference.h>
+
+#include <algorithm>
+#include <utility>
+
+#include <tools/diff/candidates.h>
+#include <tools/diff/element_content.h>
+#include <tools/model/bar.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+// What makes an element the one it is although its content changed: the mark of a bar, the
+// reference of a mesh, the contents of a text. Empty where nothing but its place does.
+std::string identityOf(const Element& element, const std::vector<ItemValue>& items) {
+  for (const std::string_view name : {"Reference", "Contents"}) {
+    const ItemValue* const item = findItem(items, name);
+    if (item != nullptr && !item->isMissing())
+      return std::string(element.className()) + '\n' +
+             (item->schema->kind == items::Kind::kLong ? std::to_string(item->integer)
+                                                       : item->text);
+  }
+  // The control record is the only one of its kind.
+  const bool hasPlace = std::ranges::any_of(items, [](const ItemValue& item) {
+    return item.schema->kind == items::Kind::kPoint || isList(item.schema->kind);
+  });
+  return hasPlace ? std::string() : std::string(element.className());
+}
+
+// The point by which an element is found; all elements without one are at the origin.
+Coordinates anchorOf(const Content& content) {
+  return content.points.empty() ? Coordinates() : content.points.front();
+}
+
+// From the first to the last point: what stays when an element is moved.
+Coordinates spanOf(const Content& content) {
+  if (content.points.empty())
+    return {};
+  const Coordinates& first = content.points.front();
+  const Coordinates& last = content.points.back();
+  return {last.x - first.x, last.y - first.y, last.z - first.z};
+}
+
+// Pairs the elements of two files, from the strictest likeness to the loosest.
+class Comparison {
+ public:
+  Comparison(const TransferFile& before, const TransferFile& after, double tolerance)
+      : m_before(before),
+        m_after(after),
+        m_readBefore(before),
+        m_readAfter(after),
+        m_tolerance(tolerance),
+        m_isOpenBefore(before.elements().size(), true),
+        m_isOpenAfter(after.elements().size(), true) {}
+
+  std::vector<Difference> compare(Progress& progress) {
+    pairEqual(progress);
+    pairMoved();
+    pairChanged(&Comparison::placeKey);
+    pairChanged(&Comparison::identityKey);
+    collectRest();
+    std::ranges::stable_sort(m_differences, {}, [](const Difference& one) {
+      return std::pair(one.kind, (one.before != nullptr ? one.before : one.after)->place);
+    });
+    return std::move(m_differences);
+  }
+
+ private:
+  // A text and a point under which an element is looked up; an empty text for none.
+  using Key = std::pair<std::string, Coordinates>;
+  using KeyOf = Key (Comparison::*)(ContentReader&, const Element&);
+
+  void take(const Element& before, const Element& after) {
+    m_isOpenBefore[before.place] = false;
+    m_isOpenAfter[after.place] = false;
+  }
+
+  // The open elements of the second file under their keys.
+  Candidates candidatesBy(const auto& keyOf) {
+    Candidates candidates(m_tolerance);
+    for (const Element& element : m_after.elements()) {
+      if (!m_isOpenAfter[element.place])
+        continue;
+      const Key key = keyOf(m_readAfter, element);
+      if (!key.first.empty())
+        candidates.add(key.first, key.second, element.place);
+    }
+    return candidates;
+  }
+
+  [[nodiscard]] auto isFree() const {
+    return [this](std::uint32_t place) { return static_cast<bool>(m_isOpenAfter[place]); };
+  }
+
+  void pairEqual(Progress& progress) {
+    const auto keyOf = [](ContentReader& reader, const Element& element) {
+      const Content& content = reader.read(element);
+      return Key(content.discrete, anchorOf(content));
+    };
+    Candidates candidates = candidatesBy(keyOf);
+    for (const Element& element : m_before.elements()) {
+      progress.report(element.place, m_before.elements().size());
+      const Content& content = m_readBefore.read(element);
+      candidates.visit(content.discrete, anchorOf(content), isFree(), [&](std::uint32_t place) {
+        const Element& other = m_after.elements()[place];
+        if (!areEqual(content, m_readAfter.read(other), m_tolerance))
+          return false;
+        take(element, other);
+        return true;
+      });
+    }
+  }
+
+  void pairMoved() {
+    const auto keyOf = [](ContentReader& reader, const Element& element) {
+      const Content& content = reader.read(element);
+      return Key(content.points.empty() ? std::string() : content.discrete, spanOf(content));
+    };
+    Candidates candidates = candidatesBy(keyOf);
+    for (const Element& element : m_before.elements()) {
+      if (!m_isOpenBefore[element.place])
+        continue;
+      const Content& content = m_readBefore.read(element);
+      Difference nearest{DifferenceKind::kMoved, &element, nullptr, {}, {}};
+      candidates.visit(content.discrete, spanOf(content), isFree(), [&](std::uint32_t place) {
+        const Element& other = m_after.elements()[place];
+        Coordinates by;
+        if (areMoved(content, m_readAfter.read(other), m_tolerance, by) &&
+            (nearest.after == nullptr || distance(by, {}) < distance(nearest.by, {}))) {
+          nearest.after = &other;
+          nearest.by = by;
+        }
+        return false;
+      });
+      if (nearest.after != nullptr) {
+        take(element, *nearest.after);
+        m_differences.push_back(std::move(nearest));
+      }
+    }
+  }
+
+  Key placeKey(ContentReader& reader, const Element& element) {
+    const Content& content = reader.read(element);
+    return {content.points.empty() ? std::string() : std::string(element.className()),
+            anchorOf(content)};
+  }
+
+  Key identityKey(ContentReader& reader, const Element& element) {
+    if (element.schema == nullptr)
+      return {};
+    return {identityOf(element, reader.items(element)), {}};
+  }
+
+  void pairChanged(KeyOf keyOf) {
+    Candidates candidates = candidatesBy([&](ContentReader& reader, const Element& element) {
+      return (this->*keyOf)(reader, element);
+    });
+    for (const Element& element : m_before.elements()) {
+      if (!m_isOpenBefore[element.place])
+        continue;
+      const Key key = (this->*keyOf)(m_readBefore, element);
+      if (key.first.empty())
+        continue;
+      Difference closest{DifferenceKind::kChanged, &element, nullptr, {}, {}};
+      candidates.visit(key.first, key.second, isFree(), [&](std::uint32_t place) {
+        const Element& other = m_after.elements()[place];
+        std::vector<ItemChange> changes = changesBetween(element, other);
+        if (closest.after == nullptr || changes.size() < closest.items.size()) {
+          closest.after = &other;
+          closest.items = std::move(changes);
+        }
+        return false;
+      });
+      if (closest.after != nullptr) {
+        take(element, *closest.after);
+        m_differences.push_back(std::move(closest));
+      }
+    }
+  }
+
+  std::vector<ItemChange> changesBetween(const Element& before, const Element& after) {
+    std::vector<ItemChange> changes;
+    const auto old = m_readBefore.texts(before);
+    const auto now = m_readAfter.texts(after);
+    for (std::size_t i = 0; i < old.size() && i < now.size(); ++i) {
+      if (old[i].second != now[i].second)
+        changes.push_back({old[i].first, old[i].second, now[i].second});
+    }
+    return changes;
+  }
+
+  void collectRest() {
+    for (const Element& element : m_before.elements()) {
+      if (m_isOpenBefore[element.place])
+        m_differences.push_back({DifferenceKind::kDeleted, &element, nullptr, {}, {}});
+    }
+    for (const Element& element : m_after.elements()) {
+      if (m_isOpenAfter[element.place])
+        m_differences.push_back({DifferenceKind::kAdded, nullptr, &element, {}, {}});
+    }
+  }
+
+  const TransferFile& m_before;
+  const TransferFile& m_after;
+  ContentReader m_readBefore;
+  ContentReader m_readAfter;
+  double m_tolerance;
+  std::vector<bool> m_isOpenBefore;
+  std::vector<bool> m_isOpenAfter;
+  std::vector<Difference> m_differences;
+};
+
+}  // namespace
+
+std::vector<Difference> compareFiles(const TransferFile& before, const TransferFile& after,
+                                     double tolerance, Console& console) {
+  Progress progress(console, "comparing " + before.name() + " and " + after.name());
+  return Comparison(before, after, tolerance).compare(progress);
+}
+
+std::string_view differenceName(DifferenceKind kind) noexcept {
+  switch (kind) {
+    case DifferenceKind::kDeleted:
+      return "deleted";
+    case DifferenceKind::kAdded:
+      return "added";
+    case DifferenceKind::kMoved:
+      return "moved";
+    case DifferenceKind::kChanged:
+      return "changed";
+  }
+  return {};
+}
+
+}  // namespace quorvan::tool
