@@ -1,0 +1,127 @@
+#include <tools/draw/scene_builder.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <tools/draw/element_shapes.h>
+#include <tools/draw/mark_labels.h>
+#include <tools/draw/title_block.h>
+#include <tools/model/item_reader.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr double kFullTurn = 6.2832;  // radians, rounded upwards
+
+bool isAngle(std::string_view name) {
+  return name == "Angle" || name == "HookAngle1" || name == "HookAngle2";
+}
+
+// Radians where no angle goes beyond a full turn of them and one is there at all.
+AngleUnit guessAngleUnit(const TransferFile& file) {
+  ItemReader reader(file);
+  bool isAny = false;
+  for (const Element& element : file.elements()) {
+    if (element.schema == nullptr)
+      continue;
+    for (const ItemValue& item : reader.read(element)) {
+      if (!isAngle(item.schema->name))
+        continue;
+      if (std::abs(item.number) > kFullTurn)
+        return AngleUnit::kDegrees;
+      isAny = isAny || item.number != 0.0;
+    }
+  }
+  return isAny ? AngleUnit::kRadians : AngleUnit::kDegrees;
+}
+
+// Draws element by element.
+class Builder {
+ public:
+  Builder(const TransferFile& file, const DrawOptions& options)
+      : m_file(file),
+        m_options(options),
+        m_sheet(extentsOf(file), options),
+        m_sink({m_sheet, options.colors ? *options.colors : guessColorScheme(file),
+                options.angles ? *options.angles : guessAngleUnit(file), options.hidden}),
+        m_reader(file),
+        m_targets(file),
+        m_index(file),
+        m_labels(file, options.marks) {}
+
+  SceneResult build(Progress& progress) {
+    for (const Element& element : m_file.elements()) {
+      progress.report(element.place, m_file.elements().size());
+      if (element.schema != nullptr)
+        draw(element);
+    }
+    m_labels.draw(m_sink);
+    drawTitleBlock(m_file, m_options, m_sink);
+    SceneResult result;
+    result.scene.width = m_sheet.width();
+    result.scene.height = m_sheet.height();
+    result.scene.title = titleOf(m_file);
+    result.leftOut = m_sink.leftOut();
+    result.scene.shapes = m_sink.take();
+    return result;
+  }
+
+ private:
+  void draw(const Element& element) {
+    const std::vector<ItemValue>& items = m_reader.read(element);
+    if (const auto shape = barShapeOf(element.className())) {
+      drawBarElement(element, toBar(*shape, items));
+    } else if (element.className() == kRepartitionClass) {
+      drawSeries(element, toRepartition(items));
+    } else {
+      m_sink.begin(element.place);
+      drawGraphic(element.className(), items, m_sink);
+    }
+  }
+
+  [[nodiscard]] bool isOff(bool isHidden) const {
+    return isHidden && m_options.hidden == HiddenBars::kOff;
+  }
+
+  void drawBarElement(const Element& element, const Bar& bar) {
+    if (isOff(bar.isHidden))
+      return;
+    m_sink.begin(element.place, bar.isHidden);
+    if (bar.isLink())
+      drawLink(bar, m_sink);
+    else
+      drawBar(bar, m_sink);
+    m_labels.look(element, bar, m_sheet);
+  }
+
+  void drawSeries(const Element& element, const Repartition& series) {
+    if (isOff(series.isHidden))
+      return;
+    m_sink.begin(element.place, series.isHidden);
+    const Element* const target = m_index.find(series.className, series.index);
+    const auto shape = barShapeOf(series.className);
+    if (target == nullptr || !shape)
+      return drawRepartition(series, nullptr, m_sink);
+    const Bar bar = toBar(*shape, m_targets.read(*target));
+    drawRepartition(series, &bar, m_sink);
+  }
+
+  const TransferFile& m_file;
+  const DrawOptions& m_options;
+  Sheet m_sheet;
+  ShapeSink m_sink;
+  ItemReader m_reader;
+  ItemReader m_targets;
+  ElementIndex m_index;
+  MarkLabels m_labels;
+};
+
+}  // namespace
+
+SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console) {
+  Progress progress(console, "drawing " + file.name());
+  return Builder(file, options).build(progress);
+}
+
+}  // namespace quorvan::tool
