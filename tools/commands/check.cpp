@@ -1,0 +1,187 @@
+// quorvan check: numbered findings, and a mended copy.
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <system_error>
+
+#include <tools/check/checker.h>
+#include <tools/commands/commands.h>
+#include <tools/commands/help_texts.h>
+#include <tools/console/terminal.h>
+#include <tools/repair/repair.h>
+#include <tools/text/json_text.h>
+#include <tools/text/table.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+struct Options {
+  std::vector<std::string> files;
+  std::vector<double> diameters;
+  std::string output;
+  bool asJson = false;
+  bool repairs = false;
+};
+
+// What was found in one file.
+struct FileFindings {
+  std::string file;
+  std::vector<Finding> findings;
+
+  [[nodiscard]] std::int64_t count(Severity severity) const {
+    return std::ranges::count_if(
+        findings, [severity](const Finding& one) { return one.kind->severity == severity; });
+  }
+};
+
+FileFindings findIn(const std::string& name, const StandardSizes& sizes, Console& console) {
+  try {
+    const TransferFile file(name, console, Tolerance::kForbiddenCharacters);
+    return {name, checkFile(file, sizes, console)};
+  } catch (const NotWellFormed& fault) {
+    return {name, {findingOf(fault)}};
+  }
+}
+
+std::string placeOf(const std::string& file, const Finding& finding) {
+  if (finding.position.line == 0)
+    return file;
+  return file + ':' + std::to_string(finding.position.line) + ':' +
+         std::to_string(finding.position.column);
+}
+
+void print(const std::string& file, const Finding& finding, std::ostream& out) {
+  out << printable(placeOf(file, finding)) << ": " << severityName(finding.kind->severity) << ' '
+      << finding.kind->number << ": " << finding.kind->title;
+  std::string subject = finding.className;
+  if (!finding.index.empty())
+    subject += ' ' + finding.index;
+  if (!finding.item.empty())
+    subject += (subject.empty() ? "" : ", ") + finding.item;
+  if (!subject.empty())
+    out << ": " << printable(subject);
+  out << "\n    found " << printable(finding.found) << "; expected " << printable(finding.expected)
+      << "\n    to mend: " << finding.kind->remedy
+      << (finding.kind->isRepairable ? " [--repair]" : "") << '\n';
+}
+
+std::string counted(std::int64_t count, std::string_view what) {
+  return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");
+}
+
+void print(const FileFindings& result, std::ostream& out) {
+  for (const Finding& finding : result.findings)
+    print(result.file, finding, out);
+  out << printable(result.file) << ": ";
+  if (result.findings.empty())
+    out << "no findings\n";
+  else
+    out << counted(result.count(Severity::kError), "error") << ", "
+        << counted(result.count(Severity::kWarning), "warning") << ", "
+        << counted(result.count(Severity::kNote), "note") << '\n';
+}
+
+Json toJson(const Finding& finding, std::size_t number) {
+  const bool isPlaced = finding.position.line != 0;
+  return {{"number", number},
+          {"code", finding.kind->number},
+          {"severity", severityName(finding.kind->severity)},
+          {"title", finding.kind->title},
+          {"line", isPlaced ? Json(finding.position.line) : Json()},
+          {"column", isPlaced ? Json(finding.position.column) : Json()},
+          {"class", finding.className},
+          {"index", finding.index},
+          {"item", finding.item},
+          {"found", finding.found},
+          {"expected", finding.expected},
+          {"remedy", finding.kind->remedy},
+          {"repairable", finding.kind->isRepairable}};
+}
+
+Json toJson(const FileFindings& result) {
+  Json findings = Json::array();
+  for (const Finding& finding : result.findings)
+    findings.push_back(toJson(finding, findings.size() + 1));
+  return {{"file", result.file},
+          {"errors", result.count(Severity::kError)},
+          {"warnings", result.count(Severity::kWarning)},
+          {"notes", result.count(Severity::kNote)},
+          {"findings", std::move(findings)}};
+}
+
+// 0 without warnings, 1 with, 2 with errors.
+int statusOf(const std::vector<FileFindings>& results) {
+  int status = kSuccess;
+  for (const FileFindings& result : results) {
+    if (result.count(Severity::kError) != 0)
+      return kFailure;
+    if (result.count(Severity::kWarning) != 0)
+      status = kFindings;
+  }
+  return status;
+}
+
+int report(const std::vector<FileFindings>& results, bool asJson, std::ostream& out) {
+  if (asJson) {
+    Json files = Json::array();
+    for (const FileFindings& result : results)
+      files.push_back(toJson(result));
+    out << indentedJson({{"files", std::move(files)}});
+  } else {
+    for (const FileFindings& result : results)
+      print(result, out);
+  }
+  return statusOf(results);
+}
+
+int repair(const Options& options, const StandardSizes& sizes, Console& console) {
+  if (options.files.size() != 1 || options.output.empty())
+    throw Failure("--repair takes one file and -o with the name of the mended copy");
+  const std::string& name = options.files.front();
+  std::error_code ignored;
+  if (std::filesystem::equivalent(toPath(name), toPath(options.output), ignored))
+    throw Failure(options.output + ": is the file itself; a mended copy needs a name of its own");
+  const FileFindings before = findIn(name, sizes, console);
+  if (!options.asJson)
+    print(before, console.out);
+  writeRepaired(TransferFile(name, console, Tolerance::kForbiddenCharacters),
+                toPath(options.output));
+  // What is left is looked for in the copy, not assumed.
+  return report({findIn(options.output, sizes, console)}, options.asJson, console.out);
+}
+
+int check(const Options& options, Console& console) {
+  const StandardSizes sizes =
+      options.diameters.empty() ? europeanSizes() : StandardSizes{options.diameters};
+  if (options.repairs)
+    return repair(options, sizes, console);
+  if (!options.output.empty())
+    throw Failure("-o is for the copy that --repair writes");
+  std::vector<FileFindings> results;
+  for (const std::string& name : options.files)
+    results.push_back(findIn(name, sizes, console));
+  return report(results, options.asJson, console.out);
+}
+
+}  // namespace
+
+void addCheck(CLI::App& program, Run& run) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command =
+      program.add_subcommand("check", "What is wrong with files, and how to mend it");
+  command->add_option("FILE", options->files, "Transfer files")->required();
+  command->add_flag("--json", options->asJson, "As JSON (docs/schema/check.schema.json)");
+  command->add_flag("--repair", options->repairs,
+                    "Write a mended copy, check it and report what is left");
+  command->add_option("-o,--output", options->output, "Name of the mended copy");
+  command
+      ->add_option("--diameters", options->diameters,
+                   "Standard sizes in the drawing's unit, instead of those of EN 10080 in mm")
+      ->delimiter(',');
+  command->footer(std::string(kCheckExamples));
+  command->callback([options, &run] { run.status = check(*options, run.console); });
+}
+
+}  // namespace quorvan::tool

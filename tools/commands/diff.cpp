@@ -1,0 +1,154 @@
+// quorvan diff: what two drawings differ by.
+
+#include <algorithm>
+#include <memory>
+
+#include <tools/commands/commands.h>
+#include <tools/commands/help_texts.h>
+#include <tools/diff/difference.h>
+#include <tools/model/class_names.h>
+#include <tools/model/description.h>
+#include <tools/model/item_reader.h>
+#include <tools/text/json_text.h>
+#include <tools/text/table.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr DifferenceKind kKinds[] = {DifferenceKind::kDeleted, DifferenceKind::kAdded,
+                                     DifferenceKind::kMoved, DifferenceKind::kChanged};
+
+struct Options {
+  std::string before;
+  std::string after;
+  double tolerance = 0.001;
+  bool asJson = false;
+};
+
+class Report {
+ public:
+  Report(const TransferFile& before, const TransferFile& after,
+         const std::vector<Difference>& differences)
+      : m_before(before), m_after(after), m_differences(differences), m_old(before), m_new(after) {}
+
+  void print(std::ostream& out) {
+    if (m_differences.empty())
+      return;
+    for (const Difference& one : m_differences)
+      print(one, out);
+    out << '\n';
+    const char* separator = "";
+    for (const DifferenceKind kind : kKinds) {
+      out << separator << count(kind) << ' ' << differenceName(kind);
+      separator = ", ";
+    }
+    out << '\n';
+  }
+
+  Json toJson(double tolerance) {
+    Json result = {{"before", m_before.name()}, {"after", m_after.name()}};
+    result["tolerance"] = tolerance;
+    for (const DifferenceKind kind : kKinds)
+      result[std::string(differenceName(kind))] = count(kind);
+    result["differences"] = Json::array();
+    for (const Difference& one : m_differences)
+      result["differences"].push_back(toJson(one));
+    return result;
+  }
+
+ private:
+  // Of the old element where there is one.
+  std::string describe(const Difference& one) {
+    const Element& element = one.before != nullptr ? *one.before : *one.after;
+    if (element.schema == nullptr)
+      return std::string(element.className()) + " (not known)";
+    return tool::describe(element,
+                          one.before != nullptr ? m_old.read(element) : m_new.read(element));
+  }
+
+  [[nodiscard]] std::string source(const Difference& one) const {
+    const auto name = [](const TransferFile& file, const Element& element) {
+      return std::string(shortClassName(element.className())) + ' ' +
+             std::string(file.indexOf(element));
+    };
+    if (one.before == nullptr)
+      return name(m_after, *one.after);
+    if (one.after == nullptr || m_before.indexOf(*one.before) == m_after.indexOf(*one.after))
+      return name(m_before, *one.before);
+    return name(m_before, *one.before) + ", now " + std::string(m_after.indexOf(*one.after));
+  }
+
+  void print(const Difference& one, std::ostream& out) {
+    out << differenceName(one.kind) << ": " << printable(describe(one));
+    if (one.kind == DifferenceKind::kMoved)
+      out << ", by " << placeText(one.by);
+    out << "  [" << printable(source(one)) << "]\n";
+    for (const ItemChange& change : one.items)
+      out << "    " << change.item << ": " << printable(change.before) << " \u2192 "
+          << printable(change.after) << '\n';
+  }
+
+  [[nodiscard]] std::int64_t count(DifferenceKind kind) const {
+    return std::ranges::count(m_differences, kind, &Difference::kind);
+  }
+
+  Json toJson(const Difference& one) {
+    const Element& element = one.before != nullptr ? *one.before : *one.after;
+    Json result = {{"kind", differenceName(one.kind)},
+                   {"class", element.className()},
+                   {"description", describe(one)}};
+    result["indexBefore"] = nullptr;
+    result["indexAfter"] = nullptr;
+    if (one.before != nullptr)
+      result["indexBefore"] = m_before.indexOf(*one.before);
+    if (one.after != nullptr)
+      result["indexAfter"] = m_after.indexOf(*one.after);
+    if (one.kind == DifferenceKind::kMoved)
+      result["by"] = Json::array({one.by.x, one.by.y, one.by.z});
+    if (one.kind == DifferenceKind::kChanged) {
+      result["items"] = Json::array();
+      for (const ItemChange& change : one.items)
+        result["items"].push_back(
+            {{"item", change.item}, {"before", change.before}, {"after", change.after}});
+    }
+    return result;
+  }
+
+  const TransferFile& m_before;
+  const TransferFile& m_after;
+  const std::vector<Difference>& m_differences;
+  ItemReader m_old;
+  ItemReader m_new;
+};
+
+int diff(const Options& options, Console& console) {
+  if (!(options.tolerance >= 0.0))
+    throw Failure("the tolerance must not be below 0");
+  const TransferFile before(options.before, console);
+  const TransferFile after(options.after, console);
+  const std::vector<Difference> differences =
+      compareFiles(before, after, options.tolerance, console);
+  Report report(before, after, differences);
+  if (options.asJson)
+    console.out << indentedJson(report.toJson(options.tolerance));
+  else
+    report.print(console.out);
+  return differences.empty() ? kSuccess : kFindings;
+}
+
+}  // namespace
+
+void addDiff(CLI::App& program, Run& run) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = program.add_subcommand("diff", "What two drawings differ by");
+  command->add_option("BEFORE", options->before, "Transfer file")->required();
+  command->add_option("AFTER", options->after, "Transfer file to compare with it")->required();
+  command->add_option("--tolerance", options->tolerance, "Numbers that differ by no more are equal")
+      ->capture_default_str();
+  command->add_flag("--json", options->asJson, "As JSON (docs/schema/diff.schema.json)");
+  command->footer(std::string(kDiffExamples));
+  command->callback([options, &run] { run.status = diff(*options, run.console); });
+}
+
+}  // namespace quorvan::tool

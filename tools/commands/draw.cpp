@@ -1,0 +1,166 @@
+// quorvan draw: the drawing as a detailer draws it.
+
+#include <fstream>
+#include <memory>
+
+#include <tools/commands/commands.h>
+#include <tools/commands/help_texts.h>
+#include <tools/console/terminal.h>
+#include <tools/draw/html_page.h>
+#include <tools/draw/scene_builder.h>
+#include <tools/draw/sheet.h>
+#include <tools/draw/svg_writer.h>
+#include <tools/filing/work_folder.h>
+#ifdef QUORVAN_HAS_CAIRO
+#include <tools/draw/cairo_writer.h>
+#endif
+
+namespace quorvan::tool {
+
+namespace {
+
+struct Options {
+  std::string file;
+  std::string output;
+  std::string sheet;
+  double scale = 0.0;
+  double dotsPerInch = 150.0;
+  std::string unit = "mm";
+  std::string plane = "xy";
+  std::string colors = "auto";
+  std::string angles = "auto";
+  std::string hidden = "dashed";
+  std::string marks = "auto";
+};
+
+template <class Value>
+struct Named {
+  std::string_view name;
+  Value value;
+};
+
+constexpr Named<Plane> kPlanes[] = {{"xy", Plane::kXY}, {"xz", Plane::kXZ}, {"yz", Plane::kYZ}};
+constexpr Named<AngleUnit> kAngleUnits[] = {{"deg", AngleUnit::kDegrees},
+                                            {"rad", AngleUnit::kRadians}};
+constexpr Named<HiddenBars> kHiddenBars[] = {
+    {"dashed", HiddenBars::kDashed}, {"off", HiddenBars::kOff}, {"solid", HiddenBars::kSolid}};
+constexpr Named<Marks> kMarks[] = {
+    {"auto", Marks::kAuto}, {"all", Marks::kAll}, {"none", Marks::kNone}};
+
+// The value of that name; the arguments were held against the names before.
+template <class Value, std::size_t Count>
+std::optional<Value> named(const Named<Value> (&values)[Count], std::string_view name) {
+  for (const Named<Value>& one : values) {
+    if (one.name == name)
+      return one.value;
+  }
+  return std::nullopt;
+}
+
+DrawOptions drawOptions(const Options& options) {
+  DrawOptions result;
+  result.plane = named(kPlanes, options.plane).value_or(Plane::kXY);
+  for (const LengthUnit& unit : kLengthUnits) {
+    if (unit.name == options.unit)
+      result.unit = &unit;
+  }
+  if (!options.sheet.empty()) {
+    result.sheet = sheetNamed(options.sheet);
+    if (!result.sheet)
+      throw Failure('"' + options.sheet +
+                    "\" is not a sheet; there are A0 to A5, upright with a u behind (A4u), and "
+                    "sizes in mm such as 630x297");
+  }
+  if (options.scale > 0.0)
+    result.scale = options.scale;
+  result.colors = colorSchemeNamed(options.colors);
+  result.angles = named(kAngleUnits, options.angles);
+  result.hidden = named(kHiddenBars, options.hidden).value_or(HiddenBars::kDashed);
+  result.marks = named(kMarks, options.marks).value_or(Marks::kAuto);
+  return result;
+}
+
+void writePicture(const TransferFile& file, const Scene& scene, const Options& options,
+                  const DrawOptions& drawing, const std::filesystem::path& path) {
+  const std::string form = toUtf8(toPath(options.output).extension());
+  if (form == ".svg" || form == ".html") {
+    std::ofstream out(path, std::ios::binary);
+    if (form == ".svg")
+      writeSvg(scene, {}, out);
+    else
+      writeHtmlPage(file, scene, *drawing.unit, out);
+    out.close();
+    if (!out)
+      throw Failure(options.output + ": cannot be written");
+    return;
+  }
+#ifdef QUORVAN_HAS_CAIRO
+  if (form == ".png")
+    return writePng(scene, options.dotsPerInch, path);
+  if (form == ".pdf")
+    return writePdf(scene, path);
+#else
+  if (form == ".png" || form == ".pdf")
+    throw Failure(options.output + ": this build writes .svg and .html only; it has no cairo");
+#endif
+  throw Failure(options.output + ": the name must end in .svg, .html, .png or .pdf");
+}
+
+void draw(const Options& options, Console& console) {
+  const DrawOptions drawing = drawOptions(options);
+  const TransferFile file(options.file, console);
+  const SceneResult result = buildScene(file, drawing, console);
+  if (result.leftOut != 0)
+    console.err << options.file << ": warning: " << result.leftOut
+                << " elements are left out: they lie beyond what can be drawn\n";
+  const WorkFolder folder(toPath(options.output));
+  writePicture(file, result.scene, options, drawing, folder.file());
+  folder.moveToTarget();
+}
+
+void addStyleOptions(CLI::App& command, Options& options) {
+  command.add_option("--colors", options.colors, "What colour numbers are: auto, index, rgb, bgr")
+      ->check(CLI::IsMember({"auto", "index", "rgb", "bgr"}))
+      ->capture_default_str();
+  command.add_option("--angles", options.angles, "What angles are: auto, deg, rad")
+      ->check(CLI::IsMember({"auto", "deg", "rad"}))
+      ->capture_default_str();
+  command.add_option("--hidden", options.hidden, "Hidden bars: dashed, off, solid")
+      ->check(CLI::IsMember({"dashed", "off", "solid"}))
+      ->capture_default_str();
+  command
+      .add_option("--marks", options.marks, "Bar marks: auto (those that no text names), all, none")
+      ->check(CLI::IsMember({"auto", "all", "none"}))
+      ->capture_default_str();
+}
+
+}  // namespace
+
+void addDraw(CLI::App& program, Run& run) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command =
+      program.add_subcommand("draw", "The drawing as SVG, HTML page, PNG or PDF");
+  command->add_option("FILE", options->file, "Transfer file")->required();
+  command
+      ->add_option("-o,--output", options->output,
+                   "Picture to write; its ending says the form: .svg .html .png .pdf")
+      ->required();
+  command->add_option("--sheet", options->sheet,
+                      "A0 to A5, upright A0u to A5u, or width x height in mm; A3 unless given");
+  command->add_option("--scale", options->scale, "25 for 1:25; the largest usual one unless given")
+      ->check(CLI::PositiveNumber);
+  command->add_option("--unit", options->unit, "Unit of the drawing's lengths: mm, cm or m")
+      ->check(CLI::IsMember({"mm", "cm", "m"}))
+      ->capture_default_str();
+  command->add_option("--plane", options->plane, "What is seen: xy, xz or yz")
+      ->check(CLI::IsMember({"xy", "xz", "yz"}))
+      ->capture_default_str();
+  addStyleOptions(*command, *options);
+  command->add_option("--dpi", options->dotsPerInch, "Fineness of a PNG")
+      ->check(CLI::Range(10.0, 1200.0))
+      ->capture_default_str();
+  command->footer(std::string(kDrawExamples));
+  command->callback([options, &run] { draw(*options, run.console); });
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,210 @@
+// quorvan info: what a transfer file holds, in figures.
+
+#include <memory>
+
+#include <tools/commands/commands.h>
+#include <tools/commands/help_texts.h>
+#include <tools/info/file_summary.h>
+#include <tools/text/json_text.h>
+#include <tools/text/number_text.h>
+#include <tools/text/table.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr std::size_t kIndent = 2;
+constexpr std::size_t kMostPerLine = 20;
+
+struct Options {
+  std::vector<std::string> files;
+  bool asJson = false;
+};
+
+Json toJson(const Coordinates& point) {
+  return Json::array({point.x, point.y, point.z});
+}
+
+Json toJson(const SeriesSummary& series) {
+  return {{"index", series.index},
+          {"class", series.className},
+          {"barIndex", series.barIndex},
+          {"reference", series.reference ? Json(*series.reference) : Json()},
+          {"number", series.number},
+          {"spacings", series.spacings},
+          {"hidden", series.isHidden}};
+}
+
+Json classesToJson(const FileSummary& summary) {
+  Json classes = Json::array();
+  for (const ClassCount& one : summary.classes)
+    classes.push_back({{"class", one.className}, {"known", one.isKnown}, {"count", one.count}});
+  return classes;
+}
+
+Json barsToJson(const FileSummary& summary) {
+  Json bars = Json::array();
+  for (const BarCount& one : summary.bars)
+    bars.push_back({{"diameter", one.diameter},
+                    {"grade", one.grade},
+                    {"elements", one.elements},
+                    {"number", one.number}});
+  return bars;
+}
+
+Json toJson(const TransferFile& file, const FileSummary& summary) {
+  Json result = {{"file", file.name()}, {"bytes", file.size()}};
+  result["encoding"] = file.encoding().name();
+  result["drawing"] = nullptr;
+  if (summary.control) {
+    const ControlSummary& control = *summary.control;
+    result["drawing"] = {{"name", control.name},
+                         {"version", control.version},
+                         {"servicePack", control.servicePack},
+                         {"checkSum", control.checkSum}};
+  }
+  result["elements"] = file.elements().size();
+  result["classes"] = classesToJson(summary);
+  result["bars"] = barsToJson(summary);
+  result["references"] = summary.references;
+  result["hidden"] = summary.hidden;
+  result["repartitions"] = Json::array();
+  for (const SeriesSummary& series : summary.repartitions)
+    result["repartitions"].push_back(toJson(series));
+  result["extents"] = nullptr;
+  if (summary.extents)
+    result["extents"] = {{"min", toJson(summary.extents->least)},
+                         {"max", toJson(summary.extents->most)}};
+  return result;
+}
+
+void printHead(const TransferFile& file, const FileSummary& summary, std::ostream& out) {
+  out << printable(file.name()) << '\n';
+  if (summary.control) {
+    const ControlSummary& control = *summary.control;
+    out << "  drawing       " << printable(control.name) << '\n'
+        << "  produced by   version " << printable(control.version) << ", service pack "
+        << control.servicePack << '\n'
+        << "  check sum     " << control.checkSum << '\n';
+  } else {
+    out << "  drawing       no drawing control record\n";
+  }
+  out << "  encoding      " << printable(file.encoding().name()) << ", " << file.size()
+      << " bytes\n";
+  if (summary.extents) {
+    const auto side = [](double least, double most) {
+      return rounded(least, 1) + " to " + rounded(most, 1);
+    };
+    const Extents& box = *summary.extents;
+    out << "  extents       x " << side(box.least.x, box.most.x) << ", y "
+        << side(box.least.y, box.most.y) << ", z " << side(box.least.z, box.most.z) << '\n';
+  }
+  out << "  hidden        " << summary.hidden << '\n'
+      << "  elements      " << file.elements().size() << '\n';
+}
+
+void printClasses(const FileSummary& summary, std::ostream& out) {
+  Table table;
+  table.addColumn("class");
+  table.addColumn("elements", Table::Align::kRight);
+  for (const ClassCount& one : summary.classes)
+    table.addRow({std::string(one.className) + (one.isKnown ? "" : " (not known)"),
+                  std::to_string(one.count)});
+  if (!table.empty()) {
+    out << '\n';
+    table.print(out, kIndent);
+  }
+}
+
+void printBars(const FileSummary& summary, std::ostream& out) {
+  Table table;
+  table.addColumn("diameter", Table::Align::kRight);
+  table.addColumn("grade");
+  table.addColumn("elements", Table::Align::kRight);
+  table.addColumn("bars", Table::Align::kRight);
+  for (const BarCount& one : summary.bars)
+    table.addRow({rounded(one.diameter, 2), one.grade, std::to_string(one.elements),
+                  std::to_string(one.number)});
+  if (!table.empty()) {
+    out << '\n';
+    table.print(out, kIndent);
+  }
+}
+
+// Consecutive numbers as "1-4".
+std::string rangesOf(const std::vector<std::int64_t>& numbers) {
+  std::string text;
+  std::size_t ranges = 0;
+  for (std::size_t at = 0; at < numbers.size(); ++ranges) {
+    std::size_t end = at + 1;
+    while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1)
+      ++end;
+    if (ranges == kMostPerLine)
+      return text + ", ...";
+    text += (text.empty() ? "" : ", ") + std::to_string(numbers[at]);
+    if (end - at > 1)
+      text += (end - at == 2 ? ", " : "-") + std::to_string(numbers[end - 1]);
+    at = end;
+  }
+  return text;
+}
+
+void printRepartitions(const FileSummary& summary, std::ostream& out) {
+  Table table;
+  table.addColumn("repartition", Table::Align::kRight);
+  table.addColumn("bars", Table::Align::kRight);
+  table.addColumn("mark", Table::Align::kRight);
+  table.addColumn("of");
+  table.addColumn("spacing");
+  for (const SeriesSummary& series : summary.repartitions) {
+    const std::string bar = series.className + ' ' + std::to_string(series.barIndex);
+    table.addRow({series.index, std::to_string(series.number),
+                  series.reference ? std::to_string(*series.reference) : "-",
+                  series.reference ? bar : bar + " (not there)",
+                  spacingText(series.spacings) + (series.isHidden ? " (hidden)" : "")});
+  }
+  if (!table.empty()) {
+    out << '\n';
+    table.print(out, kIndent);
+  }
+}
+
+void print(const TransferFile& file, const FileSummary& summary, std::ostream& out) {
+  printHead(file, summary, out);
+  if (!summary.references.empty())
+    out << "  references    " << rangesOf(summary.references) << '\n';
+  printClasses(summary, out);
+  printBars(summary, out);
+  printRepartitions(summary, out);
+}
+
+void showInfo(const Options& options, Console& console) {
+  Json files = Json::array();
+  for (const std::string& name : options.files) {
+    const TransferFile file(name, console);
+    const FileSummary summary = summarize(file);
+    if (options.asJson) {
+      files.push_back(toJson(file, summary));
+    } else {
+      if (&name != &options.files.front())
+        console.out << '\n';
+      print(file, summary, console.out);
+    }
+  }
+  if (options.asJson)
+    console.out << indentedJson({{"files", std::move(files)}});
+}
+
+}  // namespace
+
+void addInfo(CLI::App& program, Run& run) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command =
+      program.add_subcommand("info", "What files hold, in figures: name, classes, bars, extents");
+  command->add_option("FILE", options->files, "Transfer files")->required();
+  command->add_flag("--json", options->asJson, "As JSON (docs/schema/info.schema.json)");
+  command->footer(std::string(kInfoExamples));
+  command->callback([options, &run] { showInfo(*options, run.console); });
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,215 @@
+// quorvan list: every element with its items.
+
+#include <algorithm>
+#include <memory>
+
+#include <tools/commands/commands.h>
+#include <tools/commands/help_texts.h>
+#include <tools/drawing_json/element_to_json.h>
+#include <tools/model/class_names.h>
+#include <tools/model/control_members.h>
+#include <tools/model/item_reader.h>
+#include <tools/text/csv.h>
+#include <tools/text/item_cells.h>
+#include <tools/text/table.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+struct Options {
+  std::string file;
+  std::string className;
+  bool asJson = false;
+  bool asCsv = false;
+};
+
+// One listing of a file.
+class Listing {
+ public:
+  Listing(const TransferFile& file, std::string_view className, Console& console)
+      : m_file(file),
+        m_className(className),
+        m_out(console.out),
+        m_reader(file),
+        m_progress(console, "listing " + file.name()) {}
+
+  // The drawing JSON, an element a line.
+  void writeJson() {
+    const Element* const last = lastRecord();
+    m_out << "{\"drawing\": "
+          << (last == nullptr ? "null" : inlineJson(controlToJson(m_reader.read(*last))))
+          << ",\n\"elements\": [";
+    const char* separator = "\n";
+    for (const Element& element : m_file.elements()) {
+      if (&element == last || !isWanted(element))
+        continue;
+      const std::vector<ItemValue> none;
+      m_out << separator
+            << inlineJson(elementToJson(element.className(),
+                                        element.schema == nullptr ? none : m_reader.read(element)));
+      separator = ",\n";
+    }
+    m_out << "\n]}\n";
+  }
+
+  // One class: a column an item. All classes: a line an item.
+  void writeCsv() {
+    if (m_className.empty())
+      writeItemLines();
+    else
+      writeElementLines();
+  }
+
+  void writeTables() {
+    for (const std::string_view className : classesInOrder()) {
+      m_out << (m_isFirst ? "" : "\n");
+      m_isFirst = false;
+      const items::ElementSchema* const schema = items::findElement(className);
+      if (schema == nullptr)
+        writeUnknown(className);
+      else
+        writeTable(*schema);
+    }
+  }
+
+ private:
+  [[nodiscard]] bool isWanted(const Element& element) {
+    m_progress.report(element.place, m_file.elements().size());
+    return m_className.empty() || element.className() == m_className;
+  }
+
+  // The control record that closes the file.
+  [[nodiscard]] const Element* lastRecord() const {
+    const auto& elements = m_file.elements();
+    return !elements.empty() && elements.back().className() == kControlClass ? &elements.back()
+                                                                             : nullptr;
+  }
+
+  [[nodiscard]] std::vector<std::string_view> classesInOrder() {
+    std::vector<std::string_view> classes;
+    for (const Element& element : m_file.elements()) {
+      if (element.ordinal == 1 && isWanted(element))
+        classes.push_back(element.className());
+    }
+    return classes;
+  }
+
+  void writeItemLines() {
+    m_out << csvLine({"class", "index", "item", "value"});
+    for (const Element& element : m_file.elements()) {
+      if (element.schema == nullptr)
+        continue;
+      const std::string className(element.className());
+      const std::string index(m_file.indexOf(element));
+      for (const ItemValue& item : m_reader.read(element)) {
+        const auto titles = itemTitles(*item.schema);
+        const auto cells = itemCells(item);
+        for (std::size_t i = 0; i < titles.size(); ++i)
+          m_out << csvLine({className, index, titles[i], cells[i]});
+      }
+    }
+  }
+
+  void writeElementLines() {
+    const items::ElementSchema* const schema = items::findElement(m_className);
+    if (schema == nullptr)
+      return;
+    std::vector<std::string> titles{"index"};
+    for (const items::ItemSchema& item : schema->items)
+      std::ranges::copy(itemTitles(item), std::back_inserter(titles));
+    m_out << csvLine(titles);
+    for (const Element& element : m_file.elements()) {
+      if (!isWanted(element))
+        continue;
+      std::vector<std::string> cells{std::string(m_file.indexOf(element))};
+      for (const ItemValue& item : m_reader.read(element))
+        std::ranges::copy(itemCells(item), std::back_inserter(cells));
+      m_out << csvLine(cells);
+    }
+  }
+
+  // Lists stand last, because they may be long.
+  void writeTable(const items::ElementSchema& schema) {
+    m_out << schema.className << '\n';
+    Table table;
+    table.addColumn("index", Table::Align::kRight);
+    for (const bool lists : {false, true}) {
+      for (const items::ItemSchema& item : schema.items) {
+        if (isList(item.kind) == lists)
+          table.addColumn(std::string(displayName(item)), alignOf(item.kind));
+      }
+    }
+    for (const Element& element : m_file.elements()) {
+      if (element.schema == &schema)
+        table.addRow(rowOf(element));
+    }
+    table.print(m_out, 2);
+  }
+
+  std::vector<std::string> rowOf(const Element& element) {
+    std::vector<std::string> cells{std::string(m_file.indexOf(element))};
+    const std::vector<ItemValue>& items = m_reader.read(element);
+    for (const bool lists : {false, true}) {
+      for (const ItemValue& item : items) {
+        if (isList(item.schema->kind) == lists)
+          cells.push_back(item.isMissing() ? "-" : itemCell(item));
+      }
+    }
+    return cells;
+  }
+
+  static Table::Align alignOf(items::Kind kind) {
+    const bool isNumber =
+        kind == items::Kind::kDouble || kind == items::Kind::kLong || kind == items::Kind::kColor;
+    return isNumber ? Table::Align::kRight : Table::Align::kLeft;
+  }
+
+  void writeUnknown(std::string_view className) {
+    std::size_t count = 0;
+    for (const Element& element : m_file.elements())
+      count += element.className() == className ? 1U : 0U;
+    m_out << printable(className) << "\n  not an element class of this format, " << count
+          << (count == 1 ? " element\n" : " elements\n");
+  }
+
+  const TransferFile& m_file;
+  std::string_view m_className;
+  std::ostream& m_out;
+  ItemReader m_reader;
+  Progress m_progress;
+  bool m_isFirst = true;
+};
+
+void list(const Options& options, Console& console) {
+  const std::string className =
+      options.className.empty() ? std::string() : fullClassName(options.className);
+  const TransferFile file(options.file, console);
+  Listing listing(file, className, console);
+  if (options.asJson)
+    listing.writeJson();
+  else if (options.asCsv)
+    listing.writeCsv();
+  else
+    listing.writeTables();
+}
+
+}  // namespace
+
+void addList(CLI::App& program, Run& run) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = program.add_subcommand("list", "Every element with its items");
+  command->add_option("FILE", options->file, "Transfer file")->required();
+  command->add_option("CLASS", options->className,
+                      "Only elements of this class; \"CKtZanto\" may be left out");
+  CLI::Option* const json = command->add_flag("--json", options->asJson,
+                                              "As drawing JSON (docs/schema/drawing.schema.json)");
+  command
+      ->add_flag("--csv", options->asCsv,
+                 "As CSV: a line an element for one CLASS, else a line an item")
+      ->excludes(json);
+  command->footer(std::string(kListExamples));
+  command->callback([options, &run] { list(*options, run.console); });
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,99 @@
+// quorvan write: a JSON drawing becomes a transfer file, through the flat functions.
+
+#include <memory>
+#include <stdexcept>
+
+#include <quorvan/export/export.h>
+#include <quorvan/platform/com_error.h>
+#include <quorvan/platform/utf8.h>
+
+#include <tools/commands/commands.h>
+#include <tools/commands/help_texts.h>
+#include <tools/console/progress.h>
+#include <tools/console/terminal.h>
+#include <tools/drawing_json/drawing_file.h>
+#include <tools/filing/element_exports.h>
+#include <tools/filing/work_folder.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+struct Options {
+  std::string drawing;
+  std::string output;
+};
+
+// A filing that did not come to its end leaves nothing behind for the next.
+class Filing {
+ public:
+  explicit Filing(const std::string& path) { startFiling(fromUtf8(path)); }
+  Filing(const Filing&) = delete;
+  Filing& operator=(const Filing&) = delete;
+  ~Filing() {
+    if (m_isEnded)
+      return;
+    try {
+      stopFiling();
+      endFiling(L"", 0, L"", 0);
+    } catch (...) {  // NOLINT(bugprone-empty-catch): the failure that led here is the one to tell
+    }
+  }
+
+  void end(const std::optional<ControlInput>& control) {
+    if (control) {
+      endFiling(fromUtf8(control->version), static_cast<long>(control->servicePack),
+                fromUtf8(control->name), static_cast<int>(control->checkSum));
+    } else {
+      stopFiling();  // writes no control record
+      endFiling(L"", 0, L"", 0);
+    }
+    m_isEnded = true;
+  }
+
+ private:
+  bool m_isEnded = false;
+};
+
+void fileDrawing(const DrawingInput& drawing, const std::string& path, Progress& progress) {
+  Filing filing(path);
+  std::size_t done = 0;
+  for (const DrawingEntry& entry : drawing.entries) {
+    progress.report(done++, drawing.entries.size());
+    if (entry.element.schema == nullptr)
+      pushSeries(entry.series);
+    else
+      exportElement(entry.element);
+  }
+  filing.end(drawing.control);
+}
+
+void write(const Options& options, Console& console) {
+  const DrawingInput drawing = readDrawing(options.drawing);
+  Progress progress(console, "writing " + options.output);
+  const WorkFolder folder(toPath(options.output));
+  try {
+    fileDrawing(drawing, toUtf8(folder.file()), progress);
+  } catch (const _com_error&) {
+    throw Failure(options.output + ": the XML document service failed while the drawing was filed");
+  } catch (const std::out_of_range&) {
+    throw Failure(options.drawing +
+                  ": a series of which one frame alone is left; it needs two, but for straight "
+                  "bars seen in view 1");
+  }
+  folder.moveToTarget();
+}
+
+}  // namespace
+
+void addWrite(CLI::App& program, Run& run) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = program.add_subcommand("write", "A JSON drawing as a transfer file");
+  command->add_option("DRAWING", options->drawing, "Drawing JSON (docs/schema/drawing.schema.json)")
+      ->required();
+  command->add_option("-o,--output", options->output, "Transfer file to write")->required();
+  command->footer(std::string(kWriteExamples));
+  command->callback([options, &run] { write(*options, run.console); });
+}
+
+}  // namespace quorvan::tool
