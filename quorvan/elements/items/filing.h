@@ -70,9 +70,14 @@ struct Table {
   }
 };
 
+/// The table of these rows. Two items of one name do not compile.
 template <class... Rows>
 consteval auto table(dom::Name className, OwnFiler ownFiler, Rows... rows) {
-  return Table<Rows...>{className, ownFiler, std::tuple<Rows...>{rows...}};
+  const Table<Rows...> made{className, ownFiler, std::tuple<Rows...>{rows...}};
+  if (!namesDiffer(made.schema())) {
+    throw "two items of one class bear the same name";
+  }
+  return made;
 }
 
 /// Writes the rows until one of them ends the element.

@@ -26,7 +26,6 @@ namespace {
 template <class Items>
 struct SchemaOf {
   static constexpr auto kItems = Items::kTable.schema();
-  static_assert(namesDiffer(kItems), "two items of one class bear the same name");
   static constexpr ElementSchema kElement{Items::kTable.className.text(), kItems};
 };
 
