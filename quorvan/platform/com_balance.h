@@ -7,4 +7,7 @@ namespace quorvan::platform {
 /// The calls of initializeCom() on this thread less those of uninitializeCom().
 int comBalance() noexcept;
 
+/// All calls of initializeCom() on this thread.
+unsigned int comInitializations() noexcept;
+
 }  // namespace quorvan::platform

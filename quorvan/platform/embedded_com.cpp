@@ -6,11 +6,13 @@ namespace quorvan::platform {
 namespace {
 
 thread_local int balance = 0;
+thread_local unsigned int initializations = 0;
 
 }  // namespace
 
 void initializeCom() noexcept {
   ++balance;
+  ++initializations;
 }
 
 void uninitializeCom() noexcept {
@@ -19,6 +21,10 @@ void uninitializeCom() noexcept {
 
 int comBalance() noexcept {
   return balance;
+}
+
+unsigned int comInitializations() noexcept {
+  return initializations;
 }
 
 }  // namespace quorvan::platform

@@ -250,15 +250,15 @@ TEST(ListCounts, OfARepartition) {
 
 TEST(ListLimits, APolygonBarHoldsPointsUpToItsLimit) {
   auto items = itemTexts<CKtZantoPolygonBar>(sampleValues<CKtZantoPolygonBar>(0));
-  for (const long beyond : {0L, 1L}) {
+  for (const long beyond : {-1L, 0L, 1L}) {
     const long count = CKtZantoPolygonBar::kMaxPoints + beyond;
     items[0] = longItem("NoPoints", count) + pointItem("Point1", {1, 1, 1}) +
                pointItem(numbered("Point", count), {2, 2, 2});
     CKtZantoPolygonBar bar;
     bar.addPoint(CKtPnt3D(5, 5, 5));
     EXPECT_EQ(readItems(joined(items), bar), 0);
-    EXPECT_EQ(bar.getNoPoints(), beyond == 0 ? count : 0);
-    if (beyond == 0) {
+    EXPECT_EQ(bar.getNoPoints(), beyond <= 0 ? count : 0);
+    if (beyond <= 0) {
       EXPECT_EQ(bar.getPoint(0) == CKtPnt3D(1, 1, 1), 1);
       EXPECT_EQ(bar.getPoint(static_cast<int>(count) - 2) == CKtPnt3D(), 1);
       EXPECT_EQ(bar.getPoint(static_cast<int>(count) - 1) == CKtPnt3D(2, 2, 2), 1);
@@ -268,7 +268,7 @@ TEST(ListLimits, APolygonBarHoldsPointsUpToItsLimit) {
 
 TEST(ListLimits, ARepartitionHoldsEntriesUpToItsLimit) {
   auto items = itemTexts<CKtZantoRepartition>(sampleValues<CKtZantoRepartition>(0));
-  for (const long beyond : {0L, 1L}) {
+  for (const long beyond : {-1L, 0L, 1L}) {
     const long count = CKtZantoRepartition::kMaxEntries + beyond;
     items[6] = listItem(
         "AxisDistancesBottom", count,
@@ -277,7 +277,7 @@ TEST(ListLimits, ARepartitionHoldsEntriesUpToItsLimit) {
     EXPECT_EQ(readItems(joined(items), repartition), 0);
     std::vector<double> values;
     repartition.getAxisDistancesBottom(values);
-    if (beyond == 0) {
+    if (beyond <= 0) {
       ASSERT_EQ(values.size(), static_cast<std::size_t>(count));
       EXPECT_EQ(values.front(), 4.0);
       EXPECT_EQ(values[values.size() - 2], 4.0);
