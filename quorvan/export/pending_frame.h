@@ -7,8 +7,10 @@
 
 namespace quorvan {
 
-/// What pushRepartitionFrameRect was given. The frame part carries hook, steel and diameter; its
-/// points, its reference and its hidden flag keep their defaults.
+#pragma pack(push, 1)
+
+/// What pushRepartitionFrameRect was given, without padding. The frame part carries hook, steel and
+/// diameter; its points, its reference and its hidden flag keep their defaults.
 struct PendingFrame {
   CKtZantoFrameRect frame;
   CString className;    // of the repeated bar
@@ -27,5 +29,7 @@ struct PendingFrame {
   [[nodiscard]] CKtPnt3D firstPoint() const { return {value1, value2, value3}; }
   [[nodiscard]] CKtPnt3D secondPoint() const { return {value4, value5, value6}; }
 };
+
+#pragma pack(pop)
 
 }  // namespace quorvan

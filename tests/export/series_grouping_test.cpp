@@ -12,9 +12,14 @@
 #include <tests/export/series_filing.h>
 #include <tests/support/saved_file.h>
 #include <tests/support/transfer_text.h>
+#include <quorvan/export/pending_frame.h>
 
 namespace quorvan::test {
 namespace {
+
+// A frame that is held back takes no more memory than its fields.
+static_assert(sizeof(PendingFrame) == sizeof(CKtZantoFrameRect) + sizeof(CString) +
+                                          6 * sizeof(double) + 4 * sizeof(int) + sizeof(bool));
 
 /// A frame of a series that needs no geometry; `serial` tells it from others in the file.
 Frame simple(double serial, double value3 = 0) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <type_traits>
 
 #include <quorvan/geometry/point.h>
@@ -34,6 +35,15 @@ TEST(Point, GivesAndTakesEachCoordinate) {
   EXPECT_EQ(point.X(), 7.0);
   EXPECT_EQ(point.Y(), 8.0);
   EXPECT_EQ(point.Z(), 9.0);
+}
+
+TEST(Point, LiesInMemoryAsItsThreeCoordinates) {
+  const CKtPnt3D point(1, 2, 3);
+  double memory[3];
+  std::memcpy(memory, &point, sizeof memory);
+  EXPECT_EQ(memory[0], 1.0);
+  EXPECT_EQ(memory[1], 2.0);
+  EXPECT_EQ(memory[2], 3.0);
 }
 
 TEST(Point, LiesInThePlaneOfAnIntegerPoint) {

@@ -9,6 +9,7 @@
 namespace {
 
 static_assert(std::has_virtual_destructor_v<CKtMat>);
+static_assert(sizeof(CKtMat) == sizeof(void*));  // no data
 static_assert(std::is_base_of_v<CKtMat, CKtMat3D>);
 
 LOGFONTW font(int height, const wchar_t* face) {

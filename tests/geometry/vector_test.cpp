@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -38,6 +39,15 @@ TEST(Vector, GivesAndTakesEachComponent) {
   expectComponents(vector, 4, 5, 6);
   vector.XYZ(7, 8, 9);
   expectComponents(vector, 7, 8, 9);
+}
+
+TEST(Vector, LiesInMemoryAsItsThreeComponents) {
+  const CKtVect3D vector(1, 2, 3);
+  double memory[3];
+  std::memcpy(memory, &vector, sizeof memory);
+  EXPECT_EQ(memory[0], 1.0);
+  EXPECT_EQ(memory[1], 2.0);
+  EXPECT_EQ(memory[2], 3.0);
 }
 
 TEST(Vector, LeadsToAPointAndFromOneToAnother) {
