@@ -18,7 +18,7 @@ namespace pen {
 inline constexpr double kFine = 0.13;
 inline constexpr double kThin = 0.18;
 inline constexpr double kMedium = 0.35;
-inline constexpr double kThickest = 12.0;
+inline constexpr double kThickest = 60.0;  // a bar of any size at 1:1
 inline constexpr double kLeastBar = 0.5;
 inline constexpr double kLeastLink = 0.3;
 }  // namespace pen

@@ -1,6 +1,7 @@
 #include <tools/model/extents.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <tools/model/item_reader.h>
 #include <tools/model/repartition.h>
@@ -11,7 +12,10 @@ namespace {
 
 class Box {
  public:
+  // A point without a finite place has no part in the extents.
   void add(const Coordinates& point) {
+    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
+      return;
     if (m_extents)
       m_extents->include(point);
     else

@@ -129,8 +129,14 @@ class ItemReader::Reading {
     const std::string_view* const found = m_tree.attribute(node, attribute);
     if (found != nullptr)
       return found;
+    // A point that lacks one coordinate is not of another type.
     const auto others = m_tree.attributes(node);
-    report(others.empty() ? ProblemKind::kMissing : ProblemKind::kMistyped, &node, node.name,
+    const bool isCoordinate =
+        std::ranges::find(kCoordinateNames, attribute) != std::end(kCoordinateNames) &&
+        !others.empty() &&
+        std::ranges::find(kCoordinateNames, others.front().name) != std::end(kCoordinateNames);
+    report(others.empty() || isCoordinate ? ProblemKind::kMissing : ProblemKind::kMistyped, &node,
+           node.name,
            others.empty() ? "no attribute" : quoted(others.front().name, others.front().value),
            "the attribute " + name(attribute));
     return nullptr;
