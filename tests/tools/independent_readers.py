@@ -1,0 +1,201 @@
+#!/usr/bin/env python3
+"""Runs the program and reads what it writes with readers that are not its own.
+
+usage: independent_readers.py CHECK PROGRAM PROJECT FOLDER
+
+CHECK is json, xml, pdf, manual or page. Ends with 77 where the reader is not on this system.
+"""
+
+import json
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+MISSING = 77
+
+
+def run(*arguments):
+    """The output of a program that must not fail."""
+    done = subprocess.run(arguments, capture_output=True, check=False)
+    if done.returncode != 0:
+        sys.exit(f"{arguments}: exit code {done.returncode}\n{done.stderr.decode()}")
+    return done.stdout
+
+
+def need(program):
+    path = shutil.which(program)
+    if path is None:
+        print(f"{program} is not on this system")
+        sys.exit(MISSING)
+    return path
+
+
+class Workshop:
+    """The program, and transfer files made with it."""
+
+    def __init__(self, program, project, folder):
+        self.program = program
+        self.project = pathlib.Path(project)
+        self.folder = pathlib.Path(folder)
+        self.folder.mkdir(parents=True, exist_ok=True)
+        drawings = sorted((self.project / "examples/drawings").glob("*.json"))
+        drawings.append(self.project / "tests/tools/data/sample.json")
+        self.files = []
+        for drawing in drawings:
+            file = self.folder / (drawing.stem + ".xml")
+            run(program, "write", drawing, "-o", file)
+            self.files.append(file)
+
+    def draw(self, file, ending, *options):
+        picture = file.with_suffix(ending)
+        run(self.program, "draw", file, "-o", picture, *options)
+        return picture
+
+
+def check_json(shop):
+    try:
+        import jsonschema
+    except ImportError:
+        print("python3-jsonschema is not on this system")
+        sys.exit(MISSING)
+    schemas = {}
+    for path in (shop.project / "docs/schema").glob("*.schema.json"):
+        schema = json.loads(path.read_text(encoding="utf-8"))
+        jsonschema.Draft202012Validator.check_schema(schema)
+        schemas[path.name.split(".")[0]] = jsonschema.Draft202012Validator(schema)
+    broken = shop.folder / "broken.xml"
+    broken.write_bytes(b"<Document>\x01<CKtZantoLine/></Document>")
+    malformed = shop.folder / "malformed.xml"
+    malformed.write_bytes(b"<Document>")
+    for file in shop.files:
+        for command, schema in (("info", "info"), ("bars", "bars"), ("list", "drawing")):
+            schemas[schema].validate(json.loads(run(shop.program, command, "--json", file)))
+    findings = subprocess.run(
+        [shop.program, "check", "--json", *shop.files, broken, malformed],
+        capture_output=True, check=False)
+    schemas["check"].validate(json.loads(findings.stdout))
+    differences = subprocess.run(
+        [shop.program, "diff", "--json", shop.files[0], shop.files[1]],
+        capture_output=True, check=False)
+    schemas["diff"].validate(json.loads(differences.stdout))
+    for path in [*(shop.project / "examples/drawings").glob("*.json")]:
+        schemas["drawing"].validate(json.loads(path.read_text(encoding="utf-8")))
+
+
+def check_xml(shop):
+    xmllint = need("xmllint")
+    for file in shop.files:
+        for ending in (".svg", ".html"):
+            run(xmllint, "--noout", "--nonet", shop.draw(file, ending, "--marks", "all"))
+
+
+def check_pdf(shop):
+    pdftoppm = need("pdftoppm")
+    for file in shop.files:
+        picture = shop.draw(file, ".pdf")
+        run(pdftoppm, "-r", "20", "-png", "-singlefile", picture, file.with_suffix(""))
+        # A drawing of any kind is no plain sheet.
+        if file.with_suffix(".png").stat().st_size < 2000:
+            sys.exit(f"{picture}: there is nothing on it")
+
+
+def check_manual(shop):
+    need("man")
+    done = subprocess.run(
+        ["man", "--warnings", "-l", shop.project / "docs/man/quorvan.1"],
+        capture_output=True, check=False, env={"LC_ALL": "C.UTF-8", "PATH": "/usr/bin:/bin"})
+    if done.returncode != 0 or done.stderr:
+        sys.exit(done.stderr.decode())
+    run(need("bash"), "-n", shop.project / "tools/completion/quorvan.bash")
+
+
+# Clicks on elements, switches layers, moves about; the page then says what came of it.
+PROBE = """
+<script>
+//<![CDATA[
+window.addEventListener('load', function () {
+  const result = {};
+  const svg = document.querySelector('main svg');
+  const text = function (id) { return document.getElementById(id).textContent; };
+  const view = document.getElementById('view');
+  const found = function () { return svg.querySelectorAll('.found').length; };
+  result.rows = document.querySelectorAll('#bars tbody tr').length;
+  result.layers = document.querySelectorAll('#layers input').length;
+  document.getElementById('mark').value = '6';
+  document.querySelector('#search button').click();
+  result.markMessage = text('message');
+  result.markFound = found();
+  result.zoomed = svg.getAttribute('viewBox');
+  document.getElementById('whole').click();
+  result.whole = svg.getAttribute('viewBox');
+  document.querySelector('#bars tbody tr:nth-child(2)').click();
+  result.rowFound = found();
+  document.getElementById('whole').click();
+  const pin = Array.from(document.querySelectorAll('g[data-layer=bars] path'))[4];
+  const point = pin.getPointAtLength(pin.getTotalLength() / 2).matrixTransform(svg.getScreenCTM());
+  view.dispatchEvent(new MouseEvent('click', {bubbles: true, clientX: point.x, clientY: point.y}));
+  result.element = text('element');
+  const input = document.querySelector('#layers input[name=bars]');
+  input.click();
+  result.off = getComputedStyle(document.querySelector('g[data-layer=bars]')).display;
+  input.click();
+  view.dispatchEvent(new WheelEvent('wheel', {deltaY: -300, clientX: 200, clientY: 200,
+                                              bubbles: true, cancelable: true}));
+  result.wheel = svg.getAttribute('viewBox') !== result.whole;
+  result.resources = performance.getEntriesByType('resource').length;
+  document.body.setAttribute('data-result', JSON.stringify(result));
+});
+//]]>
+</script>
+</body>"""
+
+
+def in_chromium(chromium, shop, page):
+    dom = run(
+        chromium, "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
+        "--window-size=1400,900", f"--user-data-dir={shop.folder.resolve() / 'profile'}",
+        "--virtual-time-budget=4000", "--dump-dom", page.resolve().as_uri()).decode()
+    return dom
+
+
+def check_page(shop):
+    chromium = shutil.which("chromium") or need("google-chrome")
+    sample = [file for file in shop.files if file.stem == "sample"][0]
+    page = shop.draw(sample, ".html", "--marks", "all")
+    probed = page.with_name("probed.html")
+    probed.write_text(
+        page.read_text(encoding="utf-8").replace("</body>", PROBE), encoding="utf-8")
+    dom = in_chromium(chromium, shop, probed)
+    match = re.search(r'data-result="([^"]*)"', dom)
+    if match is None:
+        sys.exit("the page did not come to its end:\n" + dom[-2000:])
+    result = json.loads(match.group(1).replace("&quot;", '"').replace("&amp;", "&"))
+    print(json.dumps(result, indent=2, ensure_ascii=False))
+    expected = {
+        "rows": 8, "layers": 13, "markMessage": "1 element of mark 6.", "off": "none",
+        "wheel": True, "resources": 0,
+    }
+    for key, value in expected.items():
+        if result[key] != value:
+            sys.exit(f"{key}: {result[key]!r}, expected {value!r}")
+    if result["markFound"] < 2 or result["rowFound"] < 1:
+        sys.exit("nothing was marked")
+    if result["zoomed"] == result["whole"]:
+        sys.exit("the search did not go to what it found")
+    if "pin, mark 4" not in result["element"] or "HookLength1" not in result["element"]:
+        sys.exit("a click did not show the element: " + result["element"])
+
+
+def main():
+    check, program, project, folder = sys.argv[1:]
+    checks = {
+        "json": check_json, "xml": check_xml, "pdf": check_pdf, "manual": check_manual,
+        "page": check_page,
+    }
+    checks[check](Workshop(program, project, folder))
+
+
+if __name__ == "__main__":
+    main()

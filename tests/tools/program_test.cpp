@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include <tests/tools/sample.h>
+#include <tests/tools/tool_run.h>
+
+namespace {
+
+using quorvan::test::runTool;
+
+const char* const kCommands[] = {"info", "list", "bars", "check", "draw", "diff", "write"};
+
+TEST(ToolProgram, AnswersHelpOnItsOutput) {
+  const auto run = runTool({"--help"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  for (const char* const command : kCommands)
+    EXPECT_NE(run.out.find(std::string("  ") + command + " "), std::string::npos) << command;
+}
+
+TEST(ToolProgram, ShowsExamplesInTheHelpOfEveryCommand) {
+  for (const char* const command : kCommands) {
+    const auto run = runTool({command, "--help"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(run.out.find(std::string("Examples:\n  quorvan ")), std::string::npos) << command;
+  }
+}
+
+TEST(ToolProgram, TellsItsVersion) {
+  EXPECT_EQ(runTool({"--version"}).out, "quorvan 1.0.0\n");
+}
+
+TEST(ToolProgram, ComplainsOfArgumentsThatItDoesNotKnow) {
+  for (const auto& arguments : std::vector<std::vector<std::string>>{
+           {}, {"paint"}, {"info"}, {"info", "--jason", "x"}, {"list", "x", "--json", "--csv"}}) {
+    const auto run = runTool(arguments);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(run.err, "");
+  }
+}
+
+TEST(ToolProgram, NamesTheFileThatItCannotRead) {
+  for (const char* const command : {"info", "list", "bars"}) {
+    const auto run = runTool({command, "missing.xml"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "quorvan: missing.xml: no such file, or no right to read it\n");
+  }
+}
+
+TEST(ToolProgram, NamesThePlaceWhereAFileIsNotWellFormed) {
+  quorvan::test::writeFile("broken.xml", "<Document>\n  <CKtZantoLine>\n</Document>");
+  const auto run = runTool({"info", "broken.xml"});
+  EXPECT_EQ(run.status, 2);
+#ifndef _WIN32
+  EXPECT_EQ(run.err, "quorvan: broken.xml:3:3: not well-formed: mismatched tag\n");
+#endif
+}
+
+TEST(ToolProgram, TakesNamesInUtf8) {
+  quorvan::test::writeFile("plan.xml", quorvan::test::sampleBytes());
+  std::filesystem::rename("plan.xml", std::filesystem::path(u8"étage ≤2.xml"));
+  const auto run = runTool({"bars", "étage ≤2.xml"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out.find("Bar list of étage ≤2.xml, drawing B1 – étage\n"), 0U);
+}
+
+}  // namespace

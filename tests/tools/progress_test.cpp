@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include <tools/console/progress.h>
+
+namespace {
+
+using quorvan::tool::Console;
+using quorvan::tool::Progress;
+using std::chrono::milliseconds;
+
+class ToolProgress : public testing::Test {
+ protected:
+  // Reports often enough for the clock to be looked at.
+  static void report(Progress& progress, std::uint64_t done, std::uint64_t total) {
+    for (int i = 0; i < 256; ++i)
+      progress.report(done, total);
+  }
+
+  Progress::Clock clock() {
+    return [this] { return m_now; };
+  }
+
+  std::ostringstream m_out;
+  std::ostringstream m_err;
+  std::chrono::steady_clock::time_point m_now;
+};
+
+TEST_F(ToolProgress, IsSilentForTheFirstSecond) {
+  Console console{m_out, m_err, true};
+  Progress progress(console, "reading x.xml", clock());
+  m_now += milliseconds(999);
+  report(progress, 50, 100);
+  EXPECT_EQ(m_err.str(), "");
+}
+
+TEST_F(ToolProgress, DrawsABarAfterOneSecondAndWipesItAway) {
+  Console console{m_out, m_err, true};
+  {
+    Progress progress(console, "reading x.xml", clock());
+    m_now += milliseconds(1001);
+    report(progress, 50, 100);
+    EXPECT_EQ(m_err.str(), "\rreading x.xml [###############               ] 50 %");
+  }
+  const std::string line(51, ' ');
+  EXPECT_TRUE(m_err.str().ends_with('\r' + line + '\r')) << m_err.str();
+  EXPECT_EQ(m_out.str(), "");
+}
+
+TEST_F(ToolProgress, DrawsTenTimesASecondAtMost) {
+  Console console{m_out, m_err, true};
+  Progress progress(console, "reading", clock());
+  m_now += milliseconds(1001);
+  report(progress, 10, 100);
+  const std::string drawn = m_err.str();
+  m_now += milliseconds(99);
+  report(progress, 20, 100);
+  EXPECT_EQ(m_err.str(), drawn);
+  m_now += milliseconds(2);
+  report(progress, 20, 100);
+  EXPECT_NE(m_err.str(), drawn);
+}
+
+TEST_F(ToolProgress, IsSilentWhereThereIsNoTerminal) {
+  Console console{m_out, m_err, false};
+  Progress progress(console, "reading", clock());
+  m_now += milliseconds(5000);
+  report(progress, 50, 100);
+  EXPECT_EQ(m_err.str(), "");
+}
+
+}  // namespace
