@@ -9,6 +9,7 @@
 #include <tests/filer/model/performance.h>
 #include <tests/filer/model/random_document.h>
 #include <tests/filer/model/script.h>
+#include <quorvan/platform/embedded/file_calls.h>
 
 namespace model = quorvan::test::model;
 using quorvan::fuzz::Input;
@@ -26,12 +27,18 @@ bool takesPattern(model::Action action) {
   return action == model::Action::kSeek;
 }
 
-bool namesFile(model::Action action) {
-  return action == model::Action::kPutFile || action == model::Action::kOpen;
+// A file to open may be one that cannot be written; one that is put there is not.
+std::string nameFrom(Input& input, model::Action action) {
+  const char* const kNames[] = {"A", "B", "point", "size", "N", "a b", ""};
+  if (action == model::Action::kOpen)
+    return input.pick(model::kScriptFiles);
+  if (action == model::Action::kPutFile)
+    return model::kScriptFiles[input.below(3)];
+  return input.pick(kNames);
 }
 
 model::Call callFrom(Input& input) {
-  const char* const kNames[] = {"A", "B", "point", "size", "N", "a b", ""};
+  const char* const kTexts[] = {"A", "B", "point", "size", "N", "a b", ""};
   model::Call call{static_cast<model::Action>(input.below(kActions))};
   constexpr int kPatterns = model::kFilers - model::kFirstPattern;
   call.filer = isForPatterns(call.action) ? model::kFirstPattern + input.below(kPatterns)
@@ -42,8 +49,8 @@ model::Call callFrom(Input& input) {
   if (call.action == model::Action::kAssign || call.action == model::Action::kCopy) {
     call.other = call.filer ^ 1;
   }
-  call.name = namesFile(call.action) ? input.pick(model::kScriptFiles) : input.pick(kNames);
-  call.text = input.pick(kNames);
+  call.name = nameFrom(input, call.action);
+  call.text = input.pick(kTexts);
   call.value = input.real();
   call.number = input.number();
   if (call.action == model::Action::kPutFile) {
@@ -56,6 +63,10 @@ model::Call callFrom(Input& input) {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  // None of the files has to survive a power failure.
+  quorvan::embedded::FileCalls calls = quorvan::embedded::systemFileCalls();
+  calls.fsync = [](int) { return 0; };
+  quorvan::embedded::setFileCalls(calls);
   Input input(data, size);
   model::Script script;
   while (!input.isOver() && script.size() < kMostCalls)

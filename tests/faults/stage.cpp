@@ -71,6 +71,9 @@ Stage::Stage() : m_formerHook(setMessageBoxHook(&countMessage)) {
 }
 
 Stage::~Stage() {
+  // Not saved once more: every test has looked at its file by now.
+  filer = CKtFiler();
+  pattern.reset();
   embedded::setFileCalls(embedded::systemFileCalls());
   setMessageBoxHook(m_formerHook);
 }

@@ -32,11 +32,28 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   return allocate(size);
 }
 
+// The standard's own arrays come from the operators above, a sanitizer's do not.
+void* operator new[](std::size_t size) {
+  return operator new(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return allocate(size);
+}
+
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+
+void operator delete[](void* memory, std::size_t /*size*/) noexcept {
   std::free(memory);
 }
 
