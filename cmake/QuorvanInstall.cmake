@@ -68,6 +68,8 @@ if(MINGW AND BUILD_SHARED_LIBS AND EXISTS "${QUORVAN_EXPORTS_FILE}")
       VERBATIM)
     add_custom_target(quorvan_import_library ALL DEPENDS "${_import_library}")
     install(FILES "${_import_library}" DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+  else()
+    message(WARNING "Without llvm-dlltool (Debian: llvm) there is no quorvan.lib for other linkers")
   endif()
 endif()
 

@@ -123,18 +123,37 @@ TEST(Library, IsFreedWithAFileOpenAndSavesIt) {
   EXPECT_NE(savedBytes("open.xml").find("<CKtZantoLine"), std::string::npos);
 }
 
+// Entry 13 of block 969 of the string table.
+constexpr int kPrompt = 15501;
+constexpr int kBlockSize = 16;
+const LPCWSTR kStringTable = MAKEINTRESOURCEW(6);
+const LPCWSTR kPromptBlock = MAKEINTRESOURCEW(kPrompt / kBlockSize + 1);
+
+BOOL CALLBACK addLanguage(HMODULE /*module*/, LPCWSTR /*type*/, LPCWSTR /*name*/, WORD language,
+                          LONG_PTR languages) {
+  reinterpret_cast<std::vector<int>*>(languages)->push_back(language);
+  return TRUE;
+}
+
 TEST(Library, HoldsThePromptInFrenchOnly) {
   const Library library;
   ASSERT_NE(library.module(), nullptr);
-  // Entry 13 of block 969.
-  const HRSRC found = ::FindResourceExW(library.module(), MAKEINTRESOURCEW(6),
-                                        MAKEINTRESOURCEW(15501 / 16 + 1), 1036);
+  std::vector<int> languages;
+  ::EnumResourceLanguagesW(library.module(), kStringTable, kPromptBlock, addLanguage,
+                           reinterpret_cast<LONG_PTR>(&languages));
+  EXPECT_EQ(languages, std::vector<int>{1036});
+
+  const HRSRC found = ::FindResourceExW(library.module(), kStringTable, kPromptBlock, 1036);
   ASSERT_NE(found, nullptr);
   const auto* entry =
       static_cast<const wchar_t*>(::LockResource(::LoadResource(library.module(), found)));
-  for (int i = 0; i < 15501 % 16; ++i)
+  for (int i = 0; i < kPrompt % kBlockSize; ++i)
     entry += 1 + *entry;
-  EXPECT_EQ(std::wstring(entry + 1, *entry).substr(0, 17), L"Un probl\u00E8me syst\u00E8");
+  EXPECT_EQ(
+      std::wstring(entry + 1, *entry),
+      L"Un probl\u00E8me syst\u00E8me est survenu ! Il semble que vous n'ayez pas une version "
+      L"r\u00E9cente de MSXML. Il est conseill\u00E9 de r\u00E9installer Meridal qui fera alors "
+      L"une mise \u00E0 jour automatique.");
 }
 
 TEST(Library, TellsItsVersion) {

@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
+#include <tests/support/com_initialization.h>
 #include <tests/support/known_differences.h>
 #include <tests/support/saved_file.h>
 #include <quorvan/export/export.h>
 #include <quorvan/filer/filer.h>
 #include <quorvan/platform/com_error.h>
+#include <quorvan/platform/dom.h>
 #include <quorvan/platform/message_box.h>
 
 namespace quorvan {
@@ -51,6 +53,13 @@ class MissingService : public testing::Test {
     EXPECT_EQ(shown[0].helpContext, 0U);
   }
 };
+
+TEST_F(MissingService, IsAClassThatIsNotRegistered) {
+  const test::ComInitialization com;
+  IXMLDOMDocumentPtr document;
+  EXPECT_EQ(dom::createDocument(document), REGDB_E_CLASSNOTREG);
+  EXPECT_TRUE(document == nullptr);
+}
 
 TEST_F(MissingService, OpeningShowsTheFrenchPromptAndReturnsZero) {
   CKtFiler filer;
