@@ -15,10 +15,12 @@
 // Threads: a filer is used by the thread that created it. Nothing is locked.
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <quorvan/geometry/point.h>
@@ -87,7 +89,12 @@ class QUORVAN_API CKtFiler {
   int writeItem(CString name, double value);
   /// The value is filed with its low 32 bits.
   int writeItem(CString name, long value);
+  /// Any other whole number or enumerator, as a long.
   int writeItem(CString name, int value) {
+    return writeItem(std::move(name), static_cast<long>(value));
+  }
+  template <std::integral Number>
+  int writeItem(CString name, Number value) {
     return writeItem(std::move(name), static_cast<long>(value));
   }
   /// A character that XML cannot carry is filed as U+FFFD.
@@ -124,7 +131,8 @@ class QUORVAN_API CKtFiler {
   /// is closed first. The element joins the current class element at endVector. Returns 0 with no
   /// current class.
   int beginVector(CString name, long count);
-  int beginVector(CString name, int count) {
+  template <std::integral Number>
+  int beginVector(CString name, Number count) {
     return beginVector(std::move(name), static_cast<long>(count));
   }
   /// Opens the first vector of that name in the current class element for reading and stores its

@@ -3,9 +3,11 @@
 #include <tests/filer/filer_test.h>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvan::test {
 namespace {
@@ -101,6 +103,31 @@ TEST_F(ScalarItems, LongsAreCutToThirtyTwoBits) {
     m_filer.writeItem(L"L", static_cast<long>(0x80000000LL));
     EXPECT_EQ(items(), "<L long=\"5\"/><L long=\"-2147483648\"/>");
   }
+}
+
+// A size, a colour, an enumerator: whatever whole number a caller has at hand.
+TEST_F(ScalarItems, WholeNumbersOfEveryTypeAreWrittenAsLongs) {
+  enum Plain { kTwo = 2 };
+  enum Wide : std::int32_t { kThree = 3 };
+  const std::vector<int> four(4);
+  m_filer.writeItem(L"N", 0);
+  m_filer.writeItem(L"N", true);
+  m_filer.writeItem(L"N", kTwo);
+  m_filer.writeItem(L"N", kThree);
+  m_filer.writeItem(L"N", four.size());
+  m_filer.writeItem(L"N", 0xFFFFFFFFUL);
+  m_filer.writeItem(L"N", static_cast<std::int16_t>(-6));
+  m_filer.writeItem(L"N", static_cast<std::uint8_t>(7));
+  m_filer.writeItem(L"N", 8LL);
+  m_filer.writeItem(L"N", 9.0F);
+  m_filer.beginVector(L"V", 0);
+  m_filer.beginVector(L"V", four.size());
+  m_filer.beginVector(L"V", 5U);
+  m_filer.endVector();
+  EXPECT_EQ(items(),
+            "<N long=\"0\"/><N long=\"1\"/><N long=\"2\"/><N long=\"3\"/><N long=\"4\"/>"
+            "<N long=\"-1\"/><N long=\"-6\"/><N long=\"7\"/><N long=\"8\"/>"
+            "<N double=\"9.0000000\"/><V size=\"0\"/><V size=\"4\"/><V size=\"5\"/>");
 }
 
 TEST_F(ScalarItems, TextsAreWrittenAsTheyAre) {
