@@ -27,10 +27,11 @@ End outcome(const std::function<bool()>& act) {
   } catch (const std::bad_alloc&) {
     return End::kOutOfMemory;
   } catch (const _com_error& error) {
-    // A scratch file that could not be opened was told in a message, and what is done with it
-    // fails.
-    return error.Error() == E_OUTOFMEMORY || Stage::messages() != 0 ? End::kOutOfMemory
-                                                                    : End::kOther;
+    // A scratch file that could not be opened was told in a message. Then there is no document to
+    // look in, or one without a root element, which cannot be saved.
+    const bool hasNoScratchFile =
+        Stage::messages() == 1 && (error.Error() == E_POINTER || error.Error() == E_FAIL);
+    return error.Error() == E_OUTOFMEMORY || hasNoScratchFile ? End::kOutOfMemory : End::kOther;
   }
 }
 

@@ -73,12 +73,12 @@ std::string usingAnEntity(std::size_t bytes, std::size_t uses, std::size_t size)
 TEST(HostileLimits, OfWhatEntitiesMayMakeOfASmallFile) {
   constexpr std::size_t kUses = 1000;
   constexpr std::size_t kEntity = 1040;
-  constexpr auto kFile = static_cast<std::size_t>(kFreeEntityBytes) - kUses * kEntity;
-  static_assert(kFreeEntityBytes / kFile > 10);
-  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFile - 2)));
-  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFile - 1)));
-  EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFile)));
-  EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFile + 1)));
+  constexpr auto kFileSize = static_cast<std::size_t>(kFreeEntityBytes) - kUses * kEntity;
+  static_assert(kFreeEntityBytes / kFileSize > 10);
+  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFileSize - 2)));
+  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFileSize - 1)));
+  EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFileSize)));
+  EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFileSize + 1)));
 }
 
 // Beyond that the document may be so many times as large as the file, as far as it is read by then.
@@ -86,10 +86,10 @@ TEST(HostileLimits, OfHowManyTimesItsSizeEntitiesMayMakeOfAFile) {
   constexpr std::size_t kUses = 1000;
   constexpr std::size_t kEntity = 9'000;
   constexpr auto kTimes = static_cast<std::size_t>(kMaxEntityAmplification);
-  constexpr std::size_t kFile = kUses * kEntity / (kTimes - 1) + sizeof("</D>") - 1;
-  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFile + 1)));
-  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFile)));
-  EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFile - 1)));
+  constexpr std::size_t kFileSize = kUses * kEntity / (kTimes - 1) + sizeof("</D>") - 1;
+  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFileSize + 1)));
+  EXPECT_TRUE(isTaken(usingAnEntity(kEntity, kUses, kFileSize)));
+  EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFileSize - 1)));
 }
 
 }  // namespace
