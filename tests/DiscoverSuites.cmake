@@ -1,5 +1,5 @@
-# One CTest test a suite, found when CTest runs. A program takes longer to start under an emulator
-# than most tests take, so a test case alone is not worth a run there.
+# One CTest test a suite, found when CTest runs. A program takes longer to start under an emulator or
+# the sanitizers than most tests take, so a test case alone is not worth a run there.
 #
 # Included by CTest with EXECUTABLE, EMULATOR, PREFIX, PROPERTIES and LIST set: the tests are
 # written into LIST, again only when the executable has changed.
