@@ -215,6 +215,17 @@ TEST_F(FilerDocument, ClosingLeavesReadModeAndTheOpenVector) {
   EXPECT_EQ(filer.endVector(), 0);
 }
 
+// With no file open there is nothing to close, even where writing was turned to meanwhile.
+TEST_F(FilerDocument, ClosingAgainDoesNotLookAtTheElementLastRead) {
+  writeText(kPath, documentText("<A/>"));
+  CKtFiler filer;
+  filer.newFiler(kPath);
+  ASSERT_EQ(filer.beginClass(L"A"), 1);
+  ASSERT_EQ(filer.closeFiler(), 1);
+  EXPECT_EQ(raised([&] { filer.beginVector(L"V", 1); }), E_POINTER);
+  EXPECT_EQ(filer.closeFiler(), 0);
+}
+
 TEST_F(FilerDocument, AVectorLeftOpenGoesIntoAClassOfTheNextFile) {
   CKtFiler filer;
   filer.newFiler(kPath);

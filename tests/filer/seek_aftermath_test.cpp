@@ -22,6 +22,8 @@ TEST_F(Seek, AfterAFailedSearchTheLastElementIsCurrentAndNoneIsLeftToRead) {
   load("<A index=\"1\"><N long=\"1\"/></A><A index=\"2\"><N long=\"2\"/></A>");
   EXPECT_EQ(seekFor("<A><N long=\"9\"/></A>"), -1);
   EXPECT_EQ(itemNumber(m_filer), 2);
+  // Two were there, two more were counted; two were tested, and a third was looked for.
+  EXPECT_EQ(m_filer.getLastUsedIndex(), 2);
   EXPECT_EQ(m_filer.beginClass(L"A"), 0);
   EXPECT_EQ(itemNumber(m_filer), 2);
 }
@@ -93,6 +95,16 @@ TEST_F(Seek, ForAClassThatIsNotThereTurnsToReadingToo) {
   m_filer.beginClass(L"B");
   m_filer.beginVector(L"V", 1);
   EXPECT_EQ(seekFor("<C/>"), -1);
+  EXPECT_EQ(m_filer.endVector(), 1) << "filed although nothing is being written";
+}
+
+TEST_F(Seek, ForAClassThatIsCountedButNotThereTurnsToReadingToo) {
+  load("<A index=\"1\"/>");
+  writeText(kOtherPath, documentText("<B/>"));
+  m_filer.newFiler(kOtherPath);  // with the counts of the first
+  m_filer.beginClass(L"B", 1);
+  m_filer.beginVector(L"V", 1);
+  EXPECT_EQ(seekFor("<A/>"), -1);
   EXPECT_EQ(m_filer.endVector(), 1) << "filed although nothing is being written";
 }
 

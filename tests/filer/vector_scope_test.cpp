@@ -210,6 +210,15 @@ TEST_F(VectorScope, ReadingOneTurnsAWrittenScopeToReading) {
   EXPECT_EQ(savedText(kPath), documentText(""));
 }
 
+TEST_F(VectorScope, OneThatIsOpenForWritingIsFiledBeforeAnotherIsRead) {
+  write();
+  m_filer.beginVector(L"V", 4);
+  m_filer.writeItem(L"N", 5);
+  EXPECT_EQ(m_filer.beginVector(L"V", &m_count), 1);
+  EXPECT_EQ(m_count, 4);
+  EXPECT_EQ(itemNumber(m_filer), 5);
+}
+
 TEST_F(VectorScope, OneWithoutSizeTurnsToReadingToo) {
   write();
   m_filer.writeItem(L"V", 1);
