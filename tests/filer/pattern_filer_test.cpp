@@ -4,11 +4,16 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include <quorvan/platform/dom_handles.h>
 
 namespace quorvan::test {
 namespace {
+
+static_assert(std::has_virtual_destructor_v<CKtFiler>);
+static_assert(std::is_base_of_v<CKtFiler, CKtPatternFiler>);
+static_assert(sizeof(CKtPatternFiler) == sizeof(CKtFiler));  // no data of its own
 
 class PatternFiler : public FilerTest {
  protected:
