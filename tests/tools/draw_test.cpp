@@ -137,8 +137,8 @@ TEST(ToolDraw, DrawsBarsAsWideAsTheyAre) {
   EXPECT_NE(svg.find("stroke-width:5}"), std::string::npos);
 }
 
-// A hook of 90 degrees with a bend of radius 25 (2.5 diameters) and 150 along its axis: the tip is
-// 25 + (150 - 25 pi / 2) above the bar.
+// A hook of 90 degrees, bent with a radius of 25 (2.5 diameters) into the corner at the end of the
+// bar: its tip is 150 above that.
 TEST(ToolDraw, DrawsHooksUpAndDown) {
   const std::string hook = "<HookLength2 double=\"150\"/><HookAngle2 double=\"90\"/>";
   const std::string frame = line(0, -200, 200, 200);
@@ -147,12 +147,58 @@ TEST(ToolDraw, DrawsHooksUpAndDown) {
                               {"--scale", "1"}),
                  "bars");
   };
-  EXPECT_NE(bars("True").find("d=\"M8 208L108 208A25 25 0 0 0 133 183L133 72.27\""),
-            std::string::npos)
+  EXPECT_NE(bars("True").find("d=\"M8 208L83 208A25 25 0 0 0 108 183L108 58\""), std::string::npos)
       << bars("True");
-  EXPECT_NE(bars("False").find("d=\"M8 208L108 208A25 25 0 0 1 133 233L133 343.73\""),
+  EXPECT_NE(bars("False").find("d=\"M8 208L83 208A25 25 0 0 1 108 233L108 358\""),
             std::string::npos)
       << bars("False");
+}
+
+// Half a turn about a centre 25 before the end, and back for what is left of the length.
+TEST(ToolDraw, KeepsHooksOfMoreThanARightAngleBehindTheEndOfTheBar) {
+  const std::string hook =
+      "<HookLength2 double=\"60\"/><HookAngle2 double=\"180\"/><Hook2Up string=\"True\"/>";
+  const std::string bars =
+      layer(drawElements(straightBar(hook) + line(0, -200, 200, 200), {"--scale", "1"}), "bars");
+  EXPECT_NE(bars.find("d=\"M8 208L83 208A25 25 0 0 0 108 183A25 25 0 0 0 83 158L48 158\""),
+            std::string::npos)
+      << bars;
+}
+
+TEST(ToolDraw, BendsAHookThatIsShorterThanItsBendCloser) {
+  const std::string hook =
+      "<HookLength2 double=\"10\"/><HookAngle2 double=\"90\"/><Hook2Up string=\"True\"/>";
+  const std::string bars =
+      layer(drawElements(straightBar(hook) + line(0, -200, 200, 200), {"--scale", "1"}), "bars");
+  EXPECT_NE(bars.find("d=\"M8 208L98 208A10 10 0 0 0 108 198L108 198\""), std::string::npos)
+      << bars;
+}
+
+// A frame of 100 by 200, its first corner at the lower left, whichever way it runs round: both
+// hooks leave that corner at 45 degrees, upwards to the right.
+TEST(ToolDraw, TurnsTheHooksOfAFrameToItsInside) {
+  const auto links = [](const char* second, const char* third) {
+    return layer(
+        drawElements("<CKtZantoFrameRect><Point1 X=\"0\" Y=\"0\" Z=\"0\"/><Point2 " +
+                         std::string(second) + " Z=\"0\"/><Point3 " + third +
+                         " Z=\"0\"/><HookLength1 double=\"80\"/><HookAngle1 double=\"135\"/>"
+                         "<Diameter double=\"8\"/></CKtZantoFrameRect>",
+                     {"--scale", "1"}),
+        "links");
+  };
+  const std::regex tail("L([0-9.]+) ([0-9.]+)\"");
+  for (const std::string& svg : {links("X=\"100\" Y=\"0\"", "X=\"100\" Y=\"200\""),
+                                 links("X=\"0\" Y=\"200\"", "X=\"100\" Y=\"200\"")}) {
+    std::size_t tips = 0;
+    for (std::sregex_iterator at(svg.begin(), svg.end(), tail); at != std::sregex_iterator();
+         ++at) {
+      ++tips;
+      EXPECT_GT(std::stod((*at)[1]), 8.0 + 40.0) << svg;
+      EXPECT_LT(std::stod((*at)[2]), 8.0 + 200.0 - 40.0) << svg;
+      EXPECT_LT(std::stod((*at)[1]), 8.0 + 100.0) << svg;
+    }
+    EXPECT_EQ(tips, 2U) << svg;
+  }
 }
 
 TEST(ToolDraw, DrawsHiddenBarsDashedOrNot) {
@@ -174,6 +220,48 @@ TEST(ToolDraw, DrawsARepartitionAsADimensionLineWithAMarkAtEachBar) {
       << repartitions;
   // The bars, the line, and a stroke at each bar.
   EXPECT_EQ(count(repartitions, "M"), 5U + 1U + 5U);
+}
+
+// A second series at the place of the first finds room for its label elsewhere.
+TEST(ToolDraw, PutsNoLabelOverAnother) {
+  const std::string sample = sampleBytes();
+  const std::size_t begin = sample.find("<CKtZantoRepartition");
+  const std::string end = "</CKtZantoRepartition>";
+  const std::string series = sample.substr(begin, sample.find(end) + end.size() - begin);
+  const std::string svg = layer(draw(replaced(sample, series, series + series)), "repartitions");
+  const std::regex label("x=\"([0-9.]+)\" y=\"([0-9.]+)\"[^>]*>\\(6\\)");
+  std::vector<std::string> places;
+  for (std::sregex_iterator at(svg.begin(), svg.end(), label); at != std::sregex_iterator(); ++at)
+    places.push_back((*at)[1].str() + ' ' + (*at)[2].str());
+  ASSERT_EQ(places.size(), 2U) << svg;
+  EXPECT_NE(places[0], places[1]);
+}
+
+TEST(ToolDraw, ExplainsTheLinesThatItDrew) {
+  const std::string plain = layer(drawElements(straightBar("")), "title");
+  EXPECT_NE(plain.find(">bar</text>"), std::string::npos);
+  EXPECT_EQ(plain.find(">hidden</text>"), std::string::npos);
+  EXPECT_EQ(plain.find(">link</text>"), std::string::npos);
+  const std::string all = layer(draw(sampleBytes()), "title");
+  for (const char* const kind : {"formwork", "mesh", "bar", "link", "bar seen end-on", "hidden"})
+    EXPECT_NE(all.find('>' + std::string(kind) + "</text>"), std::string::npos) << kind;
+  EXPECT_EQ(layer(draw(sampleBytes(), {"--hidden", "solid"}), "title").find(">hidden<"),
+            std::string::npos);
+}
+
+// 500 units at 1:20 are 25 mm on the sheet.
+TEST(ToolDraw, HasAScaleToMeasureBy) {
+  const std::string title = layer(draw(sampleBytes()), "title");
+  EXPECT_NE(title.find(">500 mm</text>"), std::string::npos) << title;
+  EXPECT_NE(title.find("d=\"M357 274L382 274"), std::string::npos) << title;
+}
+
+TEST(ToolDraw, DrawsThePictureThatTheProjectShows) {
+  const std::string drawing =
+      std::string(QUORVAN_TEST_DATA) + "/../examples/drawings/beam-b12.json";
+  ASSERT_EQ(runTool({"write", drawing, "-o", "beam-b12.xml"}).err, "");
+  ASSERT_EQ(runTool({"draw", "beam-b12.xml", "-o", "beam.svg", "--scale", "25"}).err, "");
+  quorvan::test::expectGolden("../../../docs/images/beam-b12.svg", fileBytes("beam.svg"));
 }
 
 TEST(ToolDraw, TurnsAndAlignsTexts) {

@@ -54,6 +54,17 @@ class Workshop:
         return picture
 
 
+def read_twice(text):
+    """A JSON text as two readers have it, which must agree."""
+    value = json.loads(text)
+    other = subprocess.run([need("jq"), "."], input=text, capture_output=True, check=False)
+    if other.returncode != 0:
+        sys.exit(other.stderr.decode())
+    if json.loads(other.stdout) != value:
+        sys.exit("the readers differ over " + text[:200].decode())
+    return value
+
+
 def check_json(shop):
     try:
         import jsonschema
@@ -71,15 +82,15 @@ def check_json(shop):
     malformed.write_bytes(b"<Document>")
     for file in shop.files:
         for command, schema in (("info", "info"), ("bars", "bars"), ("list", "drawing")):
-            schemas[schema].validate(json.loads(run(shop.program, command, "--json", file)))
+            schemas[schema].validate(read_twice(run(shop.program, command, "--json", file)))
     findings = subprocess.run(
         [shop.program, "check", "--json", *shop.files, broken, malformed],
         capture_output=True, check=False)
-    schemas["check"].validate(json.loads(findings.stdout))
+    schemas["check"].validate(read_twice(findings.stdout))
     differences = subprocess.run(
         [shop.program, "diff", "--json", shop.files[0], shop.files[1]],
         capture_output=True, check=False)
-    schemas["diff"].validate(json.loads(differences.stdout))
+    schemas["diff"].validate(read_twice(differences.stdout))
     for path in [*(shop.project / "examples/drawings").glob("*.json")]:
         schemas["drawing"].validate(json.loads(path.read_text(encoding="utf-8")))
 
@@ -133,8 +144,8 @@ window.addEventListener('load', function () {
   document.querySelector('#bars tbody tr:nth-child(2)').click();
   result.rowFound = found();
   document.getElementById('whole').click();
-  const pin = Array.from(document.querySelectorAll('g[data-layer=bars] path'))[4];
-  const point = pin.getPointAtLength(pin.getTotalLength() / 2).matrixTransform(svg.getScreenCTM());
+  const bar = Array.from(document.querySelectorAll('g[data-layer=bars] path'))[5];
+  const point = bar.getPointAtLength(bar.getTotalLength() * 0.95).matrixTransform(svg.getScreenCTM());
   view.dispatchEvent(new MouseEvent('click', {bubbles: true, clientX: point.x, clientY: point.y}));
   result.element = text('element');
   const input = document.querySelector('#layers input[name=bars]');
@@ -144,6 +155,21 @@ window.addEventListener('load', function () {
   view.dispatchEvent(new WheelEvent('wheel', {deltaY: -300, clientX: 200, clientY: 200,
                                               bubbles: true, cancelable: true}));
   result.wheel = svg.getAttribute('viewBox') !== result.whole;
+  const box = function () { return svg.getAttribute('viewBox'); };
+  document.getElementById('whole').click();
+  view.setPointerCapture = function () {};  // there is no pointer to capture
+  const pointer = function (kind, x) {
+    view.dispatchEvent(new PointerEvent(kind, {pointerId: 1, clientX: x, clientY: 300, bubbles: true}));
+  };
+  pointer('pointerdown', 300);
+  pointer('pointermove', 340);
+  pointer('pointerup', 340);
+  result.panned = Number(box().split(' ')[0]) < 0 && box().endsWith(' 420 297');
+  document.getElementById('whole').click();
+  view.dispatchEvent(new KeyboardEvent('keydown', {key: '+'}));
+  result.key = Number(box().split(' ')[2]) < 420;
+  view.dispatchEvent(new KeyboardEvent('keydown', {key: '0'}));
+  result.zero = box() === result.whole;
   result.resources = performance.getEntriesByType('resource').length;
   document.body.setAttribute('data-result', JSON.stringify(result));
 });
@@ -156,6 +182,8 @@ def in_chromium(chromium, shop, page):
     dom = run(
         chromium, "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
         "--window-size=1400,900", f"--user-data-dir={shop.folder.resolve() / 'profile'}",
+        "--disable-quic", "--no-first-run", "--disable-background-networking",
+        "--disable-component-update", "--disable-sync",
         "--virtual-time-budget=4000", "--dump-dom", page.resolve().as_uri()).decode()
     return dom
 
@@ -174,8 +202,8 @@ def check_page(shop):
     result = json.loads(match.group(1).replace("&quot;", '"').replace("&amp;", "&"))
     print(json.dumps(result, indent=2, ensure_ascii=False))
     expected = {
-        "rows": 8, "layers": 13, "markMessage": "1 element of mark 6.", "off": "none",
-        "wheel": True, "resources": 0,
+        "rows": 8, "layers": 13, "markMessage": "2 elements of mark 6.", "off": "none",
+        "wheel": True, "panned": True, "key": True, "zero": True, "resources": 0,
     }
     for key, value in expected.items():
         if result[key] != value:
@@ -184,7 +212,7 @@ def check_page(shop):
         sys.exit("nothing was marked")
     if result["zoomed"] == result["whole"]:
         sys.exit("the search did not go to what it found")
-    if "pin, mark 4" not in result["element"] or "HookLength1" not in result["element"]:
+    if "polygon bar, mark 5" not in result["element"] or "HookLength1" not in result["element"]:
         sys.exit("a click did not show the element: " + result["element"])
 
 

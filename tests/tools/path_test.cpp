@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <numbers>
 
 #include <tools/draw/hooks.h>
@@ -82,33 +83,45 @@ HookShape hook(double angle, double length) {
   shape.angle = angle;
   shape.length = length;
   shape.radius = 2;
+  shape.room = 5;
   return shape;
 }
 
 Path withEndHook(const HookShape& shape) {
   Path path;
   path.moveTo({0, 0});
-  path.lineTo({10, 0});
+  path.lineTo(hookBegin(shape));
   endWithHook(path, shape);
   return path;
 }
 
 TEST(ToolHooks, BendAndRunOnToTheirLength) {
-  expectPoint(withEndHook(hook(kPi / 2, 10)).end(), 12, 2 + 10 - kPi);
-  expectPoint(withEndHook(hook(kPi, 10)).end(), 10 - (10 - 2 * kPi), 4);
+  expectPoint(withEndHook(hook(kPi / 2, 10)).end(), 10, 10);
+  expectPoint(withEndHook(hook(kPi, 10)).end(), 8 - (10 - 2), 4);
   expectPoint(withEndHook(hook(0, 10)).end(), 20, 0);
 }
 
 TEST(ToolHooks, BendToTheOtherSideForTheOtherSideOrAnAngleBelowZero) {
   HookShape shape = hook(kPi / 2, 10);
   shape.side = -1;
-  expectPoint(withEndHook(shape).end(), 12, -(2 + 10 - kPi));
-  expectPoint(withEndHook(hook(-kPi / 2, 10)).end(), 12, -(2 + 10 - kPi));
+  expectPoint(withEndHook(shape).end(), 10, -10);
+  expectPoint(withEndHook(hook(-kPi / 2, 10)).end(), 10, -10);
 }
 
-TEST(ToolHooks, AreAllBendWhereTheyAreShort) {
-  const Path path = withEndHook(hook(kPi / 2, 1));
-  expectPoint(path.end(), 10 + 2 / kPi, 2 / kPi);
+TEST(ToolHooks, AreBentIntoTheCornerAtTheEndOfTheBar) {
+  expectPoint(hookBegin(hook(kPi / 2, 10)), 8, 0);
+  expectPoint(hookBegin(hook(kPi, 10)), 8, 0);
+  expectPoint(hookBegin(hook(kPi / 4, 10)), 10 - 2 * std::tan(kPi / 8), 0);
+  expectPoint(hookBegin(hook(0, 10)), 10, 0);
+}
+
+TEST(ToolHooks, AreBentCloserWhereTheyOrTheirBarAreShort) {
+  expectPoint(withEndHook(hook(kPi / 2, 1)).end(), 10, 1);
+  expectPoint(hookBegin(hook(kPi / 2, 1)), 9, 0);
+  HookShape shape = hook(kPi / 2, 10);
+  shape.room = 1.5;
+  expectPoint(hookBegin(shape), 8.5, 0);
+  expectPoint(withEndHook(shape).end(), 10, 10);
 }
 
 TEST(ToolHooks, AreNoneWithoutLength) {
@@ -119,8 +132,8 @@ TEST(ToolHooks, AreNoneWithoutLength) {
 TEST(ToolHooks, BeginAtTheTip) {
   Path path;
   beginWithHook(path, hook(kPi / 2, 10));
-  expectPoint(path.steps().front().to, 12, 2 + 10 - kPi);
-  expectPoint(path.end(), 10, 0);
+  expectPoint(path.steps().front().to, 10, 10);
+  expectPoint(path.end(), 8, 0);
 }
 
 }  // namespace

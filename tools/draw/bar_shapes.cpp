@@ -57,6 +57,8 @@ HookShape hookOf(const Bar& bar, const std::vector<PlanePoint>& points, bool atS
   shape.angle = sink.context().radians(hook.angle);
   shape.length = hook.length * sink.sheet().factor();
   shape.radius = bendRadius(bar, sink.sheet());
+  // The other half of the last leg belongs to its other end.
+  shape.room = lengthOf(shape.end - (atStart ? points[1] : points[points.size() - 2])) / 2.0;
   return shape;
 }
 
@@ -84,7 +86,7 @@ double bendRadius(const Bar& bar, const Sheet& sheet) noexcept {
 }
 
 void drawBar(const Bar& bar, ShapeSink& sink) {
-  const std::vector<PlanePoint> points = pointsOf(bar, sink.sheet());
+  std::vector<PlanePoint> points = pointsOf(bar, sink.sheet());
   if (points.empty())
     return;
   const double width = penOf(bar.diameter, pen::kLeastBar, sink.sheet());
@@ -93,12 +95,16 @@ void drawBar(const Bar& bar, ShapeSink& sink) {
     sink.addCircle(Layer::kEndOn, {ink::kBars, 0.0, true}, points.front(), width / 2.0);
     return;
   }
+  const HookShape first = hookOf(bar, points, true, sink);
+  const HookShape last = hookOf(bar, points, false, sink);
+  points.front() = hookBegin(first);
+  points.back() = hookBegin(last);
   Path path;
-  beginWithHook(path, hookOf(bar, points, true, sink));
+  beginWithHook(path, first);
   Path line;
   line.addRounded(points, false, bendRadius(bar, sink.sheet()));
   path.append(line);
-  endWithHook(path, hookOf(bar, points, false, sink));
+  endWithHook(path, last);
   sink.addPath(Layer::kBars, {ink::kBars, width}, std::move(path));
 }
 

@@ -32,8 +32,7 @@ class Painter {
     cairo_paint(m_context);
     cairo_set_line_cap(m_context, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
-    cairo_select_font_face(m_context, "sans-serif", CAIRO_FONT_SLANT_NORMAL,
-                           CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_select_font_face(m_context, "Arial", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     for (const Shape& shape : m_scene.shapes)
       paint(shape);
   }
@@ -41,19 +40,29 @@ class Painter {
  private:
   void paint(const Shape& shape) {
     const Color& color = shape.style.color;
-    cairo_set_source_rgb(m_context, color.red / 255.0, color.green / 255.0, color.blue / 255.0);
+    setInk(color);
     if (shape.kind == Shape::Kind::kText)
-      return paintText(shape.lettering);
+      return paintText(shape);
     cairo_new_path(m_context);
     if (shape.kind == Shape::Kind::kCircle)
       cairo_arc(m_context, shape.center.x, down(shape.center.y), shape.radius, 0.0,
                 2.0 * std::numbers::pi);
     else
       trace(shape.path);
-    if (shape.style.isFilled)
+    if (shape.style.isFilled) {
       cairo_fill(m_context);
-    else
-      stroke(shape.style);
+      return;
+    }
+    if (shape.style.isOnPaper) {
+      cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
+      cairo_fill_preserve(m_context);
+      setInk(color);
+    }
+    stroke(shape.style);
+  }
+
+  void setInk(const Color& color) {
+    cairo_set_source_rgb(m_context, color.red / 255.0, color.green / 255.0, color.blue / 255.0);
   }
 
   void stroke(const Style& style) {
@@ -93,7 +102,8 @@ class Painter {
     arc(m_context, step.center.x, down(step.center.y), lengthOf(out), begin, end);
   }
 
-  void paintText(const Lettering& text) {
+  void paintText(const Shape& shape) {
+    const Lettering& text = shape.lettering;
     const PlanePoint base = baseOf(text);
     cairo_save(m_context);
     cairo_translate(m_context, base.x, down(base.y));
@@ -104,9 +114,23 @@ class Painter {
     const double share = text.alignX == AlignX::kCentre  ? 0.5
                          : text.alignX == AlignX::kRight ? 1.0
                                                          : 0.0;
-    cairo_move_to(m_context, -share * extents.x_advance, 0.0);
+    const double begin = -share * extents.x_advance;
+    if (shape.style.isOnPaper)
+      blankAround(text, begin);
+    setInk(shape.style.color);
+    cairo_move_to(m_context, begin, 0.0);
     cairo_show_text(m_context, text.text.c_str());
     cairo_restore(m_context);
+  }
+
+  void blankAround(const Lettering& text, double begin) {
+    cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
+    cairo_new_path(m_context);
+    cairo_move_to(m_context, begin, 0.0);
+    cairo_text_path(m_context, text.text.c_str());
+    cairo_set_dash(m_context, nullptr, 0, 0.0);
+    cairo_set_line_width(m_context, haloOf(text.height));
+    cairo_stroke(m_context);
   }
 
   [[nodiscard]] double down(double y) const { return m_scene.height - y; }

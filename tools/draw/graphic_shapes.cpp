@@ -1,6 +1,7 @@
 #include <tools/draw/element_shapes.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace quorvan::tool {
 
@@ -61,6 +62,7 @@ void drawText(const std::vector<ItemValue>& items, ShapeSink& sink) {
   text.angle = sink.context().radians(itemOf(items, "Angle").number);
   text.alignX = alignXOf(itemOf(items, "JustificationX").integer);
   text.alignY = alignYOf(itemOf(items, "JustificationY").integer);
+  sink.taken().take(boxesOf(text));
   sink.addText(Layer::kTexts, colorIn(items, sink), std::move(text));
 }
 
@@ -88,11 +90,13 @@ void drawMesh(const std::vector<ItemValue>& items, ShapeSink& sink) {
   const std::string& type = itemOf(items, "Type").text;
   Lettering name;
   name.text = reference + (reference.empty() || type.empty() ? "" : " \u2013 ") + type;
-  name.at = (first + across) * 0.5 + leftOf(direction);
   name.height = kMeshLettering;
   name.angle = std::atan2(direction.y, direction.x);
   name.alignX = AlignX::kCentre;
-  sink.addText(Layer::kMeshes, ink::kMeshes, std::move(name));
+  std::vector<PlanePoint> places;
+  for (const double share : {0.5, 0.35, 0.65, 0.2, 0.8})
+    places.push_back(first + (across - first) * share + leftOf(direction));
+  sink.addLabel(Layer::kMeshes, ink::kMeshes, std::move(name), places);
 }
 
 // The segments that join each other make one path.

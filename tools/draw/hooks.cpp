@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace quorvan::tool {
 
@@ -12,6 +13,7 @@ constexpr double kNoAngle = 1e-6;
 // The bend and the tip of a hook.
 struct Course {
   bool isBent = false;
+  PlanePoint begin;
   PlanePoint center;
   double sweep = 0.0;
   PlanePoint bendEnd;
@@ -20,25 +22,34 @@ struct Course {
 
 Course courseOf(const HookShape& hook) {
   Course course;
+  course.begin = course.bendEnd = course.tip = hook.end;
+  if (!(hook.length > 0.0))
+    return course;
   const double angle = std::abs(hook.angle);
   const double side = hook.angle < 0.0 ? -hook.side : hook.side;
   course.isBent = angle > kNoAngle;
   if (!course.isBent) {
-    course.bendEnd = hook.end;
     course.tip = hook.end + hook.direction * hook.length;
     return course;
   }
-  // A hook shorter than its bend is all bend.
-  const double radius = std::min(hook.radius, hook.length / angle);
+  // Beyond a right angle the bend goes on where it touches the end of the bar. A hook shorter than
+  // its bend is bent closer.
+  const double reach = std::tan(std::min(angle, std::numbers::pi / 2.0) / 2.0);
+  const double radius = std::min(hook.radius, std::min(hook.length, hook.room) / reach);
+  course.begin = hook.end - hook.direction * (radius * reach);
   course.sweep = side * angle;
-  course.center = hook.end + leftOf(hook.direction) * (side * radius);
-  course.bendEnd = course.center + turned(hook.end - course.center, course.sweep);
+  course.center = course.begin + leftOf(hook.direction) * (side * radius);
+  course.bendEnd = course.center + turned(course.begin - course.center, course.sweep);
   course.tip =
-      course.bendEnd + turned(hook.direction, course.sweep) * (hook.length - radius * angle);
+      course.bendEnd + turned(hook.direction, course.sweep) * (hook.length - radius * reach);
   return course;
 }
 
 }  // namespace
+
+PlanePoint hookBegin(const HookShape& hook) {
+  return courseOf(hook).begin;
+}
 
 void beginWithHook(Path& path, const HookShape& hook) {
   if (!(hook.length > 0.0))

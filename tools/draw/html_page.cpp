@@ -5,6 +5,7 @@
 #include <tools/draw/svg_writer.h>
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
+#include <tools/model/repartition.h>
 #include <tools/text/item_cells.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
@@ -29,19 +30,41 @@ std::string scriptJson(const Json& value) {
   return out;
 }
 
+// The marks by which elements are found: that of a bar, and of a repartition that of its bar.
+class MarkFinder {
+ public:
+  explicit MarkFinder(const TransferFile& file) : m_index(file), m_targets(file) {}
+
+  Json of(const Element& element, const std::vector<ItemValue>& items) {
+    if (const auto shape = barShapeOf(element.className()))
+      return toBar(*shape, items).reference;
+    if (element.className() != kRepartitionClass)
+      return {};
+    const Repartition series = toRepartition(items);
+    const Element* const target = m_index.find(series.className, series.index);
+    const auto shape = barShapeOf(series.className);
+    if (target == nullptr || !shape)
+      return {};
+    return toBar(*shape, m_targets.read(*target)).reference;
+  }
+
+ private:
+  ElementIndex m_index;
+  ItemReader m_targets;
+};
+
 // [class, index, description, mark or null, [[item, value], ...]]
-Json elementData(const TransferFile& file, const Element& element, ItemReader& reader) {
+Json elementData(const TransferFile& file, const Element& element, ItemReader& reader,
+                 MarkFinder& marks) {
   Json mark;
   Json rows = Json::array();
   std::string description = std::string(element.className());
   if (element.schema != nullptr) {
     const std::vector<ItemValue>& items = reader.read(element);
     description = describe(element, items);
-    for (const ItemValue& item : items) {
+    mark = marks.of(element, items);
+    for (const ItemValue& item : items)
       rows.push_back(Json::array({displayName(*item.schema), itemCell(item)}));
-      if (item.schema->name == "Reference" && barShapeOf(element.className()))
-        mark = item.integer;
-    }
   }
   return Json::array(
       {element.className(), file.indexOf(element), description, std::move(mark), std::move(rows)});
@@ -49,10 +72,11 @@ Json elementData(const TransferFile& file, const Element& element, ItemReader& r
 
 void writeElements(const TransferFile& file, std::ostream& out) {
   ItemReader reader(file);
+  MarkFinder marks(file);
   out << "{\"elements\": [";
   const char* separator = "\n";
   for (const Element& element : file.elements()) {
-    out << separator << scriptJson(elementData(file, element, reader));
+    out << separator << scriptJson(elementData(file, element, reader, marks));
     separator = ",\n";
   }
   out << "\n]";

@@ -1,7 +1,10 @@
 #include <tools/draw/element_shapes.h>
 
 #include <algorithm>
+#include <cmath>
 #include <numbers>
+
+#include <tools/draw/hooks.h>
 
 namespace quorvan::tool {
 
@@ -18,26 +21,18 @@ struct Link {
   double hookLength;
   double hookAngle;
 
-  void hook(PlanePoint from, PlanePoint direction) const {
+  // A hook at the end of a side that comes from `from`; 1 for one bent to the left.
+  void hook(PlanePoint from, PlanePoint end, double side, double radius) const {
     if (!(hookLength > 0.0))
       return;
+    const HookShape shape{end,    directionOf(end - from),   side, hookAngle, hookLength,
+                          radius, lengthOf(end - from) / 2.0};
     Path tail;
-    tail.moveTo(from);
-    tail.lineTo(from + direction * hookLength);
+    tail.moveTo(hookBegin(shape));
+    endWithHook(tail, shape);
     sink.addPath(Layer::kLinks, style, std::move(tail));
   }
 };
-
-// Two hooks at a corner, from the sides that come from `a` and `b`, bent to the inside.
-void hookCorner(const Link& link, PlanePoint corner, PlanePoint a, PlanePoint b) {
-  const PlanePoint fromA = directionOf(corner - a);
-  const PlanePoint fromB = directionOf(corner - b);
-  const double inside = crossOf(a - corner, b - corner) < 0.0 ? 1.0 : -1.0;
-  const double apart = kApart * link.diameter;
-  // The hook of a side begins where the other side passes.
-  link.hook(corner - fromB * apart, turned(fromA, -inside * link.hookAngle));
-  link.hook(corner - fromA * apart, turned(fromB, inside * link.hookAngle));
-}
 
 void drawFrame(const Link& link) {
   std::vector<PlanePoint> corners;
@@ -46,8 +41,13 @@ void drawFrame(const Link& link) {
   Path path;
   path.addRounded(corners, true, bendRadius(link.bar, link.sink.sheet()));
   link.sink.addPath(Layer::kLinks, link.style, std::move(path));
-  if (corners.size() == 4)
-    hookCorner(link, corners[0], corners[1], corners[3]);
+  if (corners.size() != 4)
+    return;
+  // Both sides that meet in the first corner end in a hook, bent to the inside.
+  const double side = crossOf(corners[1] - corners[0], corners[3] - corners[0]) > 0.0 ? -1.0 : 1.0;
+  const double radius = bendRadius(link.bar, link.sink.sheet());
+  link.hook(corners[1], corners[0], side, radius);
+  link.hook(corners[3], corners[0], -side, radius);
 }
 
 // The circle, the overlap just inside it, and a hook at each end of that.
@@ -72,8 +72,10 @@ void drawRing(const Link& link) {
     arc.arcTo(center, sweep);
     link.sink.addPath(Layer::kLinks, link.style, std::move(arc));
   }
-  link.hook(begin, turned(leftOf(out) * -1.0, -link.hookAngle));
-  link.hook(end, turned(leftOf(turned(out, sweep)), link.hookAngle));
+  // The hooks turn to the centre.
+  const double bend = bendRadius(link.bar, sheet);
+  link.hook(begin + leftOf(out) * inner, begin, -1.0, bend);
+  link.hook(end - leftOf(turned(out, sweep)) * inner, end, 1.0, bend);
 }
 
 // A long link about its axis, with round ends.
@@ -97,8 +99,14 @@ void drawStirrup(const Link& link) {
   path.arcTo(low, std::numbers::pi);
   path.close();
   link.sink.addPath(Layer::kLinks, link.style, std::move(path));
-  link.hook(high + across, turned(way, -link.hookAngle));
-  link.hook(high - across, turned(way, link.hookAngle));
+  // The file has no width: the hooks are shown as far as they stay between the legs.
+  Link inside = link;
+  const double bend = radius / 2.0;
+  const double rest = 2.0 * radius - bend * (1.0 - std::cos(link.hookAngle));
+  if (const double slope = std::abs(std::sin(link.hookAngle)); slope > 0.05)
+    inside.hookLength = std::min(link.hookLength, bend + rest / slope);
+  inside.hook(low + across, b + across, -1.0, bend);
+  inside.hook(low - across, b - across, 1.0, bend);
 }
 
 }  // namespace

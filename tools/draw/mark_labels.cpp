@@ -9,7 +9,6 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kCell = 10.0;      // mm
 constexpr double kBubble = 2.2;     // mm, radius
 constexpr double kLettering = 2.0;  // mm, height of capitals
 constexpr double kCharacter = 1.6;  // mm, width
@@ -23,33 +22,7 @@ bool isMark(const std::string& text) {
          std::ranges::all_of(text, [](char unit) { return unit >= '0' && unit <= '9'; });
 }
 
-std::int64_t cellOf(std::int64_t x, std::int64_t y) {
-  return x * 1000003 + y;
-}
-
 }  // namespace
-
-bool Occupancy::take(PlanePoint least, PlanePoint most) {
-  const auto cell = [](double place) {
-    return static_cast<std::int64_t>(std::floor(place / kCell));
-  };
-  std::vector<std::vector<Box>*> lists;
-  for (std::int64_t x = cell(least.x); x <= cell(most.x); ++x) {
-    for (std::int64_t y = cell(least.y); y <= cell(most.y); ++y)
-      lists.push_back(&m_cells[cellOf(x, y)]);
-  }
-  const auto overlaps = [&](const Box& box) {
-    return box.least.x < most.x && least.x < box.most.x && box.least.y < most.y &&
-           least.y < box.most.y;
-  };
-  for (const std::vector<Box>* const list : lists) {
-    if (std::ranges::any_of(*list, overlaps))
-      return false;
-  }
-  for (std::vector<Box>* const list : lists)
-    list->push_back({least, most});
-  return true;
-}
 
 MarkLabels::MarkLabels(const TransferFile& file, Marks marks) : m_marks(marks) {
   if (marks != Marks::kAuto)
@@ -114,25 +87,30 @@ void MarkLabels::drawOne(const Labelled& bar, ShapeSink& sink) {
       for (const double along : kAlong) {
         anchor = bar.from + (bar.to - bar.from) * along;
         center = anchor + across * away;
-        if (m_taken.take(center - PlanePoint{bubble, bubble},
-                         center + PlanePoint{width - bubble, bubble}))
-          return;
+        const SheetBox box{center - PlanePoint{bubble, bubble},
+                           center + PlanePoint{width - bubble, bubble}};
+        if (sink.taken().isFree({box}))
+          return sink.taken().take({box});
       }
     }
   };
   findRoom();
   sink.begin(bar.element, bar.isHidden);
   const Style style{ink::kMarks, pen::kThin};
+  Style bubbleStyle = style;
+  bubbleStyle.isOnPaper = true;
   Path leader;
   leader.moveTo(anchor);
   leader.lineTo(center - directionOf(center - anchor) * bubble);
   sink.addPath(Layer::kMarks, style, std::move(leader));
-  sink.addCircle(Layer::kMarks, style, center, bubble);
+  sink.addCircle(Layer::kMarks, bubbleStyle, center, bubble);
   sink.addText(Layer::kMarks, ink::kMarks,
                {mark, center, kLettering, 0.0, AlignX::kCentre, AlignY::kMiddle});
-  sink.addText(Layer::kMarks, ink::kMarks,
-               {size, center + PlanePoint{bubble + kGap, 0.0}, kLettering, 0.0, AlignX::kLeft,
-                AlignY::kMiddle});
+  const PlanePoint beside = center + PlanePoint{bubble + kGap, 0.0};
+  Style sizeStyle{ink::kMarks, 0.0, true};
+  sizeStyle.isOnPaper = true;
+  sink.addText(Layer::kMarks, sizeStyle,
+               {size, beside, kLettering, 0.0, AlignX::kLeft, AlignY::kMiddle});
 }
 
 }  // namespace quorvan::tool

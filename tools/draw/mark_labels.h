@@ -13,21 +13,6 @@
 
 namespace quorvan::tool {
 
-/// Which parts of the sheet are taken by marks already.
-class Occupancy {
- public:
-  /// Takes the box if none that was taken before overlaps it.
-  bool take(PlanePoint least, PlanePoint most);
-
- private:
-  struct Box {
-    PlanePoint least;
-    PlanePoint most;
-  };
-
-  std::unordered_map<std::int64_t, std::vector<Box>> m_cells;
-};
-
 class MarkLabels {
  public:
   MarkLabels(const TransferFile& file, Marks marks);
@@ -55,7 +40,6 @@ class MarkLabels {
   std::set<std::string> m_texts;  // that the drawing has
   std::vector<Labelled> m_bars;
   std::unordered_map<std::int64_t, std::size_t> m_places;  // of the marks among m_bars
-  Occupancy m_taken;
 };
 
 }  // namespace quorvan::tool

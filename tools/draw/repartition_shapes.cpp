@@ -23,6 +23,19 @@ std::string labelOf(const Repartition& series, const Bar* bar) {
   return spacing.empty() ? text : text + " / " + spacing;
 }
 
+// The places of a label along the line from `first` to `last`: above it, then below, then farther.
+std::vector<PlanePoint> placesAlong(PlanePoint first, PlanePoint last, PlanePoint up) {
+  constexpr double kShares[] = {0.5, 0.3, 0.7, 0.1, 0.9};
+  constexpr double kRows[] = {0.0, -1.0, 1.0, -2.0, 2.0, -3.0, 3.0};
+  constexpr double kRowHeight = kLettering + 2.0 * kAboveLine;
+  std::vector<PlanePoint> places;
+  for (const double row : kRows) {
+    for (const double share : kShares)
+      places.push_back(first + (last - first) * share + up * (kAboveLine + row * kRowHeight));
+  }
+  return places;
+}
+
 // A dimension line over the points: a stroke at each, and a text above its middle.
 void drawDimension(const std::vector<PlanePoint>& points, const std::string& label,
                    ShapeSink& sink) {
@@ -44,11 +57,11 @@ void drawDimension(const std::vector<PlanePoint>& points, const std::string& lab
     way = way * -1.0;
   Lettering text;
   text.text = label;
-  text.at = (points.front() + points.back()) * 0.5 + leftOf(way) * kAboveLine;
   text.height = kLettering;
   text.angle = std::atan2(way.y, way.x);
   text.alignX = AlignX::kCentre;
-  sink.addText(Layer::kRepartitions, ink::kRepartitions, std::move(text));
+  sink.addLabel(Layer::kRepartitions, ink::kRepartitions, std::move(text),
+                placesAlong(points.front(), points.back(), leftOf(way)));
 }
 
 // Where the bars cross the line of the series.
@@ -94,14 +107,15 @@ void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
   if (way.x < -1e-9)
     way = way * -1.0;
   const PlanePoint at = first + (last - first) * 0.25;
+  const PlanePoint up = leftOf(way) * kMarkLength;
   sink.addCircle(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, at, kMarkLength);
   Lettering text;
   text.text = labelOf(series, &bar);
-  text.at = at + leftOf(way) * (kMarkLength + kAboveLine);
   text.height = kLettering;
   text.angle = std::atan2(way.y, way.x);
   text.alignX = AlignX::kCentre;
-  sink.addText(Layer::kRepartitions, ink::kRepartitions, std::move(text));
+  sink.addLabel(Layer::kRepartitions, ink::kRepartitions, std::move(text),
+                placesAlong(at + up, at + up, leftOf(way)));
 }
 
 }  // namespace

@@ -20,10 +20,10 @@ enum class Layer : std::uint8_t {
   kFormwork,
   kLines,
   kCircles,
-  kRepartitions,
   kLinks,
   kBars,
   kEndOn,
+  kRepartitions,
   kTexts,
   kMarks,
   kTitle,
@@ -39,6 +39,7 @@ struct Style {
   double width = 0.0;
   bool isFilled = false;
   bool isDashed = false;
+  bool isOnPaper = false;  // what lies below is blanked: inside a circle, around a text
 
   friend bool operator==(const Style&, const Style&) = default;
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <tools/draw/element_shapes.h>
+#include <tools/draw/legend.h>
 #include <tools/draw/mark_labels.h>
 #include <tools/draw/title_block.h>
 #include <tools/model/item_reader.h>
@@ -51,12 +52,20 @@ class Builder {
         m_labels(file, options.marks) {}
 
   SceneResult build(Progress& progress) {
+    // The texts of the drawing have their places; labels make room for them.
+    const std::uint64_t total = m_file.elements().size();
     for (const Element& element : m_file.elements()) {
-      progress.report(element.place, m_file.elements().size());
-      if (element.schema != nullptr)
+      progress.report(element.place, 2 * total);
+      if (isText(element))
+        draw(element);
+    }
+    for (const Element& element : m_file.elements()) {
+      progress.report(total + element.place, 2 * total);
+      if (element.schema != nullptr && !isText(element))
         draw(element);
     }
     m_labels.draw(m_sink);
+    drawLegend(m_options, m_sink);
     drawTitleBlock(m_file, m_options, m_sink);
     SceneResult result;
     result.scene.width = m_sheet.width();
@@ -68,6 +77,8 @@ class Builder {
   }
 
  private:
+  static bool isText(const Element& element) { return element.className() == "CKtZantoText"; }
+
   void draw(const Element& element) {
     const std::vector<ItemValue>& items = m_reader.read(element);
     if (const auto shape = barShapeOf(element.className())) {

@@ -44,13 +44,32 @@ void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, do
   m_layers[static_cast<std::size_t>(layer)].push_back(std::move(shape));
 }
 
-void ShapeSink::addText(Layer layer, Color color, Lettering lettering) {
+void ShapeSink::addText(Layer layer, const Style& style, Lettering lettering) {
   if (!isPlaced(lettering.at) || !(std::abs(lettering.height) <= kFarthest) ||
       !std::isfinite(lettering.angle))
     return leaveOut();
-  Shape shape = shapeOn(layer, Shape::Kind::kText, {color, 0.0, true, false});
+  Shape shape = shapeOn(layer, Shape::Kind::kText, style);
   shape.lettering = std::move(lettering);
   m_layers[static_cast<std::size_t>(layer)].push_back(std::move(shape));
+}
+
+void ShapeSink::addLabel(Layer layer, Color color, Lettering lettering,
+                         std::span<const PlanePoint> places) {
+  if (places.empty())
+    return;
+  lettering.at = places.front();
+  for (const PlanePoint place : places) {
+    Lettering there = lettering;
+    there.at = place;
+    if (isPlaced(place) && m_taken.isFree(boxesOf(there))) {
+      lettering.at = place;
+      break;
+    }
+  }
+  m_taken.take(boxesOf(lettering));
+  Style style{color, 0.0, true};
+  style.isOnPaper = true;
+  addText(layer, style, std::move(lettering));
 }
 
 std::vector<Shape> ShapeSink::take() {

@@ -3,11 +3,13 @@
 
 #include <cstdint>
 #include <numbers>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <tools/draw/draw_options.h>
+#include <tools/draw/occupancy.h>
 #include <tools/draw/scene.h>
 #include <tools/draw/sheet.h>
 
@@ -57,11 +59,27 @@ class ShapeSink {
   void begin(std::uint32_t element, bool isHidden = false) {
     m_element = element;
     m_isHidden = isHidden;
+    m_hasHidden = m_hasHidden || isHidden;
   }
 
   void addPath(Layer layer, const Style& style, Path path);
   void addCircle(Layer layer, const Style& style, PlanePoint center, double radius);
-  void addText(Layer layer, Color color, Lettering lettering);
+  void addText(Layer layer, Color color, Lettering lettering) {
+    addText(layer, Style{color, 0.0, true}, std::move(lettering));
+  }
+  void addText(Layer layer, const Style& style, Lettering lettering);
+
+  /// Adds a text that the program puts there by itself, at the first of the places where it covers
+  /// no other text; at the first of all if there is none.
+  void addLabel(Layer layer, Color color, Lettering lettering, std::span<const PlanePoint> places);
+
+  /// What texts and marks cover. The texts of the drawing come first, wherever they stand in it.
+  [[nodiscard]] Occupancy& taken() noexcept { return m_taken; }
+
+  [[nodiscard]] bool has(Layer layer) const noexcept {
+    return !m_layers[static_cast<std::size_t>(layer)].empty();
+  }
+  [[nodiscard]] bool hasHidden() const noexcept { return m_hasHidden; }
 
   /// The shapes, by layer.
   [[nodiscard]] std::vector<Shape> take();
@@ -73,9 +91,11 @@ class ShapeSink {
   void leaveOut();
 
   DrawContext m_context;
+  Occupancy m_taken;
   std::vector<Shape> m_layers[kLayers];
   std::uint32_t m_element = kNoElement;
   bool m_isHidden = false;
+  bool m_hasHidden = false;
   std::uint32_t m_lastLeftOut = kNoElement;
   std::uint64_t m_leftOut = 0;
 };

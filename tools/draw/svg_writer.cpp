@@ -13,6 +13,7 @@ namespace quorvan::tool {
 namespace {
 
 constexpr int kDecimals = 3;  // of a millimetre
+constexpr const char* kPaper = "#ffffff";
 
 std::string number(double value) {
   return rounded(value, kDecimals);
@@ -37,10 +38,13 @@ class StyleSheet {
            "svg{font-family:Arial,Helvetica,\"Liberation Sans\",sans-serif;"
            "stroke-linecap:round;stroke-linejoin:round}\n";
     for (const auto& [place, key] : m_order) {
-      const auto& [color, width, isFilled, isDashed] = key;
-      out << ".s" << place << '{' << (isFilled ? "fill:" + color : "fill:none");
+      const auto& [color, width, isFilled, isDashed, isOnPaper] = key;
+      const std::string fill = isFilled ? color : isOnPaper ? kPaper : "none";
+      out << ".s" << place << "{fill:" << fill;
       if (width > 0.0)
         out << ";stroke:" << color << ";stroke-width:" << number(width);
+      if (isFilled && isOnPaper)
+        out << ";paint-order:stroke;stroke:" << kPaper;
       if (isDashed)
         out << ";stroke-dasharray:" << number(dashOf(width)) << ' ' << number(dashOf(width) * 0.75)
             << ";stroke-linecap:butt";
@@ -50,10 +54,10 @@ class StyleSheet {
   }
 
  private:
-  using Key = std::tuple<std::string, double, bool, bool>;
+  using Key = std::tuple<std::string, double, bool, bool, bool>;
 
   static Key keyOf(const Style& style) {
-    return {webColor(style.color), style.width, style.isFilled, style.isDashed};
+    return {webColor(style.color), style.width, style.isFilled, style.isDashed, style.isOnPaper};
   }
 
   std::map<Key, std::size_t> m_numbers;
@@ -164,6 +168,8 @@ class Writer {
     m_out << "<text" << common(shape) << " x=\"" << number(base.x) << "\" y=\""
           << number(m_scene.height - base.y) << "\" font-size=\"" << number(fontSizeOf(text.height))
           << '"';
+    if (shape.style.isOnPaper)
+      m_out << " stroke-width=\"" << number(haloOf(text.height)) << '"';
     if (text.alignX != AlignX::kLeft)
       m_out << " text-anchor=\"" << (text.alignX == AlignX::kCentre ? "middle" : "end") << '"';
     const double degrees = -text.angle * 180.0 / std::numbers::pi;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <tools/console/terminal.h>
+#include <tools/draw/lettering_metrics.h>
 #include <tools/model/item_reader.h>
 #include <tools/text/number_text.h>
 #include <tools/text/table.h>
@@ -11,9 +12,8 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kHeading = 1.5;      // mm, height of capitals
-constexpr double kLettering = 2.4;    // mm
-constexpr double kLetterWidth = 0.8;  // of the height
+constexpr double kHeading = 1.5;    // mm, height of capitals
+constexpr double kLettering = 2.4;  // mm
 
 struct Field {
   std::string heading;
