@@ -74,12 +74,12 @@ TEST(ToolSpacing, IsToldInRuns) {
 }
 
 TEST(ToolElementLines, FindElementsByTheirPlace) {
-  const std::string json =
+  const std::string input =
       "{\"drawing\": {\"name\": \"\\\"elements\\\": [{\"},\n\"elements\":\n[{\"a\": "
       "[1,\n{}]},\n\n{}]}";
-  EXPECT_EQ(quorvan::tool::lineOfElement(json, 0), 3U);
-  EXPECT_EQ(quorvan::tool::lineOfElement(json, 1), 6U);
-  EXPECT_EQ(quorvan::tool::lineOfElement(json, 2), 0U);
+  EXPECT_EQ(quorvan::tool::lineOfElement(input, 0), 3U);
+  EXPECT_EQ(quorvan::tool::lineOfElement(input, 1), 6U);
+  EXPECT_EQ(quorvan::tool::lineOfElement(input, 2), 0U);
 }
 
 }  // namespace
