@@ -131,7 +131,7 @@ window.addEventListener('load', function () {
   const svg = document.querySelector('main svg');
   const text = function (id) { return document.getElementById(id).textContent; };
   const view = document.getElementById('view');
-  const found = function () { return svg.querySelectorAll('.found').length; };
+  const found = function () { return svg.querySelectorAll('.found[data-e]').length; };
   result.rows = document.querySelectorAll('#bars tbody tr').length;
   result.layers = document.querySelectorAll('#layers input').length;
   document.getElementById('mark').value = '6';
@@ -141,6 +141,10 @@ window.addEventListener('load', function () {
   result.zoomed = svg.getAttribute('viewBox');
   document.getElementById('whole').click();
   result.whole = svg.getAttribute('viewBox');
+  document.getElementById('mark').value = '1';
+  document.querySelector('#search button').click();
+  result.strokes = Array.from(svg.querySelectorAll('g[data-layer=bars] .found')).map(
+      function (bar) { return getComputedStyle(bar).stroke; });
   document.querySelector('#bars tbody tr:nth-child(2)').click();
   result.rowFound = found();
   document.getElementById('whole').click();
@@ -191,7 +195,8 @@ def in_chromium(chromium, shop, page):
 def check_page(shop):
     chromium = shutil.which("chromium") or need("google-chrome")
     sample = [file for file in shop.files if file.stem == "sample"][0]
-    page = shop.draw(sample, ".html", "--marks", "all")
+    # At this scale bars of 16 are drawn as wide as lines are without a width of their own.
+    page = shop.draw(sample, ".html", "--marks", "all", "--sheet", "A3", "--scale", "16")
     probed = page.with_name("probed.html")
     probed.write_text(
         page.read_text(encoding="utf-8").replace("</body>", PROBE), encoding="utf-8")
@@ -202,7 +207,7 @@ def check_page(shop):
     result = json.loads(match.group(1).replace("&quot;", '"').replace("&amp;", "&"))
     print(json.dumps(result, indent=2, ensure_ascii=False))
     expected = {
-        "rows": 8, "layers": 13, "markMessage": "2 elements of mark 6.", "off": "none",
+        "rows": 8, "strokes": ["rgb(255, 138, 0)"] * 2, "layers": 13, "markMessage": "2 elements of mark 6.", "off": "none",
         "wheel": True, "panned": True, "key": True, "zero": True, "resources": 0,
     }
     for key, value in expected.items():

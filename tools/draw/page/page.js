@@ -107,7 +107,12 @@
     shapesOf.get(place).push(shape);
   });
 
+  // What is found lies on top as well, where no other bar covers it.
+  const above = document.createElementNS('http://www.w3.org/2000/svg', 'g');
+  svg.appendChild(above);
+
   function clear() {
+    while (above.firstChild) { above.removeChild(above.firstChild); }
     document.querySelectorAll('.found').forEach(function (one) {
       one.classList.remove('found', 'filled');
     });
@@ -117,10 +122,15 @@
   function mark(places) {
     places.forEach(function (place) {
       (shapesOf.get(place) || []).forEach(function (shape) {
+        if (getComputedStyle(shape).stroke === 'none') { shape.classList.add('filled'); }
         shape.classList.add('found');
-        if (getComputedStyle(shape).strokeWidth === '1px' && !shape.getAttribute('stroke')) {
-          shape.classList.add('filled');
-        }
+        const copy = shape.cloneNode(true);
+        const layer = shape.closest('g[data-layer]');
+        copy.removeAttribute('data-e');
+        copy.setAttribute('data-of', layer.dataset.layer);
+        copy.setAttribute('pointer-events', 'none');
+        if (layer.classList.contains('off')) { copy.classList.add('off'); }
+        above.appendChild(copy);
       });
     });
   }
@@ -240,7 +250,12 @@
   }
 
   svg.querySelectorAll('g[data-layer]').forEach(function (group) {
-    addSwitch(group.dataset.layer, function (isOff) { group.classList.toggle('off', isOff); });
+    addSwitch(group.dataset.layer, function (isOff) {
+      group.classList.toggle('off', isOff);
+      above.querySelectorAll('[data-of="' + group.dataset.layer + '"]').forEach(function (copy) {
+        copy.classList.toggle('off', isOff);
+      });
+    });
   });
   if (svg.querySelector('.hidden-bar')) {
     addSwitch('hidden bars', function (isOff) {
