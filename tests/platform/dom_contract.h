@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-#include <quorvan/platform/dom.h>
 #include <tests/support/com_initialization.h>
+#include <quorvan/platform/dom.h>
 
 namespace quorvan::test {
 
