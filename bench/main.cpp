@@ -17,7 +17,8 @@ struct Options {
   std::string folder = "/dev/shm";  // a memory file system: the disk is not what is measured
   std::string json;
   std::vector<std::string> only;
-  bool peersAlone = false;
+  std::vector<std::string> parts{"peers", "growth", "hidden"};
+  bool processorTime = false;
 };
 
 bool isWanted(const Options& options, const bench::Peer& peer) {
@@ -124,7 +125,10 @@ Options parse(int argc, char** argv) {
   app.add_option("--folder", options.folder, "where the files are written")->capture_default_str();
   app.add_option("--json", options.json, "also write the results to this file");
   app.add_option("--only", options.only, "measure only the peers whose names begin so");
-  app.add_flag("--peers-alone", options.peersAlone, "leave out growth and hidden bars");
+  app.add_option("--part", options.parts, "measure only these of: peers, growth, hidden")
+      ->check(CLI::IsMember({"peers", "growth", "hidden"}));
+  app.add_flag("--processor-time", options.processorTime,
+               "measure processor time: for a machine that does other work as well");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -137,13 +141,23 @@ Options parse(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   const Options options = parse(argc, argv);
+  if (options.processorTime) {
+    bench::measureProcessorTime();
+  }
   try {
     bench::Report report;
     report.elements = static_cast<double>(options.elements);
     report.rounds = options.rounds;
-    measurePeers(options, bench::makeDrawing(options.elements), report);
-    if (!options.peersAlone) {
+    const auto isWantedPart = [&](const char* part) {
+      return std::find(options.parts.begin(), options.parts.end(), part) != options.parts.end();
+    };
+    if (isWantedPart("peers")) {
+      measurePeers(options, bench::makeDrawing(options.elements), report);
+    }
+    if (isWantedPart("growth")) {
       measureGrowth(options, report);
+    }
+    if (isWantedPart("hidden")) {
       measureHidden(options, report);
     }
     bench::printTable(report);

@@ -1,6 +1,7 @@
 #include "measure.h"
 
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -8,6 +9,14 @@
 namespace bench {
 
 namespace {
+
+clockid_t theClock = CLOCK_MONOTONIC;
+
+double now() {
+  timespec time = {};
+  clock_gettime(theClock, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
 
 // A figure of /proc/self/status, in bytes; negative when it is not there.
 double statusBytes(const std::string& key) {
@@ -32,6 +41,16 @@ double peakInThisProcess(const std::function<void()>& work) {
 }
 
 }  // namespace
+
+double seconds(const std::function<void()>& work) {
+  const double start = now();
+  work();
+  return now() - start;
+}
+
+void measureProcessorTime() {
+  theClock = CLOCK_PROCESS_CPUTIME_ID;
+}
 
 double peakBytes(const std::function<void()>& work) {
   int ends[2];

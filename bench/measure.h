@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -10,12 +9,11 @@
 
 namespace bench {
 
-/// Seconds that `work` takes.
-inline double seconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
+/// Seconds that `work` takes: those that pass, or the processor time of this process.
+double seconds(const std::function<void()>& work);
+
+/// From now on seconds() gives processor time, which other programs on the machine disturb less.
+void measureProcessorTime();
 
 inline double median(std::vector<double> values) {
   std::sort(values.begin(), values.end());

@@ -64,9 +64,15 @@ void printHidden(const Report& report) {
 }  // namespace
 
 void printTable(const Report& report) {
-  printPeers(report);
-  printGrowth(report);
-  printHidden(report);
+  if (!report.peers.empty()) {
+    printPeers(report);
+  }
+  if (!report.growth.empty()) {
+    printGrowth(report);
+  }
+  if (!report.hidden.empty()) {
+    printHidden(report);
+  }
 }
 
 void writeJson(const Report& report, const std::string& path) {
