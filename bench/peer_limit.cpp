@@ -16,7 +16,8 @@ namespace {
 
 class LimitSink {
  public:
-  explicit LimitSink(std::size_t capacity) : m_buffer(std::make_unique<char[]>(capacity)) {
+  explicit LimitSink(std::size_t capacity)
+      : m_buffer(std::make_unique_for_overwrite<char[]>(capacity)) {
     m_at = m_buffer.get();
   }
 
@@ -193,7 +194,8 @@ void writeLimit(const Drawing& drawing, const std::string& path) {
 
 std::uint64_t readLimit(const std::string& path) {
   const std::size_t size = std::filesystem::file_size(path);
-  const auto buffer = std::make_unique<char[]>(size + 1);
+  const auto buffer = std::make_unique_for_overwrite<char[]>(size + 1);
+  buffer[size] = '\0';
   std::FILE* file = std::fopen(path.c_str(), "rb");
   if (file == nullptr || std::fread(buffer.get(), 1, size, file) != size) {
     throw std::runtime_error("cannot read " + path);
