@@ -2,6 +2,7 @@
 // the same tree.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <string_view>
@@ -226,21 +227,30 @@ class RandomDocument {
   std::mt19937 m_random;
 };
 
+// QUORVAN_TEST_DOCUMENTS asks for a longer random run.
+int documentCount(int usual) {
+  const char* const asked = std::getenv("QUORVAN_TEST_DOCUMENTS");
+  return asked != nullptr ? std::atoi(asked) : usual;
+}
+
 TEST_F(PlainScanner, AgreesOnRandomDocuments) {
-  for (unsigned seed = 0; seed < 1000; ++seed)
-    ASSERT_NE(agreed(RandomDocument(seed).make()), "");
-  EXPECT_GT(m_scanned, 900);
+  const int count = documentCount(1000);
+  for (int i = 0; i < count; ++i)
+    ASSERT_NE(agreed(RandomDocument(static_cast<unsigned>(i)).make()), "");
+  EXPECT_GT(m_scanned, count * 0.9);
 }
 
 TEST_F(PlainScanner, AgreesOnDamagedDocuments) {
-  for (unsigned seed = 0; seed < 4000; ++seed) {
+  const int count = documentCount(4000);
+  for (int i = 0; i < count; ++i) {
+    const auto seed = static_cast<unsigned>(i);
     RandomDocument document(seed);
     const std::string file = document.make();
     agreed(document.damaged(file));
     if (HasFailure())
       return;
   }
-  EXPECT_GT(m_scanned, 500);
+  EXPECT_GT(m_scanned, count / 8);
 }
 
 }  // namespace
