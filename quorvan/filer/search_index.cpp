@@ -13,7 +13,7 @@ namespace {
 constexpr char kSeparator = '\x01';
 
 // The key of the values in `text` as far as the attribute at `position`.
-std::uint64_t keyOf(const std::string& text, std::size_t position) {
+std::uint64_t keyOf(std::string_view text, std::size_t position) {
   return std::hash<std::string_view>{}(text) ^ (0x9E3779B97F4A7C15ULL * (position + 1));
 }
 
@@ -22,14 +22,14 @@ std::uint64_t keyOf(const std::string& text, std::size_t position) {
 SearchIndex::Search SearchIndex::search(const IXMLDOMNodePtr& root, const dom::Name& className,
                                         const IXMLDOMNodePtr& patternClass) {
   try {
-    const Pattern pattern = readPattern(patternClass);
-    ClassEntry& entry = m_classes[std::string(className.text())];
+    readPattern(patternClass);
+    ClassEntry& entry = entryFor(className);
     takeInElements(entry, root, className);
-    Table& table = tableFor(entry, pattern);
+    Table& table = tableFor(entry, patternClass);
     while (table.nextInChain.size() < entry.elements.size()) {
       indexElement(table, entry.elements[table.nextInChain.size()]);
     }
-    return {entry, table, pattern};
+    return {entry, table, m_pattern};
   } catch (...) {
     // An element may be half taken in: no revision of a document is 0, so the next search makes
     // a new index.
@@ -38,32 +38,38 @@ SearchIndex::Search SearchIndex::search(const IXMLDOMNodePtr& root, const dom::N
   }
 }
 
-SearchIndex::Pattern SearchIndex::readPattern(const IXMLDOMNodePtr& patternClass) {
-  Pattern pattern;
-  for (IXMLDOMNodePtr item = dom::firstChild(patternClass); item != nullptr && pattern.canMatch;
+void SearchIndex::readPattern(const IXMLDOMNodePtr& patternClass) {
+  m_pattern.form.clear();
+  m_pattern.values.clear();
+  m_pattern.ends.clear();
+  m_pattern.canMatch = true;
+  for (IXMLDOMNodePtr item = dom::firstChild(patternClass); item != nullptr && m_pattern.canMatch;
        item = dom::nextSibling(item)) {
-    pattern.canMatch = appendItem(item, pattern);
+    m_pattern.canMatch = appendItem(item);
   }
-  pattern.form += pattern.canMatch ? '+' : '-';
-  return pattern;
+  m_pattern.form += m_pattern.canMatch ? '+' : '-';
 }
 
 // Takes one item into the pattern. False when the item, whatever the document holds, never matches.
-bool SearchIndex::appendItem(const IXMLDOMNodePtr& item, Pattern& pattern) {
+bool SearchIndex::appendItem(const IXMLDOMNodePtr& item) {
   if (!dom::hasAttributes(item)) {
     return false;
   }
   const dom::NodeName name = dom::nodeName(item);
-  PatternItem& added = pattern.items.emplace_back();
-  added.name = name.view().text();
-  pattern.form.append(added.name).push_back(kSeparator);
+  m_pattern.form.append(name.view().text()).push_back(kSeparator);
   dom::AttributeCursor attributes(item);
   while (attributes.next()) {
-    added.attributes.emplace_back(attributes.name().text());
-    pattern.form.append("@").append(added.attributes.back()).push_back(kSeparator);
-    attributes.value().appendTo(pattern.values.emplace_back());
+    m_pattern.form.append("@").append(attributes.name().text()).push_back(kSeparator);
+    attributes.value().appendTo(m_pattern.values);
+    m_pattern.values.push_back(kSeparator);
+    m_pattern.ends.push_back(m_pattern.values.size());
   }
   return filer::descendantsHaveAttributes(item);
+}
+
+SearchIndex::ClassEntry& SearchIndex::entryFor(const dom::Name& className) {
+  const auto found = m_classes.find(className.text());
+  return found != m_classes.end() ? found->second : m_classes[std::string(className.text())];
 }
 
 void SearchIndex::takeInElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
@@ -77,16 +83,28 @@ void SearchIndex::takeInElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
   }
 }
 
-SearchIndex::Table& SearchIndex::tableFor(ClassEntry& entry, const Pattern& pattern) {
-  const auto found =
-      std::find_if(entry.tables.begin(), entry.tables.end(),
-                   [&](const Table& table) { return table.pattern.form == pattern.form; });
+// The table for the form of the pattern that was read last, which is that of `patternClass`.
+SearchIndex::Table& SearchIndex::tableFor(ClassEntry& entry, const IXMLDOMNodePtr& patternClass) {
+  const auto found = std::find_if(entry.tables.begin(), entry.tables.end(),
+                                  [&](const Table& table) { return table.form == m_pattern.form; });
   if (found != entry.tables.end()) {
     return *found;
   }
-  Table& table = entry.tables.emplace_back();
-  table.pattern = pattern;
-  return table;
+  Table table;
+  table.form = m_pattern.form;
+  table.canMatch = m_pattern.canMatch;
+  for (IXMLDOMNodePtr item = dom::firstChild(patternClass);
+       item != nullptr && dom::hasAttributes(item); item = dom::nextSibling(item)) {
+    Item& added = table.items.emplace_back(Item{KnownName(dom::nodeName(item)), {}});
+    dom::AttributeCursor attributes(item);
+    while (attributes.next()) {
+      added.attributes.emplace_back(attributes.name());
+    }
+    if (!filer::descendantsHaveAttributes(item)) {
+      break;
+    }
+  }
+  return entry.tables.emplace_back(std::move(table));
 }
 
 // Compares the element with an imagined pattern of its own values, as far as that goes: to a
@@ -95,16 +113,17 @@ SearchIndex::Table& SearchIndex::tableFor(ClassEntry& entry, const Pattern& patt
 void SearchIndex::indexElement(Table& table, const IXMLDOMNodePtr& element) {
   const std::size_t place = table.nextInChain.size();
   table.nextInChain.push_back(kNone);
-  std::string values;
+  std::string& values = m_values;
+  values.clear();
   std::size_t position = 0;
-  for (const PatternItem& item : table.pattern.items) {
-    const IXMLDOMNodePtr child = dom::firstChildNamed(element, dom::Name(item.name));
+  for (const Item& item : table.items) {
+    const IXMLDOMNodePtr child = dom::firstChildNamed(element, item.name.name());
     if (child == nullptr || !dom::hasAttributes(child)) {
       return;
     }
-    for (const std::string& name : item.attributes) {
+    for (const KnownName& attribute : item.attributes) {
       dom::AttributeValue value;
-      if (!dom::attribute(child, dom::Name(name), value)) {
+      if (!dom::attribute(child, attribute.name(), value)) {
         const auto gap = std::lower_bound(table.gaps.begin(), table.gaps.end(), position);
         if (gap == table.gaps.end() || *gap != position) {
           table.gaps.insert(gap, position);
@@ -117,7 +136,7 @@ void SearchIndex::indexElement(Table& table, const IXMLDOMNodePtr& element) {
       ++position;
     }
   }
-  if (table.pattern.canMatch) {
+  if (table.canMatch) {
     link(table, keyOf(values, kNone), place);
   }
 }
@@ -132,14 +151,11 @@ void SearchIndex::link(Table& table, std::uint64_t key, std::size_t element) {
 
 SearchIndex::Search::Search(const ClassEntry& entry, const Table& table, const Pattern& pattern)
     : m_entry(&entry), m_table(&table) {
-  std::string values;
-  auto gap = table.gaps.begin();
-  for (std::size_t position = 0; position < pattern.values.size(); ++position) {
-    if (gap != table.gaps.end() && *gap == position) {
-      addCandidates(keyOf(values, position));
-      ++gap;
+  const std::string_view values = pattern.values;
+  for (const std::size_t gap : table.gaps) {
+    if (gap < pattern.ends.size()) {
+      addCandidates(keyOf(values.substr(0, gap == 0 ? 0 : pattern.ends[gap - 1]), gap));
     }
-    values.append(pattern.values[position]).push_back(kSeparator);
   }
   if (pattern.canMatch) {
     addCandidates(keyOf(values, kNone));

@@ -13,7 +13,10 @@
 // many (two values of one hash), never one too few; the caller compares each in full.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -38,16 +41,27 @@ class SearchIndex {
                 const IXMLDOMNodePtr& patternClass);
 
  private:
-  struct PatternItem {
-    std::string name;
-    std::vector<std::string> attributes;
+  // A name with its hash, which is wanted for every element.
+  class KnownName {
+   public:
+    explicit KnownName(const dom::Name& name) : m_text(name.text()), m_hash(name.hash()) {}
+    [[nodiscard]] dom::Name name() const noexcept { return {m_text, m_hash}; }
+
+   private:
+    std::string m_text;
+    std::uint32_t m_hash;
+  };
+
+  struct Item {
+    KnownName name;
+    std::vector<KnownName> attributes;
   };
 
   // What of a pattern can take part in a match: its items up to the first that never matches.
   struct Pattern {
-    std::vector<PatternItem> items;
-    std::vector<std::string> values;  // of all attributes of all items, in order
-    std::string form;                 // the names, one text for comparing forms
+    std::string form;               // the names of the items and their attributes
+    std::string values;             // of all attributes of all items, in order
+    std::vector<std::size_t> ends;  // of each value in `values`
     bool canMatch = true;
   };
 
@@ -57,8 +71,11 @@ class SearchIndex {
     std::size_t last;
   };
 
+  // For the patterns of one form.
   struct Table {
-    Pattern pattern;                                  // of the form; its values do not count
+    std::string form;
+    std::vector<Item> items;
+    bool canMatch;
     std::unordered_map<std::uint64_t, Chain> chains;  // by key
     std::vector<std::size_t> nextInChain;             // by element; kNone at the end
     std::vector<std::size_t> gaps;                    // positions of missing attributes, ascending
@@ -71,16 +88,20 @@ class SearchIndex {
 
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-  static Pattern readPattern(const IXMLDOMNodePtr& patternClass);
-  static bool appendItem(const IXMLDOMNodePtr& item, Pattern& pattern);
+  void readPattern(const IXMLDOMNodePtr& patternClass);
+  bool appendItem(const IXMLDOMNodePtr& item);
+  ClassEntry& entryFor(const dom::Name& className);
   static void takeInElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
                              const dom::Name& className);
-  static Table& tableFor(ClassEntry& entry, const Pattern& pattern);
-  static void indexElement(Table& table, const IXMLDOMNodePtr& element);
+  Table& tableFor(ClassEntry& entry, const IXMLDOMNodePtr& patternClass);
+  void indexElement(Table& table, const IXMLDOMNodePtr& element);
   static void link(Table& table, std::uint64_t key, std::size_t element);
 
   std::uint64_t m_revision;
-  std::unordered_map<std::string, ClassEntry> m_classes;
+  std::map<std::string, ClassEntry, std::less<>> m_classes;
+  // Of one search or element; kept from one to the next for the memory that they hold.
+  Pattern m_pattern;
+  std::string m_values;
 };
 
 /// One search: the elements to compare, in document order. The last element of the class name is
