@@ -42,8 +42,8 @@ int CKtFiler::CreateClass(const dom::Name& className, int version) {
     return 0;
   }
   // Counted only when the attribute is there: an element that could not be made has no index.
-  const auto counted = m_classCounts.find(className.text());
-  const int index = counted != m_classCounts.end() ? changedCount(counted->second, 1) : 1;
+  const int* const counted = m_classCounts.find(className);
+  const int index = counted != nullptr ? changedCount(*counted, 1) : 1;
   if (!dom::addAttribute(m_document, m_currentClass, "index", static_cast<std::int16_t>(index))) {
     return 0;
   }
@@ -63,9 +63,8 @@ int CKtFiler::endClass() {
     }
     dom::append(root, m_currentClass);
     const dom::NodeName name = dom::nodeName(m_currentClass);
-    const auto found = m_classCounts.find(name.view().text());
-    if (found != m_classCounts.end()) {
-      result = found->second;
+    if (const int* const counted = m_classCounts.find(name); counted != nullptr) {
+      result = *counted;
     }
     m_currentClass = nullptr;
   }
@@ -79,12 +78,12 @@ int CKtFiler::beginClass(CString className) {
 
 int CKtFiler::openClass(const dom::Name& className) {
   m_writing = 0;
-  const auto found = m_classCounts.find(className.text());
-  if (found == m_classCounts.end() || found->second == 0) {
+  int* const unread = m_classCounts.find(className);
+  if (unread == nullptr || *unread == 0) {
     return 0;
   }
   // Counted as read even if it is not found; the next scope written counts afresh.
-  found->second = changedCount(found->second, -1);
+  *unread = changedCount(*unread, -1);
   m_mapLoaded = 0;
   return FindClass(className);
 }
@@ -133,8 +132,8 @@ int CKtFiler::getLastUsedIndex() {
     return -1;
   }
   const dom::NodeName name = dom::nodeName(m_currentClass);
-  const auto found = m_classCounts.find(name.view().text());
-  return found != m_classCounts.end() ? changedCount(found->second, 1) : 0;
+  const int* const counted = m_classCounts.find(name);
+  return counted != nullptr ? changedCount(*counted, 1) : 0;
 }
 
 IXMLDOMNodePtr CKtFiler::GetNamedChild(const IXMLDOMNodePtr& node, const dom::Name& name) {

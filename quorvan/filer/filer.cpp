@@ -1,7 +1,6 @@
 // The filer's document: opening, saving, the class counts and the root element.
 #include <quorvan/filer/filer.h>
 
-#include <quorvan/filer/class_count.h>
 #include <quorvan/filer/search_index.h>
 #include <quorvan/geometry/module_prompts.h>
 #include <quorvan/platform/com.h>
@@ -10,7 +9,7 @@
 #include <quorvan/platform/prompts.h>
 
 namespace dom = quorvan::dom;
-using quorvan::filer::changedCount;
+using quorvan::filer::ClassCounts;
 
 namespace {
 
@@ -27,19 +26,12 @@ void showMissingServicePrompt(const CString& prompt) {
 // Adds the document's counts to the class map.
 class MapFiller final : public dom::ChildNameCounts {
  public:
-  explicit MapFiller(std::map<std::string, int, std::less<>>& counts) : m_counts(counts) {}
+  explicit MapFiller(ClassCounts& counts) : m_counts(counts) {}
 
-  void count(const dom::Name& name, int children) override {
-    const auto found = m_counts.find(name.text());
-    if (found != m_counts.end()) {
-      found->second = changedCount(found->second, children);
-    } else {
-      m_counts.emplace(name.text(), children);
-    }
-  }
+  void count(const dom::Name& name, int children) override { m_counts.add(name, children); }
 
  private:
-  std::map<std::string, int, std::less<>>& m_counts;
+  ClassCounts& m_counts;
 };
 
 }  // namespace
@@ -145,13 +137,7 @@ int CKtFiler::LoadMapFromXml() {
 }
 
 int CKtFiler::InsertClassNameInMap(const dom::Name& className) {
-  const auto found = m_classCounts.find(className.text());
-  if (found != m_classCounts.end()) {
-    found->second = changedCount(found->second, 1);
-    return found->second;
-  }
-  m_classCounts.emplace(className.text(), 1);
-  return 1;
+  return m_classCounts.add(className, 1);
 }
 
 // The root is known by its place, not by its name: a comment or DOCTYPE that stands where it is

@@ -16,13 +16,11 @@
 #pragma once
 
 #include <concepts>
-#include <functional>
-#include <map>
 #include <memory>
-#include <string>
 #include <utility>
 #include <vector>
 
+#include <quorvan/filer/class_counts.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
 #include <quorvan/platform/api.h>
@@ -161,8 +159,6 @@ class QUORVAN_API CKtFiler {
   friend class CKtPatternFiler;
   friend class quorvan::ItemAccess;
 
-  using ClassCounts = std::map<std::string, int, std::less<>>;
-
   int prepareEmptyDocument();
   int LoadMapFromXml();
   int InsertClassNameInMap(const quorvan::dom::Name& className);
@@ -198,13 +194,13 @@ class QUORVAN_API CKtFiler {
   int advanceToMatch(CKtPatternFiler& pattern, const quorvan::dom::Name& className);
   int advanceByWalk(CKtPatternFiler& pattern, const quorvan::dom::Name& className);
 
-  IXMLDOMDocumentPtr m_document;   // null while no file is open
-  CString m_fileName;              // empty means that no file is open
-  ClassCounts m_classCounts;       // by class name (UTF-8): written so far, or still unread
-  int m_writing = 1;               // 1 while scopes are opened for writing
-  int m_mapLoaded = 0;             // 1 when the counts were built from the document
-  IXMLDOMNodePtr m_currentClass;   // opened by beginClass
-  IXMLDOMNodePtr m_currentVector;  // opened by beginVector
-  int m_scratch = 0;               // 1 for a pattern, whose file is soon deleted
+  IXMLDOMDocumentPtr m_document;              // null while no file is open
+  CString m_fileName;                         // empty means that no file is open
+  quorvan::filer::ClassCounts m_classCounts;  // of each name: written so far, or still unread
+  int m_writing = 1;                          // 1 while scopes are opened for writing
+  int m_mapLoaded = 0;                        // 1 when the counts were built from the document
+  IXMLDOMNodePtr m_currentClass;              // opened by beginClass
+  IXMLDOMNodePtr m_currentVector;             // opened by beginVector
+  int m_scratch = 0;                          // 1 for a pattern, whose file is soon deleted
   std::shared_ptr<quorvan::SearchIndex> m_searchIndex;  // made by the first search
 };

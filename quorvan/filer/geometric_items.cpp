@@ -12,10 +12,11 @@ int CKtFiler::writeItem(CString name, CKtPnt3D point) {
 }
 
 int CKtFiler::write(const dom::Name& name, const CKtPnt3D& point) {
-  if (itemScope() == nullptr) {
+  const IXMLDOMNodePtr& scope = itemScope();
+  if (scope == nullptr) {
     return dropItem(name);
   }
-  return appendPoint(m_document, itemScope(), name, point.X(), point.Y(), point.Z()) ? 1 : 0;
+  return appendPoint(m_document, scope, name, point.X(), point.Y(), point.Z()) ? 1 : 0;
 }
 
 int CKtFiler::writeItem(CString name, CKtVect3D vector) {
@@ -23,10 +24,11 @@ int CKtFiler::writeItem(CString name, CKtVect3D vector) {
 }
 
 int CKtFiler::write(const dom::Name& name, const CKtVect3D& vector) {
-  if (itemScope() == nullptr) {
+  const IXMLDOMNodePtr& scope = itemScope();
+  if (scope == nullptr) {
     return dropItem(name);
   }
-  return appendVector(m_document, itemScope(), name, vector.X(), vector.Y(), vector.Z()) ? 1 : 0;
+  return appendVector(m_document, scope, name, vector.X(), vector.Y(), vector.Z()) ? 1 : 0;
 }
 
 int CKtFiler::readItem(CString name, CKtPnt3D* point) {

@@ -26,6 +26,8 @@ class ItemAccess {
   static int write(CKtFiler& filer, const dom::Name& name, const Value& value) {
     return filer.write(name, value);
   }
+  /// Text that needs no conversion, as a text item.
+  static int write(CKtFiler& filer, const dom::Name& name, const dom::AsciiText& value);
   template <class Value>
   static int read(CKtFiler& filer, const dom::Name& name, Value* value) {
     return filer.read(name, value);

@@ -1,5 +1,6 @@
 // Scalar items: one element with one attribute that is named after the item's kind.
 #include <quorvan/filer/filer.h>
+#include <quorvan/filer/item_access.h>
 #include <quorvan/filer/item_values.h>
 #include <quorvan/platform/dom.h>
 #include <quorvan/platform/numbers.h>
@@ -28,13 +29,14 @@ int CKtFiler::writeItem(CString name, double value) {
 }
 
 int CKtFiler::write(const dom::Name& name, double value) {
-  if (itemScope() == nullptr) {
+  const IXMLDOMNodePtr& scope = itemScope();
+  if (scope == nullptr) {
     return dropItem(name);
   }
   char text[quorvan::kFixed7Capacity];
   const dom::NewAttribute attribute{filer::kDoubleKind,
                                     {{text, quorvan::formatFixed7(text, value)}}};
-  return dom::appendElement(m_document, itemScope(), name, {&attribute, 1}) ? 1 : 0;
+  return dom::appendElement(m_document, scope, name, {&attribute, 1}) ? 1 : 0;
 }
 
 int CKtFiler::writeItem(CString name, long value) {
@@ -42,13 +44,14 @@ int CKtFiler::writeItem(CString name, long value) {
 }
 
 int CKtFiler::write(const dom::Name& name, long value) {
-  if (itemScope() == nullptr) {
+  const IXMLDOMNodePtr& scope = itemScope();
+  if (scope == nullptr) {
     return dropItem(name);
   }
   char text[quorvan::kShortestCapacity];
   char* const end = quorvan::formatLong(text, static_cast<std::int32_t>(value));
   const dom::NewAttribute attribute{filer::kLongKind, {{text, end}}};
-  return dom::appendElement(m_document, itemScope(), name, {&attribute, 1}) ? 1 : 0;
+  return dom::appendElement(m_document, scope, name, {&attribute, 1}) ? 1 : 0;
 }
 
 int CKtFiler::writeItem(CString name, CString value) {
@@ -56,11 +59,21 @@ int CKtFiler::writeItem(CString name, CString value) {
 }
 
 int CKtFiler::write(const dom::Name& name, const CString& value) {
-  if (itemScope() == nullptr) {
+  const IXMLDOMNodePtr& scope = itemScope();
+  if (scope == nullptr) {
     return dropItem(name);
   }
-  return dom::appendElement(m_document, itemScope(), name, filer::kStringKind, value.view()) ? 1
-                                                                                             : 0;
+  return dom::appendElement(m_document, scope, name, filer::kStringKind, value.view()) ? 1 : 0;
+}
+
+int quorvan::ItemAccess::write(CKtFiler& filer, const dom::Name& name,
+                               const dom::AsciiText& value) {
+  const IXMLDOMNodePtr& scope = filer.itemScope();
+  if (scope == nullptr) {
+    return filer.dropItem(name);
+  }
+  const dom::NewAttribute attribute{filer::kStringKind, value};
+  return dom::appendElement(filer.m_document, scope, name, {&attribute, 1}) ? 1 : 0;
 }
 
 int CKtFiler::readItem(CString name, double* value) {

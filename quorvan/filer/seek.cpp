@@ -53,7 +53,7 @@ int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& classNam
   // A class element that is current already is that of a pattern which searches for itself: the
   // walk goes on from there, and its pattern with it.
   if (revision == 0 || root == nullptr || m_currentClass != nullptr ||
-      m_classCounts.find(className.text()) == m_classCounts.end()) {
+      m_classCounts.find(className) == nullptr) {
     return advanceByWalk(pattern, className);
   }
   if (m_searchIndex == nullptr || m_searchIndex->revision() != revision) {
@@ -61,14 +61,14 @@ int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& classNam
   }
   quorvan::SearchIndex::Search search =
       m_searchIndex->search(root, className, pattern.m_currentClass);
-  const auto found = m_classCounts.find(className.text());
+  int* const count = m_classCounts.find(className);
   // A count that has wrapped may end the walk before the last element.
-  if (found->second < search.size()) {
+  if (*count < search.size()) {
     return advanceByWalk(pattern, className);
   }
   int passed = 0;
   while (search.next()) {
-    found->second = changedCount(found->second, passed - search.ordinal());
+    *count = changedCount(*count, passed - search.ordinal());
     passed = search.ordinal();
     m_writing = 0;
     m_mapLoaded = 0;
@@ -80,8 +80,8 @@ int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& classNam
   }
   // No element is left: the walk's last attempt, which finds the count used up or no sibling.
   m_writing = 0;
-  if (found->second != 0) {
-    found->second = changedCount(found->second, -1);
+  if (*count != 0) {
+    *count = changedCount(*count, -1);
     m_mapLoaded = 0;
   }
   return 0;

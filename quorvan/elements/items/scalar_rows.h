@@ -108,7 +108,7 @@ Buffered(dom::Name, Value Element::*) -> Buffered<Element, Value>;
 
 /// Writes a flag as the text "True" or "False".
 inline int writeFlag(CKtFiler& filer, const dom::Name& name, bool flag) {
-  return ItemAccess::write(filer, name, CString(flag ? L"True" : L"False"));
+  return ItemAccess::write(filer, name, dom::AsciiText{flag ? "True" : "False"});
 }
 
 /// Whether a flag's text says true.
