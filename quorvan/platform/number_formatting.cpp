@@ -1,4 +1,3 @@
-#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -22,60 +21,49 @@ constexpr int kExponentBias = 1075;
 constexpr std::uint32_t kFractionScale = 10'000'000;  // 7 decimals
 constexpr std::uint32_t kFiveToThe7th = 78'125;
 
-// "00" to "99".
-constexpr auto kPairs = [] {
-  std::array<char, 200> pairs{};
-  for (unsigned i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+constexpr std::uint32_t kEightDigits = 100'000'000;  // the numbers below it
+
+// The eight decimal digits of a number below 10^8, one a byte, the first in the lowest. All at
+// once: halves of four, then of two, then single ones, divided by multiplying.
+std::uint64_t eightDigits(std::uint32_t value) noexcept {
+  const std::uint64_t fours = value / 10'000 | (std::uint64_t{value % 10'000} << 32U);
+  const std::uint64_t hundreds = ((fours * 10'486) >> 20U) & 0x7F'0000'007F;
+  const std::uint64_t pairs = ((fours - 100 * hundreds) << 16U) | hundreds;
+  const std::uint64_t tens = ((pairs * 103) >> 10U) & 0x000F'000F'000F'000F;
+  return ((pairs - 10 * tens) << 8U) | tens;
+}
+
+// Writes the bytes, the lowest first.
+void putBytes(char* out, std::uint64_t bytes) noexcept {
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(out, &bytes, sizeof bytes);
+  } else {
+    for (unsigned i = 0; i < sizeof bytes; ++i)
+      out[i] = static_cast<char>(bytes >> (8 * i));
   }
-  return pairs;
-}();
-
-char* putDigit(char* out, std::uint32_t value) noexcept {
-  *out = static_cast<char>('0' + value);
-  return out + 1;
 }
 
-char* putPair(char* out, std::uint32_t value) noexcept {
-  std::memcpy(out, &kPairs[std::size_t{2} * value], 2);
-  return out + 2;
-}
+constexpr std::uint64_t kZeros = 0x3030'3030'3030'3030;  // "00000000"
 
-char* putFour(char* out, std::uint32_t value) noexcept {
-  return putPair(putPair(out, value / 100), value % 100);
-}
-
-char* putEight(char* out, std::uint32_t value) noexcept {
-  return putFour(putFour(out, value / 10'000), value % 10'000);
-}
-
-// Without leading zeros, below 10^4 and below 10^8.
-char* putUpToFour(char* out, std::uint32_t value) noexcept {
-  if (value < 100)
-    return value < 10 ? putDigit(out, value) : putPair(out, value);
-  const std::uint32_t high = value / 100;
-  return putPair(high < 10 ? putDigit(out, high) : putPair(out, high), value % 100);
-}
-
-char* putUpToEight(char* out, std::uint32_t value) noexcept {
-  if (value < 10'000)
-    return putUpToFour(out, value);
-  return putFour(putUpToFour(out, value / 10'000), value % 10'000);
-}
-
+// Writes past the end that it returns: up to eight bytes in all.
 char* putInteger(char* out, std::uint64_t value) noexcept {
-  constexpr std::uint64_t kEight = 100'000'000;
-  if (value < kEight)
-    return putUpToEight(out, static_cast<std::uint32_t>(value));
-  out = putInteger(out, value / kEight);
-  return putEight(out, static_cast<std::uint32_t>(value % kEight));
+  if (value >= kEightDigits) {
+    out = putInteger(out, value / kEightDigits);
+    putBytes(out, kZeros | eightDigits(static_cast<std::uint32_t>(value % kEightDigits)));
+    return out + 8;
+  }
+  const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(value));
+  const std::uint64_t lastDigit = std::uint64_t{1} << 56U;  // is written even when it is 0
+  const auto leadingZeros = static_cast<unsigned>(std::countr_zero(digits | lastDigit)) / 8;
+  putBytes(out, (kZeros | digits) >> (8 * leadingZeros));
+  return out + (8 - leadingZeros);
 }
 
+// The point and seven decimals.
 char* putFraction(char* out, std::uint32_t value) noexcept {
-  out = putDigit(out, value / 1'000'000);
-  value %= 1'000'000;
-  return putFour(putPair(out, value / 10'000), value % 10'000);
+  constexpr std::uint64_t kPoint = std::uint64_t{'.'} ^ std::uint64_t{'0'};
+  putBytes(out, (kZeros | eightDigits(value)) ^ kPoint);
+  return out + 8;
 }
 
 char* putText(char* out, const char* text) noexcept {
@@ -122,9 +110,7 @@ Fixed7 roundSmall(std::uint64_t mantissa, int exponent) noexcept {
 }
 
 char* putFixed7(char* out, Fixed7 value) noexcept {
-  out = putInteger(out, value.whole);
-  *out = '.';
-  return putFraction(out + 1, value.fraction);
+  return putFraction(putInteger(out, value.whole), value.fraction);
 }
 
 }  // namespace

@@ -8,20 +8,22 @@
 
 namespace quorvan {
 
-/// Longest text of formatFixed7: sign, 309 digits, point, 7 digits.
+/// Room for formatFixed7, whose longest text is a sign, 309 digits, a point and 7 digits.
 inline constexpr std::size_t kFixed7Capacity = 320;
-/// Longest text of formatShortest and formatLong.
+/// Room for formatShortest and formatLong.
 inline constexpr std::size_t kShortestCapacity = 32;
 
 /// Writes what "%.7f" gives in the "C" locale: every finite value exact, ties to even,
 /// "-0.0000000" for negative values that round to zero; "inf", "-inf", "nan" (without sign).
-/// No terminator. Returns the end. `buffer` holds kFixed7Capacity characters.
+/// No terminator. Returns the end. `buffer` holds kFixed7Capacity characters, any of which may be
+/// written.
 char* formatFixed7(char* buffer, double value) noexcept;
 
 /// Writes the shortest text that reads back to the same double. Returns the end.
 char* formatShortest(char* buffer, double value) noexcept;
 
-/// Writes the decimal digits, "-" first for negatives. Returns the end.
+/// Writes the decimal digits, "-" first for negatives. Returns the end. `buffer` holds
+/// kShortestCapacity characters, any of which may be written.
 char* formatLong(char* buffer, std::int32_t value) noexcept;
 
 /// Leading white space, a sign, decimal digits, an optional point and digits, an optional

@@ -91,23 +91,32 @@ char32_t decodeWide(const wchar_t*& at, const wchar_t* end) noexcept {
   return isLowSurrogate(unit) || unit > 0x10FFFF ? kReplacementCharacter : unit;
 }
 
-void appendUtf8(std::string& out, char32_t character) {
+char* putUtf8(char* to, char32_t character) noexcept {
   const auto tail = [&](unsigned shift) {
     return static_cast<char>(0x80U | ((character >> shift) & 0x3FU));
   };
   if (character < 0x80) {
-    out.push_back(static_cast<char>(character));
-  } else if (character < 0x800) {
-    const char units[] = {static_cast<char>(0xC0U | (character >> 6U)), tail(0)};
-    out.append(units, sizeof units);
-  } else if (character < 0x10000) {
-    const char units[] = {static_cast<char>(0xE0U | (character >> 12U)), tail(6), tail(0)};
-    out.append(units, sizeof units);
-  } else {
-    const char units[] = {static_cast<char>(0xF0U | (character >> 18U)), tail(12), tail(6),
-                          tail(0)};
-    out.append(units, sizeof units);
+    *to++ = static_cast<char>(character);
+    return to;
   }
+  if (character < 0x800) {
+    *to++ = static_cast<char>(0xC0U | (character >> 6U));
+  } else {
+    if (character < 0x10000) {
+      *to++ = static_cast<char>(0xE0U | (character >> 12U));
+    } else {
+      *to++ = static_cast<char>(0xF0U | (character >> 18U));
+      *to++ = tail(12);
+    }
+    *to++ = tail(6);
+  }
+  *to++ = tail(0);
+  return to;
+}
+
+void appendUtf8(std::string& out, char32_t character) {
+  char units[kMaxUtf8];
+  out.append(units, putUtf8(units, character));
 }
 
 void appendUtf8(std::string& out, std::wstring_view wide) {

@@ -18,6 +18,12 @@ char32_t decodeUtf8(const char*& at, const char* end) noexcept;
 /// The same for wide text.
 char32_t decodeWide(const wchar_t*& at, const wchar_t* end) noexcept;
 
+/// The most bytes of one character in UTF-8.
+inline constexpr std::size_t kMaxUtf8 = 4;
+
+/// Writes one character as UTF-8 and returns where it ends.
+char* putUtf8(char* to, char32_t character) noexcept;
+
 /// Appends one character as UTF-8.
 void appendUtf8(std::string& out, char32_t character);
 

@@ -60,7 +60,7 @@ void Document::save(const CString& path, dom::Durability durability) const {
     platform::raiseComError(E_INVALIDARG);
   FileReplacement file(target, durability);
   FileTarget blocks(file);
-  DocumentWriter(*m_tree, encoding, blocks).write();
+  writeDocument(*m_tree, encoding, blocks);
   file.commit();
 }
 

@@ -17,21 +17,24 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // Short texts are copied in one piece of this size, past their end: names and values in the tree
 // are followed by bytes that may be read.
 constexpr std::size_t kPiece = 16;
+// What a tag takes beyond its names and values: pieces past their ends, signs around them.
+constexpr std::size_t kSlack = 3 * kPiece;
 // Deeper down the indentation stays the same, so that a saved file is not much larger than the one
 // that was loaded.
 constexpr std::size_t kMaxIndentation = 100;
 
-char* copyText(char* to, std::string_view text) noexcept {
-  std::memcpy(to, text.data(), kPiece);
-  if (text.size() > kPiece)
-    std::memcpy(to + kPiece, text.data() + kPiece, text.size() - kPiece);
-  return to + text.size();
+char* copyText(char* to, const char* text, std::size_t size) noexcept {
+  std::memcpy(to, text, kPiece);
+  if (size > kPiece) {
+    std::memcpy(to + kPiece, text + kPiece, kPiece);
+    if (size > 2 * kPiece)
+      std::memcpy(to + 2 * kPiece, text + 2 * kPiece, size - 2 * kPiece);
+  }
+  return to + size;
 }
 
-}  // namespace
-
 // What becomes of the characters of a text at one kind of place.
-struct DocumentWriter::Place {
+struct Place {
   bool escapesMarkup;
   bool isAttribute;
   // What a character that the encoding lacks is written with: a reference between these, or else.
@@ -62,24 +65,38 @@ struct DocumentWriter::Place {
   }
 };
 
-constexpr DocumentWriter::Place DocumentWriter::kInAttribute = {true, true, true, "", ""};
-constexpr DocumentWriter::Place DocumentWriter::kInText = {true, false, true, "", ""};
+constexpr Place kInAttribute = {true, true, true, "", ""};
+constexpr Place kInText = {true, false, true, "", ""};
 // The section is closed for a reference and opened again behind it.
-constexpr DocumentWriter::Place DocumentWriter::kInCData = {false, false, true, "]]>", "<![CDATA["};
-constexpr DocumentWriter::Place DocumentWriter::kVerbatim = {false, false, false, "", ""};
+constexpr Place kInCData = {false, false, true, "]]>", "<![CDATA["};
+constexpr Place kVerbatim = {false, false, false, "", ""};
 
-Encoding declaredEncoding(const Tree& tree) {
-  const Ref first = tree.node(tree.document()).firstChild;
-  if (first == 0 || !tree.node(first).isDeclaration())
-    return Encoding::kUtf8;
-  ValueWalk parts = tree.nodes().values(first);
-  if (!parts.find(kEncodingName))
-    return Encoding::kUtf8;
-  const std::optional<Encoding> encoding = encodingNamed(parts.value().text);
-  if (!encoding)
-    platform::raiseComError(E_FAIL);
-  return *encoding;
-}
+class DocumentWriter {
+ public:
+  DocumentWriter(const Tree& tree, Encoding encoding, BlockTarget& target);
+
+  void write();
+
+ private:
+  void writeNode(Ref top);
+  Ref writeEnds(Ref at, Ref top);
+  void writeStartTag(Ref ref, const Node& node, bool isWhole);
+  void writeAttribute(NameId name, const Value& value);
+  void writeEndTag(const Node& node);
+  void writeLeaf(Ref ref, const Node& node);
+  void writeDeclaration(Ref ref);
+  void writeLineBreak();
+  void writeName(NameId name);
+  void writeValue(const Value& value, const Place& place);
+  void writeCharacter(char32_t character, const Place& place);
+
+  const Tree& m_tree;
+  const NodeStore& m_nodes;
+  const NameTable& m_names;
+  Encoding m_encoding;
+  BlockBuffer m_out;
+  std::size_t m_depth = 0;
+};
 
 DocumentWriter::DocumentWriter(const Tree& tree, Encoding encoding, BlockTarget& target)
     : m_tree(tree),
@@ -107,7 +124,7 @@ void DocumentWriter::writeNode(Ref top) {
       writeLineBreak();
     if (node.isElement()) {
       const bool isEmpty = node.firstChild == 0;
-      writeStartTag(at, node, isEmpty && !node.has(NodeFlag::kSpaceAtEnd) ? "/>" : ">");
+      writeStartTag(at, node, isEmpty && !node.has(NodeFlag::kSpaceAtEnd));
       if (!isEmpty) {
         ++m_depth;
         at = node.firstChild;
@@ -118,7 +135,7 @@ void DocumentWriter::writeNode(Ref top) {
     } else {
       writeLeaf(at, node);
     }
-    at = writeEnds(at, top);
+    at = node.next != 0 && at != top ? node.next : writeEnds(at, top);
   }
 }
 
@@ -134,39 +151,42 @@ Ref DocumentWriter::writeEnds(Ref at, Ref top) {
 }
 
 // Nearly all of a drawing is written here: in one go a tag, but for what is not plain or too long.
-void DocumentWriter::writeStartTag(Ref ref, const Node& node, std::string_view end) {
+void DocumentWriter::writeStartTag(Ref ref, const Node& node, bool isWhole) {
   constexpr std::size_t kRoom = BlockBuffer::kMaxReserve;
   char* at = m_out.reserve(kRoom);
-  const char* limit = at + (kRoom - 2 * kPiece);
+  const char* limit = at + (kRoom - kSlack);
   const auto elsewhere = [&](const auto& write) {
     m_out.advance(at);
     write();
     at = m_out.reserve(kRoom);
-    limit = at + (kRoom - 2 * kPiece);
+    limit = at + (kRoom - kSlack);
   };
   const auto fits = [&](const NameEntry& name, std::size_t size) {
     return name.isAscii && name.length + size < static_cast<std::size_t>(limit - at);
   };
-  *at++ = '<';
-  if (const NameEntry& name = m_names[node.name()]; fits(name, 0))
-    at = copyText(at, name.view());
-  else
+  if (const NameEntry& name = m_names[node.name()]; fits(name, 0)) {
+    char* const begin = at;
+    at = copyText(at, name.text - 1, name.length + 1);
+    *begin = '<';
+  } else {
+    *at++ = '<';
     elsewhere([&] { writeName(node.name()); });
+  }
   for (ValueWalk walk = m_nodes.values(ref); walk.next();) {
     const NameEntry& name = m_names[walk.name()];
     const Value value = walk.value();
-    if (value.plain && fits(name, value.text.size() + 4)) {
-      *at++ = ' ';
-      at = copyText(at, name.view());
-      *at++ = '=';
-      *at++ = '"';
-      at = copyText(at, value.text);
+    if (value.plain && fits(name, value.text.size())) {
+      at = copyText(at, name.text - 1, name.length + 3);
+      at = copyText(at, value.text.data(), value.text.size());
       *at++ = '"';
     } else {
       elsewhere([&] { writeAttribute(walk.name(), value); });
     }
   }
-  m_out.advance(std::copy(end.begin(), end.end(), at));
+  if (isWhole)
+    *at++ = '/';
+  *at++ = '>';
+  m_out.advance(at);
 }
 
 void DocumentWriter::writeAttribute(NameId name, const Value& value) {
@@ -180,7 +200,8 @@ void DocumentWriter::writeAttribute(NameId name, const Value& value) {
 void DocumentWriter::writeEndTag(const Node& node) {
   if (node.has(NodeFlag::kSpaceAtEnd))
     writeLineBreak();
-  m_out.put("</");
+  m_out.put('<');
+  m_out.put('/');
   writeName(node.name());
   m_out.put('>');
 }
@@ -237,7 +258,7 @@ void DocumentWriter::writeName(NameId name) {
   const NameEntry& entry = m_names[name];
   const std::size_t size = entry.length + kPiece;
   if (entry.isAscii && size <= BlockBuffer::kMaxReserve) {
-    m_out.advance(copyText(m_out.reserve(size), entry.view()));
+    m_out.advance(copyText(m_out.reserve(size), entry.text, entry.length));
     return;
   }
   const char* at = entry.text;
@@ -303,6 +324,25 @@ void DocumentWriter::writeCharacter(char32_t character, const Place& place) {
   } else {
     m_out.put('?');
   }
+}
+
+}  // namespace
+
+Encoding declaredEncoding(const Tree& tree) {
+  const Ref first = tree.node(tree.document()).firstChild;
+  if (first == 0 || !tree.node(first).isDeclaration())
+    return Encoding::kUtf8;
+  ValueWalk parts = tree.nodes().values(first);
+  if (!parts.find(kEncodingName))
+    return Encoding::kUtf8;
+  const std::optional<Encoding> encoding = encodingNamed(parts.value().text);
+  if (!encoding)
+    platform::raiseComError(E_FAIL);
+  return *encoding;
+}
+
+void writeDocument(const Tree& tree, Encoding encoding, BlockTarget& target) {
+  DocumentWriter(tree, encoding, target).write();
 }
 
 }  // namespace quorvan::embedded

@@ -17,6 +17,7 @@ using embedded::Node;
 using embedded::Ref;
 using embedded::Tree;
 using embedded::Value;
+using embedded::WideValue;
 
 // The node of a handle that was found not to be null.
 struct Place {
@@ -109,9 +110,7 @@ bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& elem
 
 bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
                   const Name& name, std::wstring_view value) {
-  std::string text;
-  const bool isPlain = embedded::appendValue(text, value);
-  return put(document, element, name, {text, isPlain});
+  return put(document, element, name, WideValue(value).value());
 }
 
 void append(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& child) {
@@ -144,9 +143,7 @@ bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& par
   Tree& tree = Document::of(document).tree();
   const Place place(parent);
   if (&place.tree == &tree && place.node().isElement()) {
-    std::string text;
-    const bool isPlain = embedded::appendValue(text, value);
-    tree.appendElement(place.ref, name, attribute, {text, isPlain});
+    tree.appendElement(place.ref, name, attribute, WideValue(value).value());
     return true;
   }
   const IXMLDOMNodePtr element = dom::createElement(document, name);

@@ -1,7 +1,6 @@
 #include <quorvan/platform/embedded/name_table.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <new>
 
@@ -17,6 +16,8 @@ constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kBlock = std::size_t{16} * 1024;
 // Lets a short name be copied in one piece of 16 bytes.
 constexpr std::size_t kPadding = 16;
+constexpr std::string_view kBefore = " ";
+constexpr std::string_view kAfter = "=\"";
 
 constexpr dom::Name kFirstNames[] = {"",          "xml",       "#text",   "#cdata-section",
                                      "#comment",  "#document", "version", "encoding",
@@ -31,15 +32,27 @@ bool isAscii(std::string_view text) noexcept {
 
 NameTable::NameTable() : m_slots(kFirstSlots), m_mask(kFirstSlots - 1) {
   m_entries.reserve(kFirstEntries);
-  m_entries.push_back({"", nullptr, 0, 0, 0, 0, 0, false, true});
+  m_entries.push_back({store(""), 0, 0, 0, 0, 0, false, true});
   for (const dom::Name& name : kFirstNames) {
     if (!name.text().empty())
       add(name);
   }
 }
 
-NameId NameTable::findOverflown(std::string_view text) const noexcept {
-  const auto found = m_overflow.find(text);
+NameId NameTable::search(const dom::Name& name) noexcept {
+  std::size_t slot = name.hash() & m_mask;
+  for (std::size_t probe = 0; probe < kMaxProbes; ++probe) {
+    Slot& candidate = m_slots[slot];
+    if (candidate.id == kNoName)
+      return kNoName;
+    if (candidate.hash == name.hash() && m_entries[candidate.id].view() == name.text()) {
+      if (name.isLiteral())
+        candidate.literal = name.text().data();
+      return candidate.id;
+    }
+    slot = (slot + 1) & m_mask;
+  }
+  const auto found = m_overflow.find(name.text());
   return found != m_overflow.end() ? found->second : kNoName;
 }
 
@@ -50,7 +63,7 @@ NameId NameTable::add(const dom::Name& name) {
   if (m_entries.size() * 2 > m_slots.size())
     grow();
   const auto id = static_cast<NameId>(m_entries.size());
-  m_entries.push_back({store(name.text()), nullptr, static_cast<std::uint32_t>(name.text().size()),
+  m_entries.push_back({store(name.text()), static_cast<std::uint32_t>(name.text().size()),
                        name.hash(), 0, 0, 0, platform::isXmlName(name.text()),
                        isAscii(name.text())});
   try {
@@ -63,17 +76,18 @@ NameId NameTable::add(const dom::Name& name) {
 }
 
 const char* NameTable::store(std::string_view text) {
-  const std::size_t needed = text.size() + kPadding;
+  const std::size_t needed = kBefore.size() + text.size() + kAfter.size() + kPadding;
   if (needed > m_room) {
     const std::size_t size = std::max(needed, m_blocks.empty() ? kFirstBlock : kBlock);
     m_blocks.push_back(std::make_unique<char[]>(size));
     m_free = m_blocks.back().get();
     m_room = size;
   }
-  char* const stored = m_free;
-  std::memcpy(stored, text.data(), text.size());
-  m_free += text.size();
-  m_room -= text.size();
+  char* const stored = std::copy(kBefore.begin(), kBefore.end(), m_free);
+  char* const end = std::copy(text.begin(), text.end(), stored);
+  char* const next = std::copy(kAfter.begin(), kAfter.end(), end);
+  m_room -= static_cast<std::size_t>(next - m_free);
+  m_free = next;
   return stored;
 }
 
@@ -83,7 +97,7 @@ void NameTable::place(NameId id) {
   std::size_t slot = entry.hash & m_mask;
   for (std::size_t probe = 0; probe < kMaxProbes; ++probe) {
     if (m_slots[slot].id == kNoName) {
-      m_slots[slot] = {entry.hash, id};
+      m_slots[slot] = {nullptr, entry.hash, id};
       return;
     }
     slot = (slot + 1) & m_mask;

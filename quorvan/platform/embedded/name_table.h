@@ -30,10 +30,10 @@ inline constexpr NameId kVersionName = 6;
 inline constexpr NameId kEncodingName = 7;
 inline constexpr NameId kStandaloneName = 8;
 
-/// A name and what the tree remembers with it. The text is followed by bytes that may be read.
+/// A name and what the tree remembers with it. The text stands as an attribute begins in a file:
+/// behind a blank and before an equal sign and a quote; bytes that may be read follow.
 struct NameEntry {
   const char* text;
-  const char* literal;  // the bytes that live for ever by which the name was asked for last
   std::uint32_t length;
   std::uint32_t hash;
   // The element that was given an attribute of this name last, as a number that goes up with
@@ -60,16 +60,12 @@ class NameTable {
 
   /// The number of the name, kNoName when the tree does not have it.
   [[nodiscard]] NameId find(const dom::Name& name) noexcept {
-    std::size_t slot = name.hash() & m_mask;
-    for (std::size_t probe = 0; probe < kMaxProbes; ++probe) {
-      const Slot& candidate = m_slots[slot];
-      if (candidate.id == kNoName)
-        return kNoName;
-      if (candidate.hash == name.hash() && isNamed(m_entries[candidate.id], name))
-        return candidate.id;
-      slot = (slot + 1) & m_mask;
-    }
-    return findOverflown(name.text());
+    const Slot& first = m_slots[name.hash() & m_mask];
+    // The names that the library asks for again and again are literals: one look at their address
+    // spares the comparison.
+    if (name.isLiteral() && first.literal == name.text().data() && first.hash == name.hash())
+      return first.id;
+    return search(name);
   }
 
   /// The number of the name, which is taken in if the tree does not have it.
@@ -89,26 +85,14 @@ class NameTable {
 
  private:
   struct Slot {
+    const char* literal;  // the bytes that live for ever by which the name was asked for last
     std::uint32_t hash;
     NameId id;
   };
   // Beyond so many steps a name is looked up in, and taken into, the ordered map.
   static constexpr std::size_t kMaxProbes = 32;
 
-  // The names that the library asks for again and again are literals: one look at their address
-  // spares the comparison.
-  static bool isNamed(NameEntry& entry, const dom::Name& name) noexcept {
-    if (name.isLiteral() && entry.literal == name.text().data() &&
-        entry.length == name.text().size())
-      return true;
-    if (entry.view() != name.text())
-      return false;
-    if (name.isLiteral())
-      entry.literal = name.text().data();
-    return true;
-  }
-
-  [[nodiscard]] NameId findOverflown(std::string_view text) const noexcept;
+  [[nodiscard]] NameId search(const dom::Name& name) noexcept;
   NameId add(const dom::Name& name);
   const char* store(std::string_view text);
   void place(NameId id);

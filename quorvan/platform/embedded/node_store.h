@@ -38,6 +38,31 @@ class NodeStore {
     return ref;
   }
 
+  /// A new node with so many values, of which no two have one name.
+  template <class ValueAt>
+  Ref createWith(NodeType type, NameId name, std::size_t count, const ValueAt& valueAt) {
+    std::uint32_t words = kNodeWords;
+    std::size_t largest = 0;
+    NameId last = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      const NamedValue added = valueAt(i);
+      largest |= added.value.text.size();
+      last |= added.name;
+      words += value_entry::shortWords(added.value.text.size());
+    }
+    if (!value_entry::isShort(last, largest))
+      return createPieceByPiece(type, name, count, valueAt);
+    const Ref ref = m_arena.allocate(words);
+    auto* at = static_cast<std::uint32_t*>(m_arena.at(ref));
+    const auto flags = count == 0 ? 0U : static_cast<std::uint32_t>(NodeFlag::kHasValues);
+    ::new (at) Node{Node::headOf(type, name) | flags, 0, 0, 0, 0};
+    at += kNodeWords;
+    for (std::size_t i = 0; i < count; ++i)
+      at = value_entry::writeShort(at, valueAt(i), i + 1 != count);
+    m_open.node = 0;
+    return ref;
+  }
+
   /// Gives the node a value of that name, in the place of one it has.
   void put(Ref ref, NameId name, const Value& value) {
     const bool isNew = ref == m_open.node && m_names[name].attributeStamp != m_open.stamp;
@@ -129,6 +154,15 @@ class NodeStore {
     return true;
   }
 
+  template <class ValueAt>
+  Ref createPieceByPiece(NodeType type, NameId name, std::size_t count, const ValueAt& valueAt) {
+    const Ref ref = create(type, name);
+    for (std::size_t i = 0; i < count; ++i) {
+      const NamedValue added = valueAt(i);
+      put(ref, added.name, added.value);
+    }
+    return ref;
+  }
   void putElsewhere(Ref ref, NameId name, const Value& value, bool isNew);
   bool overwrite(const ValueWalk& entry, const Value& value);
   ListElsewhere& listElsewhere(Ref ref);

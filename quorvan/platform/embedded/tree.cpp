@@ -1,5 +1,6 @@
 #include <quorvan/platform/embedded/tree.h>
 
+#include <array>
 #include <atomic>
 
 #include <quorvan/platform/xml_names.h>
@@ -92,20 +93,41 @@ bool Tree::mayHold(Ref parent, const Node& child, bool isOnly, bool isRoot) cons
 
 void Tree::appendElement(Ref parent, const dom::Name& name,
                          std::span<const dom::NewAttribute> attributes) {
-  const Ref child = createElement(name);
-  for (const dom::NewAttribute& attribute : attributes)
-    m_nodes.put(child, internXmlName(attribute.name), {attribute.value.text, true});
+  constexpr std::size_t kAtOnce = 4;
+  const std::size_t count = attributes.size();
+  const NameId id = internXmlName(name);
+  Ref child = 0;
+  if (count <= kAtOnce) {
+    std::array<NameId, kAtOnce> names;
+    for (std::size_t i = 0; i < count; ++i)
+      names[i] = internXmlName(attributes[i].name);
+    child = m_nodes.createWith(NodeType::kElement, id, count, [&](std::size_t i) {
+      return NamedValue{names[i], {attributes[i].value.text, true}};
+    });
+  } else {
+    child = m_nodes.create(NodeType::kElement, id);
+    for (const dom::NewAttribute& attribute : attributes)
+      m_nodes.put(child, internXmlName(attribute.name), {attribute.value.text, true});
+  }
   appendNew(parent, child);
 }
 
 void Tree::appendElement(Ref parent, const dom::Name& name, const dom::Name& attribute,
                          const Value& value) {
-  const Ref child = createElement(name);
-  m_nodes.put(child, internXmlName(attribute), value);
-  appendNew(parent, child);
+  const NameId id = internXmlName(name);
+  const NamedValue added = {internXmlName(attribute), value};
+  appendNew(parent,
+            m_nodes.createWith(NodeType::kElement, id, 1, [&](std::size_t) { return added; }));
 }
 
 void Tree::append(Ref parent, Ref child) {
+  // An element that stands alone goes below the root without a question.
+  if (parent == m_root && node(child).isElement() && node(child).parent == 0) {
+    prepareLink(parent, child);
+    link(parent, child);
+    m_nodes.node(child).clear(NodeFlag::kSpaceBefore);
+    return;
+  }
   const Ref first = node(parent).firstChild;
   const bool isOnly = first == 0 || (first == child && node(child).next == 0);
   if (!mayHold(parent, node(child), isOnly, child == m_root) || isSelfOrAbove(child, parent))

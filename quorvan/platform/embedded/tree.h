@@ -146,6 +146,12 @@ class Tree final : public TreeOwners {
                              bool isRoot) const noexcept;
 
   void appendNew(Ref parent, Ref child) {
+    Node& holder = m_nodes.node(parent);
+    if (m_tail.parent == parent && holder.parent == 0 && holder.isElement() &&
+        !holder.has(NodeFlag::kIndexed)) {
+      linkBehindTail(holder, child);
+      return;
+    }
     attach(parent, child);
     if (parent != m_root && isBelowRoot(parent))
       ++m_revision;
@@ -175,6 +181,16 @@ class Tree final : public TreeOwners {
     m_tail = {parent, child};
     if (isSpecial(parent))
       linkSpecially(parent, child);
+  }
+  // Behind the node that was appended last, whose parent stands alone: nothing but writing down
+  // who stands where.
+  void linkBehindTail(const Node& holder, Ref child) noexcept {
+    Node& added = m_nodes.node(child);
+    added.parent = m_tail.parent;
+    added.previous = m_tail.child;
+    m_nodes.node(m_tail.child).next = child;
+    m_nodes.node(holder.firstChild).previous = child;
+    m_tail.child = child;
   }
   void linkSpecially(Ref parent, Ref child) noexcept;
   void linkByName(Ref parent, Ref child) noexcept;

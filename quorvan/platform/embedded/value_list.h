@@ -25,6 +25,11 @@ struct Value {
   bool plain;  // printable ASCII with nothing to escape: may be written to a file as it stands
 };
 
+struct NamedValue {
+  NameId name;
+  Value value;
+};
+
 namespace value_entry {
 
 inline constexpr std::uint32_t kLengthMask = 0xFFFF;
@@ -45,6 +50,34 @@ constexpr std::uint32_t words(NameId name, std::size_t size) noexcept {
   return size >= kLong ? header : header + static_cast<std::uint32_t>((size + 3) / 4);
 }
 
+/// Copies bytes, most often few of them.
+inline void copyBytes(char* to, const char* from, std::size_t size) noexcept {
+  // Two pieces that overlap take every length between one and both of them.
+  if (size > 16) {
+    std::memcpy(to, from, size);
+  } else if (size >= 8) {
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + size - sizeof last, sizeof last);
+    std::memcpy(to, &first, sizeof first);
+    std::memcpy(to + size - sizeof last, &last, sizeof last);
+  } else if (size >= 4) {
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + size - sizeof last, sizeof last);
+    std::memcpy(to, &first, sizeof first);
+    std::memcpy(to + size - sizeof last, &last, sizeof last);
+  } else if (size != 0) {
+    const char middle = from[size / 2];
+    const char last = from[size - 1];
+    to[0] = from[0];
+    to[size / 2] = middle;
+    to[size - 1] = last;
+  }
+}
+
 /// Writes an entry of words() words. A value too long for it has number `longValue`.
 inline void write(std::uint32_t* at, NameId name, const Value& value,
                   std::uint32_t longValue) noexcept {
@@ -56,8 +89,28 @@ inline void write(std::uint32_t* at, NameId name, const Value& value,
     *at++ = name;
   if (isLong)
     *at = longValue;
-  else if (length != 0)
-    std::memcpy(at, value.text.data(), length);
+  else
+    copyBytes(reinterpret_cast<char*>(at), value.text.data(), length);
+}
+
+/// Whether an entry is one word and the bytes, few enough to be among many in one allocation. Or
+/// whether all of several are, given their names and sizes laid over each other.
+constexpr bool isShort(NameId name, std::size_t size) noexcept {
+  return name < kWideName && size <= 0xFFF;
+}
+
+/// Words of a short entry.
+constexpr std::uint32_t shortWords(std::size_t size) noexcept {
+  return 1 + static_cast<std::uint32_t>((size + 3) / 4);
+}
+
+/// Writes a short entry and returns where it ends.
+inline std::uint32_t* writeShort(std::uint32_t* at, const NamedValue& added, bool more) noexcept {
+  const std::string_view text = added.value.text;
+  *at = (added.name << kNameShift) | (more ? kMore : 0) | (added.value.plain ? kPlain : 0) |
+        static_cast<std::uint32_t>(text.size());
+  copyBytes(reinterpret_cast<char*>(at + 1), text.data(), text.size());
+  return at + shortWords(text.size());
 }
 
 }  // namespace value_entry

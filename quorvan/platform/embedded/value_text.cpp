@@ -1,8 +1,8 @@
 #include <quorvan/platform/embedded/value_text.h>
 
 #include <algorithm>
+#include <cstring>
 
-#include <quorvan/platform/utf8.h>
 #include <quorvan/platform/xml_text.h>
 
 namespace quorvan::embedded {
@@ -32,18 +32,26 @@ bool isPlain(std::string_view text) noexcept {
                      [](char unit) { return isPlainUnit(static_cast<unsigned char>(unit)); });
 }
 
-bool appendValue(std::string& out, std::wstring_view wide) {
+WideValue::WideValue(std::wstring_view wide) {
+  char* begin = m_short.data();
+  if (wide.size() > kShort) {
+    m_long.resize(wide.size() * kMaxUtf8);
+    begin = m_long.data();
+  }
+  // As if it were ASCII, which it nearly always is.
+  char32_t all = 0;
+  for (std::size_t i = 0; i < wide.size(); ++i) {
+    all |= static_cast<char32_t>(wide[i]);
+    begin[i] = static_cast<char>(wide[i]);
+  }
+  m_value = {{begin, wide.size()}, all < 0x80 && isPlain({begin, wide.size()})};
+  if (m_value.plain)
+    return;
+  char* to = begin;
   const wchar_t* at = wide.data();
-  const wchar_t* const end = at + wide.size();
-  const wchar_t* const firstOther = std::find_if_not(
-      at, end, [](wchar_t unit) { return isPlainUnit(static_cast<char32_t>(unit)); });
-  const std::size_t before = out.size();
-  out.resize(before + static_cast<std::size_t>(firstOther - at));
-  std::transform(at, firstOther, out.data() + before,
-                 [](wchar_t unit) { return static_cast<char>(unit); });
-  for (at = firstOther; at != end;)
-    appendUtf8(out, orReplacement(decodeWide(at, end)));
-  return firstOther == end;
+  for (const wchar_t* const end = at + wide.size(); at != end;)
+    to = putUtf8(to, orReplacement(decodeWide(at, end)));
+  m_value.text = {begin, static_cast<std::size_t>(to - begin)};
 }
 
 void appendValue(std::string& out, std::string_view utf8) {

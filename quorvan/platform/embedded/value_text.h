@@ -1,11 +1,14 @@
 // Text on its way into the tree: UTF-8 in which XML can carry every character.
 #pragma once
 
-#include <bit>
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
+
+#include <quorvan/platform/embedded/value_list.h>
+#include <quorvan/platform/utf8.h>
 
 namespace quorvan::embedded {
 
@@ -25,11 +28,28 @@ constexpr std::uint64_t markNotPlain(std::uint64_t bytes) noexcept {
 /// Whether the text is printable ASCII with nothing to escape in XML.
 bool isPlain(std::string_view text) noexcept;
 
-/// Appends wide text as UTF-8, U+FFFD in the place of what XML cannot carry. A surrogate pair is
-/// one character. Returns whether the text is plain.
-bool appendValue(std::string& out, std::wstring_view wide);
+/// Wide text as a value: UTF-8 with U+FFFD in the place of what XML cannot carry. A surrogate pair
+/// is one character.
+class WideValue {
+ public:
+  /// Raises std::bad_alloc for a long text.
+  explicit WideValue(std::wstring_view wide);
+  WideValue(const WideValue&) = delete;
+  WideValue& operator=(const WideValue&) = delete;
+  ~WideValue() = default;
 
-/// The same from UTF-8, where what is no valid sequence becomes U+FFFD.
+  /// Refers to this object.
+  [[nodiscard]] const Value& value() const noexcept { return m_value; }
+
+ private:
+  static constexpr std::size_t kShort = 64;
+
+  std::array<char, kShort * kMaxUtf8> m_short;
+  std::string m_long;
+  Value m_value;
+};
+
+/// Appends UTF-8, where what is no valid sequence, or what XML cannot carry, becomes U+FFFD.
 void appendValue(std::string& out, std::string_view utf8);
 
 /// Whether the text is blanks, tabs and line ends alone.
