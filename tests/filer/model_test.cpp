@@ -16,7 +16,12 @@ namespace {
 
 std::uint32_t scriptCount() {
   const char* const isLong = std::getenv("QUORVAN_LONG_TESTS");
-  const std::uint32_t shortCount = runsUnderWine() ? 50 : 600;
+#ifdef __SANITIZE_ADDRESS__
+  constexpr bool isSlow = true;
+#else
+  const bool isSlow = runsUnderWine();
+#endif
+  const std::uint32_t shortCount = isSlow ? 50 : 600;
   return isLong == nullptr || *isLong == '\0' ? shortCount : 50 * shortCount;
 }
 
