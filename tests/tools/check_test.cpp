@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <regex>
 #include <set>
 
 #include <tests/support/saved_file.h>
@@ -62,12 +63,13 @@ TEST_P(ToolCheckSeeded, IsFoundWhereItWasSeeded) {
   const auto found = findingsOf(report.findings, fault.code);
   ASSERT_EQ(found.size(), 1U) << report.findings.dump(2);
   const json& finding = found.front();
-  const Place place{finding["line"], finding["column"]};
 #ifdef _WIN32
-  // The service has its own idea of where a document stops being well-formed, and of the words.
+  // The service has its own idea of where a document stops being well-formed, or none, and of the
+  // words.
   if (fault.code == 101)
     return;
 #endif
+  const Place place{finding["line"], finding["column"]};
   EXPECT_EQ(place, quorvan::test::placeOf(bytes, fault.mark)) << finding.dump(2);
   EXPECT_EQ(finding["severity"], fault.severity);
   EXPECT_EQ(finding["class"], fault.className);
@@ -191,9 +193,14 @@ TEST(ToolCheck, ReportsEveryFileAndTheWorstOfThem) {
   EXPECT_EQ(runTool({"check", "sample.xml", "note.xml"}).status, 0);
   const auto run = runTool({"check", "sample.xml", "broken.xml"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.out.find("sample.xml: no findings\nbroken.xml:1:11: error 101: not well-formed\n"),
-            0U)
-      << run.out;
+#ifdef _WIN32
+  const std::string place = "(:[0-9]+:[0-9]+)?";  // not every service says where
+#else
+  const std::string place = ":1:11";
+#endif
+  const std::regex report("sample.xml: no findings\nbroken.xml" + place +
+                          ": error 101: not well-formed\n[^]*");
+  EXPECT_TRUE(std::regex_match(run.out, report)) << run.out;
   EXPECT_EQ(runTool({"check", "missing.xml"}).status, 2);
 }
 
