@@ -19,6 +19,7 @@ struct Options {
   std::vector<std::string> only;
   std::vector<std::string> parts{"peers", "growth", "hidden"};
   bool processorTime = false;
+  bool warm = false;
 };
 
 bool isWanted(const Options& options, const bench::Peer& peer) {
@@ -57,6 +58,12 @@ void measureMemory(const Options& options, const std::vector<bench::Peer>& peers
   }
 }
 
+void startAfresh(const Options& options) {
+  if (!options.warm) {
+    bench::giveFreeMemoryBack();
+  }
+}
+
 void measurePeers(const Options& options, const bench::Drawing& drawing, bench::Report& report) {
   std::vector<bench::Peer> peers;
   for (const bench::Peer& peer : bench::peers()) {
@@ -71,10 +78,12 @@ void measurePeers(const Options& options, const bench::Drawing& drawing, bench::
     for (std::size_t i = 0; i < peers.size(); ++i) {
       const std::string file = fileOf(options, peers[i]);
       std::filesystem::remove(file);
+      startAfresh(options);
       writes[i].push_back(bench::seconds([&] { peers[i].write(drawing, file); }));
       if (round == 0) {
         verify(drawing, peers[i], file);
       }
+      startAfresh(options);
       reads[i].push_back(bench::seconds([&] { peers[i].read(file); }));
     }
   }
@@ -129,6 +138,7 @@ Options parse(int argc, char** argv) {
       ->check(CLI::IsMember({"peers", "growth", "hidden"}));
   app.add_flag("--processor-time", options.processorTime,
                "measure processor time: for a machine that does other work as well");
+  app.add_flag("--warm", options.warm, "leave each run the memory that others have freed");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

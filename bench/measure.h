@@ -12,6 +12,10 @@ namespace bench {
 /// Seconds that `work` takes: those that pass, or the processor time of this process.
 double seconds(const std::function<void()>& work);
 
+/// Gives memory that is free back to the system. A program that writes or reads one drawing has to
+/// get its memory first; no library shall live off what the one before left behind.
+void giveFreeMemoryBack();
+
 /// From now on seconds() gives processor time, which other programs on the machine disturb less.
 void measureProcessorTime();
 
