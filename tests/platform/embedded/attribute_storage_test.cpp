@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,49 @@ TEST_F(AttributeStorage, ValuesOfEveryLengthAreKept) {
   ASSERT_TRUE(loads(saved()));
   EXPECT_EQ(saved(),
             "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<Document" + expected + "/>\r\n");
+}
+
+TEST_F(AttributeStorage, ElementsMadeInOneStepKeepValuesOfEveryLength) {
+  std::string expected;
+  for (const std::size_t length : {0U,  1U,  2U,  3U,  4U,  5U,    7U,    8U,     9U,     15U,
+                                   16U, 17U, 31U, 32U, 33U, 4095U, 4096U, 65534U, 65535U, 65536U}) {
+    std::string value;
+    for (std::size_t i = 0; i < length; ++i)
+      value.push_back(static_cast<char>('a' + i % 23));
+    const dom::NewAttribute attributes[] = {{"a", {value}}, {"b", {"1"}}, {"c", {value}}};
+    ASSERT_TRUE(dom::appendElement(m_document, m_root, "E", attributes));
+    expected += "<E a=\"" + value + "\" b=\"1\" c=\"" + value + "\"/>";
+  }
+  EXPECT_EQ(saved(), "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<Document>" + expected +
+                         "</Document>\r\n");
+}
+
+TEST_F(AttributeStorage, ElementsMadeInOneStepTakeManyAttributesAndMoreLater) {
+  const dom::NewAttribute attributes[] = {{"a", {"1"}}, {"b", {"2"}}, {"c", {"3"}},
+                                          {"d", {"4"}}, {"e", {"5"}}, {"f", {"6"}}};
+  ASSERT_TRUE(dom::appendElement(m_document, m_root, "Six", attributes));
+  ASSERT_TRUE(dom::appendElement(m_document, m_root, "Two", std::span(attributes).first(2)));
+  const IXMLDOMNodePtr two = dom::firstChildNamed(m_root, "Two");
+  put(two, "b", "again");
+  put(two, "g", "7");
+  ASSERT_TRUE(dom::appendElement(m_document, two, "None", {}));
+  EXPECT_EQ(outline(m_root), "Document[Six(a=1 b=2 c=3 d=4 e=5 f=6) Two(a=1 b=again g=7)[None]]");
+}
+
+TEST_F(AttributeStorage, WideTextsOfEveryLengthAreKept) {
+  for (std::size_t length = 0; length < 140; ++length) {
+    const std::wstring plain(length, L'p');
+    for (const std::wstring& text :
+         {plain, plain + L"<", plain + L"\u00e9", plain + L"\u20ac\u20ac", L"\u20ac" + plain,
+          std::wstring(length, L'\u20ac')}) {
+      ASSERT_TRUE(dom::appendElement(m_document, m_root, "T", "string", text));
+      const IXMLDOMNodePtr made = dom::firstChildNamed(m_root, "T");
+      dom::AttributeValue value;
+      ASSERT_TRUE(dom::attribute(made, "string", value));
+      ASSERT_EQ(value.toText().view(), text);
+      dom::append(IXMLDOMNodePtr(element("Elsewhere")), made);
+    }
+  }
 }
 
 TEST_F(AttributeStorage, ElementsCrossTheEndsOfTheMemoryBlocks) {
