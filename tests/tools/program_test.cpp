@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include <tests/support/saved_file.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
@@ -64,6 +65,22 @@ TEST(ToolProgram, TakesNamesInUtf8) {
   const auto run = runTool({"bars", "étage ≤2.xml"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out.find("Bar list of étage ≤2.xml, drawing B1 – étage\n"), 0U);
+}
+
+// The input is never changed, under whatever name it is given for the output.
+TEST(ToolProgram, NeverWritesOverWhatItReads) {
+  const std::string drawing = quorvan::test::sampleDrawing();
+  quorvan::test::writeFile("drawing.json", drawing);
+  quorvan::test::writeFile("sample.svg", quorvan::test::sampleBytes());
+  std::filesystem::create_hard_link("sample.svg", "link.svg");
+  for (const char* const output : {"sample.svg", "./sample.svg", "link.svg"}) {
+    const auto run = runTool({"draw", "sample.svg", "-o", output});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_NE(run.err.find("is the file itself"), std::string::npos) << run.err;
+  }
+  EXPECT_EQ(runTool({"write", "drawing.json", "-o", "./drawing.json"}).status, 2);
+  EXPECT_EQ(quorvan::test::fileBytes("sample.svg"), quorvan::test::sampleBytes());
+  EXPECT_EQ(quorvan::test::fileBytes("drawing.json"), drawing);
 }
 
 }  // namespace

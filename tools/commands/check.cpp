@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <system_error>
 
 #include <tools/check/checker.h>
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
 #include <tools/console/terminal.h>
+#include <tools/filing/work_folder.h>
 #include <tools/repair/repair.h>
 #include <tools/text/json_text.h>
 #include <tools/text/table.h>
@@ -140,9 +140,7 @@ int repair(const Options& options, const StandardSizes& sizes, Console& console)
   if (options.files.size() != 1 || options.output.empty())
     throw Failure("--repair takes one file and -o with the name of the mended copy");
   const std::string& name = options.files.front();
-  std::error_code ignored;
-  if (std::filesystem::equivalent(toPath(name), toPath(options.output), ignored))
-    throw Failure(options.output + ": is the file itself; a mended copy needs a name of its own");
+  refuseSameFile(name, options.output);
   const FileFindings before = findIn(name, sizes, console);
   if (!options.asJson)
     print(before, console.out);

@@ -108,6 +108,7 @@ void writePicture(const TransferFile& file, const Scene& scene, const Options& o
 
 void draw(const Options& options, Console& console) {
   const DrawOptions drawing = drawOptions(options);
+  refuseSameFile(options.file, options.output);
   const TransferFile file(options.file, console);
   const SceneResult result = buildScene(file, drawing, console);
   if (result.leftOut != 0)

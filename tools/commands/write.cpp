@@ -69,6 +69,7 @@ void fileDrawing(const DrawingInput& drawing, const std::string& path, Progress&
 }
 
 void write(const Options& options, Console& console) {
+  refuseSameFile(options.drawing, options.output);
   const DrawingInput drawing = readDrawing(options.drawing);
   Progress progress(console, "writing " + options.output);
   const WorkFolder folder(toPath(options.output));

@@ -9,6 +9,12 @@ namespace quorvan::tool {
 
 namespace fs = std::filesystem;
 
+void refuseSameFile(const std::string& input, const std::string& output) {
+  std::error_code ignored;
+  if (fs::equivalent(toPath(input), toPath(output), ignored))
+    throw Failure(output + ": is the file itself; the output needs a name of its own");
+}
+
 WorkFolder::WorkFolder(const fs::path& target)
     : m_target(fs::absolute(target)),
       m_folder(m_target.parent_path()),

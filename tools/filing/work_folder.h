@@ -3,10 +3,14 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include <tools/console/temporary_folder.h>
 
 namespace quorvan::tool {
+
+/// Raises Failure when the output is the input, under whatever name: what is read is never changed.
+void refuseSameFile(const std::string& input, const std::string& output);
 
 /// Made beside the file to be written and made the current folder; both are taken back at the end.
 class WorkFolder {
