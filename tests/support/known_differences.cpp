@@ -42,10 +42,6 @@ constexpr FailingTest kFailingTests[] = {
      "Saved in UTF-8 and loaded as declared, every further saving spoils the letters once more."},
     {"ClassScope.ANameThatTheEncodingLacksFailsToBeSavedAndLosesNothing",
      "A character that the encoding lacks is saved as a reference, even in a name."},
-    {"ToolCheck.ReportsEveryFileAndTheWorstOfThem",
-     "The place at which a file does not parse is not told."},
-    {"Faults/ToolCheckSeeded.IsFoundWhereItWasSeeded/101_0",
-     "The place at which a file does not parse is not told."},
 };
 
 constexpr FailingTest kCrashingTests[] = {
