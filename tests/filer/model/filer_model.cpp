@@ -1,6 +1,7 @@
 #include <tests/filer/model/filer_model.h>
 
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -43,18 +44,24 @@ Node* childNamed(const Node* node, const std::string& name) {
 }
 
 std::string fixed7(double value) {
+  if (std::isnan(value))
+    return "nan";  // without the sign that the C library would give it
   char text[400];
   const int length = std::snprintf(text, sizeof text, "%.7f", value);
   return {text, static_cast<std::size_t>(length)};
 }
 
 std::string shortest(double value) {
+  if (std::isnan(value))
+    return "nan";
   char text[64];
   return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
 
+// Numbers have digits: "inf", which the C library reads, is none.
 double toDouble(const std::string& text) {
-  return std::strtod(text.c_str(), nullptr);
+  const bool isNumber = text.find_first_of("0123456789") != std::string::npos;
+  return isNumber ? std::strtod(text.c_str(), nullptr) : 0.0;
 }
 
 std::int32_t toLong(const std::string& text) {
