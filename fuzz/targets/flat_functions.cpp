@@ -83,6 +83,9 @@ void exportBar(int kind, Arguments& a) {
       return exportStirrup(n[0], n[1], n[2], n[3], n[4], n[5], n[6], n[7], grade, bond, a.number,
                            n[8], a.isHidden());
     case 6:
+      return exportUBar(n[0], n[1], n[2], n[3], n[4], n[5], n[6], n[7], n[8], n[9], n[10], n[11],
+                        n[0], grade, bond, a.number, n[1], a.isHidden());
+    case 7:
       return exportFrameRect(n[0], n[1], n[2], n[3], n[4], n[5], n[6], n[7], n[8], n[9], n[10],
                              grade, bond, a.number, n[11], a.isHidden());
     default:
@@ -134,7 +137,7 @@ void step(Input& input, Expected& expected) {
   } else if (kind < 16) {
     comesThrough([&] { exportGraphic(input.below(5), arguments); });
   } else {
-    comesThrough([&] { exportBar(input.below(8), arguments); });
+    comesThrough([&] { exportBar(input.below(9), arguments); });
   }
 }
 
