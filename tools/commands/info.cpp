@@ -131,24 +131,6 @@ void printBars(const FileSummary& summary, std::ostream& out) {
   }
 }
 
-// Consecutive numbers as "1-4".
-std::string rangesOf(const std::vector<std::int64_t>& numbers) {
-  std::string text;
-  std::size_t ranges = 0;
-  for (std::size_t at = 0; at < numbers.size(); ++ranges) {
-    std::size_t end = at + 1;
-    while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1)
-      ++end;
-    if (ranges == kMostPerLine)
-      return text + ", ...";
-    text += (text.empty() ? "" : ", ") + std::to_string(numbers[at]);
-    if (end - at > 1)
-      text += (end - at == 2 ? ", " : "-") + std::to_string(numbers[end - 1]);
-    at = end;
-  }
-  return text;
-}
-
 void printRepartitions(const FileSummary& summary, std::ostream& out) {
   Table table;
   table.addColumn("repartition", Table::Align::kRight);
@@ -172,7 +154,7 @@ void printRepartitions(const FileSummary& summary, std::ostream& out) {
 void print(const TransferFile& file, const FileSummary& summary, std::ostream& out) {
   printHead(file, summary, out);
   if (!summary.references.empty())
-    out << "  references    " << rangesOf(summary.references) << '\n';
+    out << "  references    " << runsOf(summary.references, kMostPerLine) << '\n';
   printClasses(summary, out);
   printBars(summary, out);
   printRepartitions(summary, out);

@@ -14,7 +14,6 @@ namespace quorvan::tool {
 namespace {
 
 constexpr std::string_view kCoordinateNames[] = {"X", "Y", "Z"};
-constexpr long kLargestCount = 32767;  // counts of lists are filed with 16 bits
 
 std::string quoted(std::string_view name, std::string_view value) {
   return std::string(name) + "=\"" + std::string(value) + '"';
@@ -245,10 +244,10 @@ class ItemReader::Reading {
     const std::string_view* const announced = m_tree.attribute(node, attribute);
     if (announced == nullptr)
       return;
-    if (!isNumbered && held > static_cast<std::size_t>(kLargestCount)) {
+    if (!isNumbered && held > kLargestSize) {
       report(ProblemKind::kCountOutOfRange, &node, node.name,
              entriesFound(attribute, *announced, held),
-             "at most " + std::to_string(kLargestCount) + " entries");
+             "at most " + std::to_string(kLargestSize) + " entries");
     } else if (count < 0 || static_cast<std::size_t>(count) != held || !entries.isGapless()) {
       report(ProblemKind::kCountDisagrees, &node, node.name,
              entriesFound(attribute, *announced, held), countExpected(schema, entries));

@@ -1,6 +1,7 @@
 // The entries of a list in a file: children named by a stem and a number.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,9 @@
 namespace quorvan::tool {
 
 inline constexpr std::string_view kBulgeStem = "Bulge";
+
+/// The largest "size" that a list is filed with: it has 16 bits.
+inline constexpr std::size_t kLargestSize = 32767;
 
 struct ListEntry {
   std::uint32_t number;

@@ -22,7 +22,6 @@ namespace {
 
 constexpr std::int32_t kVersion = 1;
 constexpr std::string_view kDeclaration = "version='1.0' encoding='ISO-8859-1'";
-constexpr std::size_t kLargestCount = 32767;
 
 // Builds the document of the copy.
 class CopyBuilder {
@@ -136,7 +135,7 @@ class CopyBuilder {
     const std::string_view attribute = isNumbered ? "long" : "size";
     const ListEntries entries(m_tree, isNumbered ? *element.node : item, schema.stem);
     const std::size_t held = entries.all().size();
-    const bool isCertain = entries.isGapless() && (isNumbered || held <= kLargestCount);
+    const bool isCertain = entries.isGapless() && (isNumbered || held <= kLargestSize);
     const IXMLDOMNodePtr copy = create(item.name);
     bool hasCount = false;
     for (const Attribute& one : m_tree.attributes(item)) {

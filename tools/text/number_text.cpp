@@ -33,4 +33,21 @@ std::string rounded(double value, int decimals) {
   return text;
 }
 
+std::string runsOf(const std::vector<std::int64_t>& numbers, std::size_t most) {
+  std::string text;
+  std::size_t runs = 0;
+  for (std::size_t at = 0; at < numbers.size(); ++runs) {
+    std::size_t end = at + 1;
+    while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1)
+      ++end;
+    if (runs == most)
+      return text + ", ...";
+    text += (text.empty() ? "" : ", ") + std::to_string(numbers[at]);
+    if (end - at > 1)
+      text += (end - at == 2 ? ", " : "-") + std::to_string(numbers[end - 1]);
+    at = end;
+  }
+  return text;
+}
+
 }  // namespace quorvan::tool

@@ -1,7 +1,11 @@
 // Numbers in results: always with a point, never with the locale's habits.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <string>
+#include <vector>
 
 namespace quorvan::tool {
 
@@ -13,5 +17,9 @@ std::string fixed(double value, int decimals);
 
 /// Rounded to `decimals` places, without zeros at the end; no "-0".
 std::string rounded(double value, int decimals);
+
+/// Ascending numbers, consecutive ones as "1-4"; "..." after the first `most` of these runs.
+std::string runsOf(const std::vector<std::int64_t>& numbers,
+                   std::size_t most = std::numeric_limits<std::size_t>::max());
 
 }  // namespace quorvan::tool
