@@ -21,7 +21,7 @@ namespace {
 constexpr int kMassDecimals = 2;
 constexpr int kMetreDecimals = 2;
 
-struct Options {
+struct BarsArguments {
   std::string file;
   std::string unit = "mm";
   bool asJson = false;
@@ -182,13 +182,13 @@ void printJson(const TransferFile& file, const BarList& list, const LengthUnit& 
   out << indentedJson(result);
 }
 
-void listBars(const Options& options, Console& console) {
-  const LengthUnit& unit = unitNamed(options.unit);
-  const TransferFile file(options.file, console);
+void listBars(const BarsArguments& arguments, Console& console) {
+  const LengthUnit& unit = unitNamed(arguments.unit);
+  const TransferFile file(arguments.file, console);
   const BarList list = makeBarList(file, unit);
-  if (options.asJson)
+  if (arguments.asJson)
     printJson(file, list, unit, console.out);
-  else if (options.asCsv)
+  else if (arguments.asCsv)
     printCsv(file, list, unit, console.out);
   else
     printText(file, list, unit, console.out);
@@ -197,17 +197,17 @@ void listBars(const Options& options, Console& console) {
 }  // namespace
 
 void addBars(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<BarsArguments>();
   CLI::App* const command =
       program.add_subcommand("bars", "The bar list: marks, numbers, lengths, masses");
-  command->add_option("FILE", options->file, "Transfer file")->required();
-  command->add_option("--unit", options->unit, "Unit of the drawing's lengths: mm, cm or m")
+  command->add_option("FILE", arguments->file, "Transfer file")->required();
+  command->add_option("--unit", arguments->unit, "Unit of the drawing's lengths: mm, cm or m")
       ->capture_default_str();
   CLI::Option* const json =
-      command->add_flag("--json", options->asJson, "As JSON (docs/schema/bars.schema.json)");
-  command->add_flag("--csv", options->asCsv, "As CSV, a line a row")->excludes(json);
+      command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)");
+  command->add_flag("--csv", arguments->asCsv, "As CSV, a line a row")->excludes(json);
   command->footer(std::string(kBarsExamples));
-  command->callback([options, &run] { listBars(*options, run.console); });
+  command->callback([arguments, &run] { listBars(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool

@@ -17,7 +17,7 @@ namespace quorvan::tool {
 
 namespace {
 
-struct Options {
+struct CheckArguments {
   std::vector<std::string> files;
   std::vector<double> diameters;
   std::string output;
@@ -136,50 +136,50 @@ int report(const std::vector<FileFindings>& results, bool asJson, std::ostream& 
   return statusOf(results);
 }
 
-int repair(const Options& options, const StandardSizes& sizes, Console& console) {
-  if (options.files.size() != 1 || options.output.empty())
+int repair(const CheckArguments& arguments, const StandardSizes& sizes, Console& console) {
+  if (arguments.files.size() != 1 || arguments.output.empty())
     throw Failure("--repair takes one file and -o with the name of the mended copy");
-  const std::string& name = options.files.front();
-  refuseSameFile(name, options.output);
+  const std::string& name = arguments.files.front();
+  refuseSameFile(name, arguments.output);
   const FileFindings before = findIn(name, sizes, console);
-  if (!options.asJson)
+  if (!arguments.asJson)
     print(before, console.out);
   writeRepaired(TransferFile(name, console, Tolerance::kForbiddenCharacters),
-                toPath(options.output));
+                toPath(arguments.output));
   // What is left is looked for in the copy, not assumed.
-  return report({findIn(options.output, sizes, console)}, options.asJson, console.out);
+  return report({findIn(arguments.output, sizes, console)}, arguments.asJson, console.out);
 }
 
-int check(const Options& options, Console& console) {
+int check(const CheckArguments& arguments, Console& console) {
   const StandardSizes sizes =
-      options.diameters.empty() ? europeanSizes() : StandardSizes{options.diameters};
-  if (options.repairs)
-    return repair(options, sizes, console);
-  if (!options.output.empty())
+      arguments.diameters.empty() ? europeanSizes() : StandardSizes{arguments.diameters};
+  if (arguments.repairs)
+    return repair(arguments, sizes, console);
+  if (!arguments.output.empty())
     throw Failure("-o is for the copy that --repair writes");
   std::vector<FileFindings> results;
-  for (const std::string& name : options.files)
+  for (const std::string& name : arguments.files)
     results.push_back(findIn(name, sizes, console));
-  return report(results, options.asJson, console.out);
+  return report(results, arguments.asJson, console.out);
 }
 
 }  // namespace
 
 void addCheck(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<CheckArguments>();
   CLI::App* const command =
       program.add_subcommand("check", "What is wrong with files, and how to mend it");
-  command->add_option("FILE", options->files, "Transfer files")->required();
-  command->add_flag("--json", options->asJson, "As JSON (docs/schema/check.schema.json)");
-  command->add_flag("--repair", options->repairs,
+  command->add_option("FILE", arguments->files, "Transfer files")->required();
+  command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/check.schema.json)");
+  command->add_flag("--repair", arguments->repairs,
                     "Write a mended copy, check it and report what is left");
-  command->add_option("-o,--output", options->output, "Name of the mended copy");
+  command->add_option("-o,--output", arguments->output, "Name of the mended copy");
   command
-      ->add_option("--diameters", options->diameters,
+      ->add_option("--diameters", arguments->diameters,
                    "Standard sizes in the drawing's unit, instead of those of EN 10080 in mm")
       ->delimiter(',');
   command->footer(std::string(kCheckExamples));
-  command->callback([options, &run] { run.status = check(*options, run.console); });
+  command->callback([arguments, &run] { run.status = check(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool

@@ -19,7 +19,7 @@ namespace {
 constexpr DifferenceKind kKinds[] = {DifferenceKind::kDeleted, DifferenceKind::kAdded,
                                      DifferenceKind::kMoved, DifferenceKind::kChanged};
 
-struct Options {
+struct DiffArguments {
   std::string before;
   std::string after;
   double tolerance = 0.001;
@@ -122,16 +122,16 @@ class Report {
   ItemReader m_new;
 };
 
-int diff(const Options& options, Console& console) {
-  if (!(options.tolerance >= 0.0))
+int diff(const DiffArguments& arguments, Console& console) {
+  if (!(arguments.tolerance >= 0.0))
     throw Failure("the tolerance must not be below 0");
-  const TransferFile before(options.before, console);
-  const TransferFile after(options.after, console);
+  const TransferFile before(arguments.before, console);
+  const TransferFile after(arguments.after, console);
   const std::vector<Difference> differences =
-      compareFiles(before, after, options.tolerance, console);
+      compareFiles(before, after, arguments.tolerance, console);
   Report report(before, after, differences);
-  if (options.asJson)
-    console.out << indentedJson(report.toJson(options.tolerance));
+  if (arguments.asJson)
+    console.out << indentedJson(report.toJson(arguments.tolerance));
   else
     report.print(console.out);
   return differences.empty() ? kSuccess : kFindings;
@@ -140,15 +140,16 @@ int diff(const Options& options, Console& console) {
 }  // namespace
 
 void addDiff(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<DiffArguments>();
   CLI::App* const command = program.add_subcommand("diff", "What two drawings differ by");
-  command->add_option("BEFORE", options->before, "Transfer file")->required();
-  command->add_option("AFTER", options->after, "Transfer file to compare with it")->required();
-  command->add_option("--tolerance", options->tolerance, "Numbers that differ by no more are equal")
+  command->add_option("BEFORE", arguments->before, "Transfer file")->required();
+  command->add_option("AFTER", arguments->after, "Transfer file to compare with it")->required();
+  command
+      ->add_option("--tolerance", arguments->tolerance, "Numbers that differ by no more are equal")
       ->capture_default_str();
-  command->add_flag("--json", options->asJson, "As JSON (docs/schema/diff.schema.json)");
+  command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/diff.schema.json)");
   command->footer(std::string(kDiffExamples));
-  command->callback([options, &run] { run.status = diff(*options, run.console); });
+  command->callback([arguments, &run] { run.status = diff(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool

@@ -19,7 +19,7 @@ namespace quorvan::tool {
 
 namespace {
 
-struct Options {
+struct DrawArguments {
   std::string file;
   std::string output;
   std::string sheet;
@@ -57,32 +57,32 @@ std::optional<Value> named(const Named<Value> (&values)[Count], std::string_view
   return std::nullopt;
 }
 
-DrawOptions drawOptions(const Options& options) {
+DrawOptions drawOptions(const DrawArguments& arguments) {
   DrawOptions result;
-  result.plane = named(kPlanes, options.plane).value_or(Plane::kXY);
+  result.plane = named(kPlanes, arguments.plane).value_or(Plane::kXY);
   for (const LengthUnit& unit : kLengthUnits) {
-    if (unit.name == options.unit)
+    if (unit.name == arguments.unit)
       result.unit = &unit;
   }
-  if (!options.sheet.empty()) {
-    result.sheet = sheetNamed(options.sheet);
+  if (!arguments.sheet.empty()) {
+    result.sheet = sheetNamed(arguments.sheet);
     if (!result.sheet)
-      throw Failure('"' + options.sheet +
+      throw Failure('"' + arguments.sheet +
                     "\" is not a sheet; there are A0 to A5, upright with a u behind (A4u), and "
                     "sizes in mm such as 630x297");
   }
-  if (options.scale > 0.0)
-    result.scale = options.scale;
-  result.colors = colorSchemeNamed(options.colors);
-  result.angles = named(kAngleUnits, options.angles);
-  result.hidden = named(kHiddenBars, options.hidden).value_or(HiddenBars::kDashed);
-  result.marks = named(kMarks, options.marks).value_or(Marks::kAuto);
+  if (arguments.scale > 0.0)
+    result.scale = arguments.scale;
+  result.colors = colorSchemeNamed(arguments.colors);
+  result.angles = named(kAngleUnits, arguments.angles);
+  result.hidden = named(kHiddenBars, arguments.hidden).value_or(HiddenBars::kDashed);
+  result.marks = named(kMarks, arguments.marks).value_or(Marks::kAuto);
   return result;
 }
 
-void writePicture(const TransferFile& file, const Scene& scene, const Options& options,
+void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
                   const DrawOptions& drawing, const std::filesystem::path& path) {
-  const std::string form = toUtf8(toPath(options.output).extension());
+  const std::string form = toUtf8(toPath(arguments.output).extension());
   if (form == ".svg" || form == ".html") {
     std::ofstream out(path, std::ios::binary);
     if (form == ".svg")
@@ -91,46 +91,48 @@ void writePicture(const TransferFile& file, const Scene& scene, const Options& o
       writeHtmlPage(file, scene, *drawing.unit, out);
     out.close();
     if (!out)
-      throw Failure(options.output + ": cannot be written");
+      throw Failure(arguments.output + ": cannot be written");
     return;
   }
 #ifdef QUORVAN_HAS_CAIRO
   if (form == ".png")
-    return writePng(scene, options.dotsPerInch, path);
+    return writePng(scene, arguments.dotsPerInch, path);
   if (form == ".pdf")
     return writePdf(scene, path);
 #else
   if (form == ".png" || form == ".pdf")
-    throw Failure(options.output + ": this build writes .svg and .html only; it has no cairo");
+    throw Failure(arguments.output + ": this build writes .svg and .html only; it has no cairo");
 #endif
-  throw Failure(options.output + ": the name must end in .svg, .html, .png or .pdf");
+  throw Failure(arguments.output + ": the name must end in .svg, .html, .png or .pdf");
 }
 
-void draw(const Options& options, Console& console) {
-  const DrawOptions drawing = drawOptions(options);
-  refuseSameFile(options.file, options.output);
-  const TransferFile file(options.file, console);
+void draw(const DrawArguments& arguments, Console& console) {
+  const DrawOptions drawing = drawOptions(arguments);
+  refuseSameFile(arguments.file, arguments.output);
+  const TransferFile file(arguments.file, console);
   const SceneResult result = buildScene(file, drawing, console);
   if (result.leftOut != 0)
-    console.err << options.file << ": warning: " << result.leftOut
+    console.err << arguments.file << ": warning: " << result.leftOut
                 << " elements are left out: they lie beyond what can be drawn\n";
-  const WorkFolder folder(toPath(options.output));
-  writePicture(file, result.scene, options, drawing, folder.file());
+  const WorkFolder folder(toPath(arguments.output));
+  writePicture(file, result.scene, arguments, drawing, folder.file());
   folder.moveToTarget();
 }
 
-void addStyleOptions(CLI::App& command, Options& options) {
-  command.add_option("--colors", options.colors, "What colour numbers are: auto, index, rgb, bgr")
+void addStyleOptions(CLI::App& command, DrawArguments& arguments) {
+  command
+      .add_option("--colors", arguments.colors, "What colour numbers are: auto, index, rgb, bgr")
       ->check(CLI::IsMember({"auto", "index", "rgb", "bgr"}))
       ->capture_default_str();
-  command.add_option("--angles", options.angles, "What angles are: auto, deg, rad")
+  command.add_option("--angles", arguments.angles, "What angles are: auto, deg, rad")
       ->check(CLI::IsMember({"auto", "deg", "rad"}))
       ->capture_default_str();
-  command.add_option("--hidden", options.hidden, "Hidden bars: dashed, off, solid")
+  command.add_option("--hidden", arguments.hidden, "Hidden bars: dashed, off, solid")
       ->check(CLI::IsMember({"dashed", "off", "solid"}))
       ->capture_default_str();
   command
-      .add_option("--marks", options.marks, "Bar marks: auto (those that no text names), all, none")
+      .add_option("--marks", arguments.marks,
+                  "Bar marks: auto (those that no text names), all, none")
       ->check(CLI::IsMember({"auto", "all", "none"}))
       ->capture_default_str();
 }
@@ -138,30 +140,31 @@ void addStyleOptions(CLI::App& command, Options& options) {
 }  // namespace
 
 void addDraw(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<DrawArguments>();
   CLI::App* const command =
       program.add_subcommand("draw", "The drawing as SVG, HTML page, PNG or PDF");
-  command->add_option("FILE", options->file, "Transfer file")->required();
+  command->add_option("FILE", arguments->file, "Transfer file")->required();
   command
-      ->add_option("-o,--output", options->output,
+      ->add_option("-o,--output", arguments->output,
                    "Picture to write; its ending says the form: .svg .html .png .pdf")
       ->required();
-  command->add_option("--sheet", options->sheet,
+  command->add_option("--sheet", arguments->sheet,
                       "A0 to A5, upright A0u to A5u, or width x height in mm; A3 unless given");
-  command->add_option("--scale", options->scale, "25 for 1:25; the largest usual one unless given")
+  command
+      ->add_option("--scale", arguments->scale, "25 for 1:25; the largest usual one unless given")
       ->check(CLI::PositiveNumber);
-  command->add_option("--unit", options->unit, "Unit of the drawing's lengths: mm, cm or m")
+  command->add_option("--unit", arguments->unit, "Unit of the drawing's lengths: mm, cm or m")
       ->check(CLI::IsMember({"mm", "cm", "m"}))
       ->capture_default_str();
-  command->add_option("--plane", options->plane, "What is seen: xy, xz or yz")
+  command->add_option("--plane", arguments->plane, "What is seen: xy, xz or yz")
       ->check(CLI::IsMember({"xy", "xz", "yz"}))
       ->capture_default_str();
-  addStyleOptions(*command, *options);
-  command->add_option("--dpi", options->dotsPerInch, "Fineness of a PNG")
+  addStyleOptions(*command, *arguments);
+  command->add_option("--dpi", arguments->dotsPerInch, "Fineness of a PNG")
       ->check(CLI::Range(10.0, 1200.0))
       ->capture_default_str();
   command->footer(std::string(kDrawExamples));
-  command->callback([options, &run] { draw(*options, run.console); });
+  command->callback([arguments, &run] { draw(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool

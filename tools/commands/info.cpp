@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kIndent = 2;
 constexpr std::size_t kMostPerLine = 20;
 
-struct Options {
+struct InfoArguments {
   std::vector<std::string> files;
   bool asJson = false;
 };
@@ -160,33 +160,33 @@ void print(const TransferFile& file, const FileSummary& summary, std::ostream& o
   printRepartitions(summary, out);
 }
 
-void showInfo(const Options& options, Console& console) {
+void showInfo(const InfoArguments& arguments, Console& console) {
   Json files = Json::array();
-  for (const std::string& name : options.files) {
+  for (const std::string& name : arguments.files) {
     const TransferFile file(name, console);
     const FileSummary summary = summarize(file);
-    if (options.asJson) {
+    if (arguments.asJson) {
       files.push_back(toJson(file, summary));
     } else {
-      if (&name != &options.files.front())
+      if (&name != &arguments.files.front())
         console.out << '\n';
       print(file, summary, console.out);
     }
   }
-  if (options.asJson)
+  if (arguments.asJson)
     console.out << indentedJson({{"files", std::move(files)}});
 }
 
 }  // namespace
 
 void addInfo(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<InfoArguments>();
   CLI::App* const command =
       program.add_subcommand("info", "What files hold, in figures: name, classes, bars, extents");
-  command->add_option("FILE", options->files, "Transfer files")->required();
-  command->add_flag("--json", options->asJson, "As JSON (docs/schema/info.schema.json)");
+  command->add_option("FILE", arguments->files, "Transfer files")->required();
+  command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/info.schema.json)");
   command->footer(std::string(kInfoExamples));
-  command->callback([options, &run] { showInfo(*options, run.console); });
+  command->callback([arguments, &run] { showInfo(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool

@@ -17,7 +17,7 @@ namespace quorvan::tool {
 
 namespace {
 
-struct Options {
+struct ListArguments {
   std::string file;
   std::string className;
   bool asJson = false;
@@ -181,14 +181,14 @@ class Listing {
   bool m_isFirst = true;
 };
 
-void list(const Options& options, Console& console) {
+void list(const ListArguments& arguments, Console& console) {
   const std::string className =
-      options.className.empty() ? std::string() : fullClassName(options.className);
-  const TransferFile file(options.file, console);
+      arguments.className.empty() ? std::string() : fullClassName(arguments.className);
+  const TransferFile file(arguments.file, console);
   Listing listing(file, className, console);
-  if (options.asJson)
+  if (arguments.asJson)
     listing.writeJson();
-  else if (options.asCsv)
+  else if (arguments.asCsv)
     listing.writeCsv();
   else
     listing.writeTables();
@@ -197,19 +197,19 @@ void list(const Options& options, Console& console) {
 }  // namespace
 
 void addList(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<ListArguments>();
   CLI::App* const command = program.add_subcommand("list", "Every element with its items");
-  command->add_option("FILE", options->file, "Transfer file")->required();
-  command->add_option("CLASS", options->className,
+  command->add_option("FILE", arguments->file, "Transfer file")->required();
+  command->add_option("CLASS", arguments->className,
                       "Only elements of this class; \"CKtZanto\" may be left out");
-  CLI::Option* const json = command->add_flag("--json", options->asJson,
+  CLI::Option* const json = command->add_flag("--json", arguments->asJson,
                                               "As drawing JSON (docs/schema/drawing.schema.json)");
   command
-      ->add_flag("--csv", options->asCsv,
+      ->add_flag("--csv", arguments->asCsv,
                  "As CSV: a line an element for one CLASS, else a line an item")
       ->excludes(json);
   command->footer(std::string(kListExamples));
-  command->callback([options, &run] { list(*options, run.console); });
+  command->callback([arguments, &run] { list(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool

@@ -19,7 +19,7 @@ namespace quorvan::tool {
 
 namespace {
 
-struct Options {
+struct WriteArguments {
   std::string drawing;
   std::string output;
 };
@@ -68,17 +68,18 @@ void fileDrawing(const DrawingInput& drawing, const std::string& path, Progress&
   filing.end(drawing.control);
 }
 
-void write(const Options& options, Console& console) {
-  refuseSameFile(options.drawing, options.output);
-  const DrawingInput drawing = readDrawing(options.drawing);
-  Progress progress(console, "writing " + options.output);
-  const WorkFolder folder(toPath(options.output));
+void write(const WriteArguments& arguments, Console& console) {
+  refuseSameFile(arguments.drawing, arguments.output);
+  const DrawingInput drawing = readDrawing(arguments.drawing);
+  Progress progress(console, "writing " + arguments.output);
+  const WorkFolder folder(toPath(arguments.output));
   try {
     fileDrawing(drawing, toUtf8(folder.file()), progress);
   } catch (const _com_error&) {
-    throw Failure(options.output + ": the XML document service failed while the drawing was filed");
+    throw Failure(arguments.output +
+                  ": the XML document service failed while the drawing was filed");
   } catch (const std::out_of_range&) {
-    throw Failure(options.drawing +
+    throw Failure(arguments.drawing +
                   ": a series of which one frame alone is left; it needs two, but for straight "
                   "bars seen in view 1");
   }
@@ -88,13 +89,14 @@ void write(const Options& options, Console& console) {
 }  // namespace
 
 void addWrite(CLI::App& program, Run& run) {
-  const auto options = std::make_shared<Options>();
+  const auto arguments = std::make_shared<WriteArguments>();
   CLI::App* const command = program.add_subcommand("write", "A JSON drawing as a transfer file");
-  command->add_option("DRAWING", options->drawing, "Drawing JSON (docs/schema/drawing.schema.json)")
+  command
+      ->add_option("DRAWING", arguments->drawing, "Drawing JSON (docs/schema/drawing.schema.json)")
       ->required();
-  command->add_option("-o,--output", options->output, "Transfer file to write")->required();
+  command->add_option("-o,--output", arguments->output, "Transfer file to write")->required();
   command->footer(std::string(kWriteExamples));
-  command->callback([options, &run] { write(*options, run.console); });
+  command->callback([arguments, &run] { write(*arguments, run.console); });
 }
 
 }  // namespace quorvan::tool
