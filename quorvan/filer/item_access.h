@@ -34,9 +34,7 @@ class ItemAccess {
   }
 
   /// The element whose children are the items being read: the open vector, else the class.
-  static const IXMLDOMNodePtr& scope(const CKtFiler& filer) {
-    return filer.m_currentVector != nullptr ? filer.m_currentVector : filer.m_currentClass;
-  }
+  static const IXMLDOMNodePtr& scope(const CKtFiler& filer) { return filer.itemScope(); }
 };
 
 }  // namespace quorvan

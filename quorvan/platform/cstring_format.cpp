@@ -5,7 +5,6 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
-#include <system_error>
 
 #include <quorvan/platform/cstring.h>
 #include <quorvan/platform/utf8.h>
@@ -134,11 +133,10 @@ Number unsignedInteger(const Conversion& conversion, const FormatArgument& argum
 std::string toChars(double magnitude, std::chars_format format, int precision) {
   // The longest whole part, point, sign and exponent come on top of the decimals.
   std::string text(static_cast<std::size_t>(precision) + 330, '\0');
-  const auto result =
-      std::to_chars(text.data(), text.data() + text.size(), magnitude, format, precision);
-  if (result.ec != std::errc())
-    throw std::system_error(std::make_error_code(result.ec));
-  text.resize(static_cast<std::size_t>(result.ptr - text.data()));
+  char* const begin = text.data();
+  const char* const end =
+      std::to_chars(begin, begin + text.size(), magnitude, format, precision).ptr;
+  text.resize(static_cast<std::size_t>(end - begin));
   return text;
 }
 

@@ -13,6 +13,7 @@
 #include <tests/platform/embedded/allocation_faults.h>
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
+#include <quorvan/elements/formwork.h>
 #include <quorvan/export/export.h>
 #include <quorvan/platform/com_error.h>
 
@@ -224,6 +225,28 @@ TEST(NoMemory, AFileThatIsOpenedAgainGoesOnWithItsIndexes) {
     }
     EXPECT_GT(memory.failures(), 5);
   }
+}
+
+TEST(NoMemory, AFormworkSegmentIsAddedWholeOrNotAtAll) {
+  const auto act = [](CKtZantoFormwork& formwork) {
+    formwork.addElement(CKtPnt3D(1, 2, 3), CKtPnt3D(4, 5, 6), CKtVect3D(7, 8, 9));
+    return true;
+  };
+  OutOfMemoryAnywhere memory(false);
+  while (!memory.isOver()) {
+    CKtZantoFormwork formwork;
+    const bool isAdded = memory.run([&] { return act(formwork); }) == End::kDone;
+    EXPECT_EQ(formwork.getNbPoints(), isAdded ? 2U : 0U) << memory.allocation();
+    act(formwork);
+    std::vector<CKtPnt3D> points;
+    std::vector<CKtVect3D> bulges;
+    formwork.getPoints(points);
+    formwork.getBulges(bulges);
+    EXPECT_EQ(formwork.getNbPoints(), isAdded ? 4U : 2U);
+    EXPECT_EQ(points.size(), isAdded ? 4U : 2U);
+    EXPECT_EQ(bulges.size(), isAdded ? 2U : 1U);
+  }
+  EXPECT_GE(memory.failures(), 2);
 }
 
 TEST(NoMemory, AStartOfFilingIsStartedAgain) {

@@ -46,6 +46,27 @@ TEST_F(MissingService, LeavesNothingToCloseAndThePathSet) {
   EXPECT_EQ(filer.beginClass(L"A"), 1);
 }
 
+TEST_F(MissingService, ADocumentThatIsNotThereIsNoMessageWorth) {
+  CKtFiler filer;
+  EXPECT_EQ(openFailing(filer, kPath, kCreating, DomFault::kNothing), 0);
+  EXPECT_TRUE(messages().empty());
+  EXPECT_EQ(filer.beginClass(L"A", 1), 0);
+  EXPECT_EQ(filer.closeFiler(), 0);
+  EXPECT_FALSE(fileExists(kPath));
+}
+
+// The counts of the former document stay, and there may be no root element.
+TEST_F(MissingService, AfterAnErrorWhileOpeningNothingIsThereToRead) {
+  writeText(kPath, documentText("<A/><A/>"));
+  for (int call = kLoading; call <= kLoading + 4; ++call) {
+    CKtFiler filer;
+    ASSERT_EQ(filer.newFiler(kPath), 1);
+    EXPECT_EQ(openFailing(filer, kOtherPath, call, DomFault::kFail), 0);
+    EXPECT_EQ(filer.beginClass(L"A"), 0) << call;
+    EXPECT_EQ(filer.endClass(), -1) << call;
+  }
+}
+
 TEST_F(MissingService, DropsTheDocumentThatWasOpen) {
   CKtFiler filer;
   filer.newFiler(kPath);

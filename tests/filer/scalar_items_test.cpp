@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include <quorvan/filer/item_access.h>
+
 namespace quorvan::test {
 namespace {
 
@@ -399,6 +401,14 @@ TEST_F(ScalarItems, ATinyDoubleReadsBackAsZero) {
   double value = 1;
   EXPECT_EQ(m_filer.readItem(L"D", &value), 1);
   EXPECT_EQ(value, 0);
+}
+
+// What an element class files as a flag.
+TEST_F(ScalarItems, AFlagWithNowhereToGoIsDropped) {
+  m_filer.endClass();
+  EXPECT_EQ(ItemAccess::write(m_filer, "F", dom::AsciiText{"True"}), 0);
+  m_filer.closeFiler();
+  EXPECT_EQ(savedText(kPath), documentText("<A version=\"1\" index=\"1\"/>"));
 }
 
 }  // namespace

@@ -11,6 +11,13 @@ namespace {
 
 // --- what is found ---------------------------------------------------------------------------
 
+TEST_F(Seek, WithoutAPatternRaisesAndLeavesTheCurrentElement) {
+  load("<A index=\"1\"><N long=\"1\"/></A>");
+  ASSERT_EQ(m_filer.beginClass(L"A"), 1);
+  EXPECT_EQ(raised([&] { m_filer.seek(nullptr); }), E_POINTER);
+  EXPECT_EQ(itemNumber(m_filer), 1);
+}
+
 TEST_F(Seek, APatternWithoutItemsFindsTheFirstOfItsClass) {
   load("<B index=\"1\"/><A index=\"7\"/><A index=\"8\"/>");
   EXPECT_EQ(seekFor("<A/>"), 7);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
@@ -24,12 +25,18 @@ TEST(CStringFormat, ShowsWideAndNarrowTexts) {
   EXPECT_STREQ(format(L"%S", static_cast<const char*>(nullptr)), L"(null)");
   EXPECT_STREQ(format(L"[%6s|%-6s|%.2s|%6.2s]", L"abc", L"abc", L"abc", L"abc"),
                L"[   abc|abc   |ab|    ab]");
+  EXPECT_STREQ(format(L"[%.5s|%.5S]", L"abc", "abc"), L"[abc|abc]");
   EXPECT_STREQ(format(L"[%5S|%-5hs|%.1S]", "ab", "ab", "ab"), L"[   ab|ab   |a]");
 }
 
 TEST(CStringFormat, ShowsCharacters) {
   EXPECT_STREQ(format(L"%c%c%C%hc%lc", L'\u20AC', 'n', 'N', 'h', L'w'), L"\u20ACnNhw");
   EXPECT_STREQ(format(L"[%3c|%-3c]", L'a', L'b'), L"[  a|b  ]");
+}
+
+TEST(CStringFormat, ShowsANarrowCharacterAsTheOneByteThatItIs) {
+  EXPECT_STREQ(format(L"%C", L'N'), L"N");
+  EXPECT_STREQ(format(L"%c%hc%C", '\xE9', '\xE9', L'\u00E9'), L"\uFFFD\uFFFD\uFFFD");
 }
 
 TEST(CStringFormat, ShowsIntegers) {
@@ -39,6 +46,7 @@ TEST(CStringFormat, ShowsIntegers) {
   EXPECT_STREQ(format(L"[%05d|%+5d|%-05d]", -42, -42, -42), L"[-0042|  -42|-42  ]");
   EXPECT_STREQ(format(L"[%#x|%#X|%#o|%#x|%#010x]", 255, 255, 8, 0, 255),
                L"[0xff|0XFF|010|0|0x000000ff]");
+  EXPECT_STREQ(format(L"[%#o|%#.3o|%#.0o]", 0, 8, 0), L"[0|010|0]");
   EXPECT_STREQ(format(L"[%.0d|%05.2d]", 0, 7), L"[|   07]");
 }
 
@@ -47,6 +55,7 @@ TEST(CStringFormat, TakesIntegersAtTheirOwnWidth) {
   EXPECT_STREQ(format(L"%I64d %lld %zd %td %jd", big, big, big, big, big),
                L"5000000000 5000000000 5000000000 5000000000 5000000000");
   EXPECT_STREQ(format(L"%d %ld", -1, -1L), L"-1 -1");
+  EXPECT_STREQ(format(L"%Id %Ix", big, big), L"5000000000 12a05f200");
   EXPECT_STREQ(format(L"%x %u", -1, -1), L"ffffffff 4294967295");
   EXPECT_STREQ(format(L"%I64x", std::int64_t{-1}), L"ffffffffffffffff");
   EXPECT_STREQ(format(L"%I64d", std::numeric_limits<std::int64_t>::min()), L"-9223372036854775808");
@@ -73,6 +82,7 @@ TEST(CStringFormat, ShowsFloatingPoint) {
                L"[    3.14|3.14    |-0003.14|+2.0| 2.0]");
   EXPECT_STREQ(format(L"%#.0f %#.0e %#g %#.3g", 3.0, 3.0, 1.5, 1e10),
                L"3. 3.e+00 1.50000 1.00e+10");
+  EXPECT_STREQ(format(L"%#g %#g %#.2G", 0.0001, 0.00001, 1e-5), L"0.000100000 1.00000e-05 1.0E-05");
   EXPECT_STREQ(format(L"%.*f", 7, 12.5), L"12.5000000");
   EXPECT_STREQ(format(L"%.1f", 1.25F), L"1.2");
 }
@@ -82,6 +92,7 @@ TEST(CStringFormat, ShowsWhatIsNotFinite) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_STREQ(format(L"%f %e %G [%06f]", infinity, -infinity, nan, infinity),
                L"inf -inf NAN [   inf]");
+  EXPECT_STREQ(format(L"%f", std::copysign(nan, -1.0)), L"nan");
 }
 
 TEST(CStringFormat, ShowsTheLargestNumberWhole) {
@@ -100,6 +111,15 @@ TEST(CStringFormat, ShowsPointersAsAllTheirDigits) {
   const auto* pointer = reinterpret_cast<const void*>(std::uintptr_t{0xBEEF});
   const CString text = format(L"%p", pointer);
   EXPECT_EQ(text.GetLength(), static_cast<int>(2 * sizeof pointer));
+  EXPECT_STREQ(text.Right(6), L"00BEEF");
+}
+
+TEST(CStringFormat, ShowsWhereATextLies) {
+  const auto* wide = reinterpret_cast<const wchar_t*>(std::uintptr_t{0xBEE0});
+  const auto* narrow = reinterpret_cast<const char*>(std::uintptr_t{0xBEEF});
+  const CString text = format(L"%p %p", wide, narrow);
+  EXPECT_EQ(text.GetLength(), static_cast<int>(4 * sizeof wide) + 1);
+  EXPECT_STREQ(text.Mid(text.Find(L' ') - 6, 6), L"00BEE0");
   EXPECT_STREQ(text.Right(6), L"00BEEF");
 }
 

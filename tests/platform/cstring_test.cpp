@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <compare>
 #include <cstdint>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -111,6 +113,9 @@ TEST(CString, MovingLeavesTheSourceEmpty) {
     assigned = std::move(moved);
     EXPECT_EQ(assigned.view(), original);
     EXPECT_STREQ(moved.GetString(), L"");  // NOLINT(bugprone-use-after-move)
+    CString& same = assigned;
+    assigned = std::move(same);
+    EXPECT_EQ(assigned.view(), original);
   }
   static_assert(std::is_nothrow_move_constructible_v<CString>);
   static_assert(std::is_nothrow_move_assignable_v<CString>);
@@ -227,6 +232,20 @@ TEST(CString, TooLongIsRaisedAndChangesNothing) {
   EXPECT_STREQ(text.GetString(), L"kept");
 }
 
+TEST(CString, TwoTextsThatAreTooLongTogetherAreNotJoined) {
+  const auto half = static_cast<int>(INT_MAX / sizeof(wchar_t) / 2);
+  CString text;
+  try {
+    // Address space alone: nothing is written between the two ends.
+    text.GetBuffer(half);
+  } catch (const std::bad_alloc&) {
+    GTEST_SKIP() << "no room for half of the longest text";
+  }
+  text.ReleaseBuffer(half);
+  EXPECT_THROW(text += text, std::length_error);
+  EXPECT_EQ(text.GetLength(), half);
+}
+
 TEST(CString, EqualsByTheWholeText) {
   const CString a(L"Aa");
   const CString same(L"Aa");
@@ -254,6 +273,8 @@ TEST(CString, OrdersByUnits) {
   EXPECT_TRUE(L"B" <= a);
   EXPECT_LT(a.Compare(L"BA"), 0);
   EXPECT_GT(CString(L"\u00E9").Compare(L"z"), 0);
+  EXPECT_TRUE((a <=> CString(L"B")) == std::strong_ordering::equal);
+  EXPECT_TRUE((a <=> L"B") == std::strong_ordering::equal);
   EXPECT_EQ(a.Compare(CString(L"B")), 0);
 }
 
@@ -299,6 +320,7 @@ TEST(CString, FindsCharactersAndTexts) {
   EXPECT_EQ(text.Find(L"bars"), -1);
   EXPECT_EQ(text.Find(L"", 4), 4);
   EXPECT_EQ(text.Find(L"", 99), -1);
+  EXPECT_EQ(text.Find(L"bar", -1), -1);
   EXPECT_EQ(text.ReverseFind(L'b'), 9);
   EXPECT_EQ(text.ReverseFind(L'z'), -1);
 }
@@ -315,6 +337,16 @@ TEST(CString, ReplacesAndCounts) {
   EXPECT_EQ(text.Replace(L"", L"y"), 0);
   EXPECT_EQ(text.Replace(L"b", nullptr), 1);
   EXPECT_STREQ(text.GetString(), L"ac");
+}
+
+TEST(CString, WhatChangesNothingLeavesALongTextShared) {
+  const CString text(kLong.c_str());
+  CString copy(text);
+  EXPECT_EQ(copy.Replace(L'x', L'y'), 0);
+  EXPECT_EQ(copy.Replace(L'q', L'q'), 100);
+  copy.Trim();
+  EXPECT_EQ(copy.GetString(), text.GetString());
+  EXPECT_EQ(copy.view(), kLong);
 }
 
 TEST(CString, ReplacesWithoutRescanningTheReplacement) {

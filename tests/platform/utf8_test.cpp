@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <climits>
+#include <memory>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include <quorvan/platform/utf8.h>
@@ -101,6 +105,15 @@ TEST(Utf8, ReplacesInvalidSequencesByTheirLongestValidPart) {
                {"\xF5\x80", L"\uFFFD\uFFFD"}};
   for (const auto& one : cases)
     EXPECT_EQ(fromUtf8(one.utf8).view(), one.expected) << one.utf8;
+}
+
+TEST(Utf8, RaisesForMoreThanATextCanHold) {
+  const std::size_t size = std::size_t{INT_MAX} + 1;
+  // Address space alone: it is refused before it is read.
+  const std::unique_ptr<char[]> bytes(new (std::nothrow) char[size]);
+  if (bytes == nullptr)
+    GTEST_SKIP() << "no room for so many bytes";
+  EXPECT_THROW(fromUtf8({bytes.get(), size}), std::length_error);
 }
 
 TEST(Utf8, AppendsBehindWhatIsThere) {

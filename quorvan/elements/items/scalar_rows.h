@@ -54,6 +54,8 @@ Plain(dom::Name, Value Element::*) -> Plain<Element, Value>;
 /// there.
 template <class Element, class Value>
 struct Converted {
+  static_assert(!std::is_same_v<Value, long>, "such a field is a plain one");
+
   dom::Name name;
   Value Element::*field;
 

@@ -104,7 +104,8 @@ using test::returnsNothing;
 HRESULT createDocument(IXMLDOMDocumentPtr& document) {
   document = nullptr;
   try {
-    meet("createDocument");
+    if (returnsNothing("createDocument", {}))
+      return S_OK;
   } catch (const _com_error& error) {
     return error.Error();
   } catch (const std::bad_alloc&) {
