@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <tests/export/host_filing.h>
@@ -235,6 +236,27 @@ TEST_P(HiddenBars, AreFoundInADrawingThatIsContinued) {
   bar.reference = 99;
   add(bar);
   EXPECT_EQ(saved(), 2U);
+}
+
+// What the search gives is the index of the equal bar, and -1 when there is none. In a large
+// drawing an index can be -1 itself: that bar is not taken for an equal one.
+TEST_P(HiddenBars, AreFoundByAnyIndexButMinusOne) {
+  add({});
+  const std::string drawing = saveAlone();
+  const std::string index = " index=\"1\"";
+  const std::size_t place = drawing.find(index);
+  for (const auto& [other, found] :
+       {std::pair("index=\"0\"", true), std::pair("index=\"-2\"", true),
+        std::pair("index=\"-32768\"", true), std::pair("index=\"none\"", true),
+        std::pair("index=\"-1\"", false), std::pair("index=\"-01st\"", false),
+        std::pair("", false)}) {
+    SCOPED_TRACE(other);
+    writeBytes(kDrawing, std::string(drawing).replace(place + 1, index.size() - 1, other));
+    start();
+    add({});
+    saveAlone();
+    EXPECT_EQ(savedElements(kDrawing).size(), found ? 1U : 2U);
+  }
 }
 
 TEST_P(HiddenBars, OfADrawingBeforeAreNotFound) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <tests/export/series_filing.h>
@@ -90,6 +91,21 @@ TEST_F(SeriesBarSearch, PrefersTheVisibleBarForHiddenFramesToo) {
   const CKtZantoRepartition repartition = endWithOne();
   EXPECT_EQ(repartition.getIndex(), 2);
   EXPECT_TRUE(repartition.getHidden());
+}
+
+// As it can be in a large drawing: -1 says that nothing was found.
+TEST_F(SeriesBarSearch, AVisibleBarOfIndexMinusOneGivesWayToAHiddenOne) {
+  bar(false);
+  bar(true);
+  const std::string drawing = saveAlone();
+  const std::string index = "index=\"1\"";
+  for (const auto& [other, expected] :
+       {std::pair("index=\"-1\"", 2), std::pair("", 2), std::pair("index=\"0\"", 0),
+        std::pair("index=\"-2\"", -2)}) {
+    writeBytes(kDrawing, std::string(drawing).replace(drawing.find(index), index.size(), other));
+    start();
+    EXPECT_EQ(indexOf({}), expected) << other;
+  }
 }
 
 TEST_F(SeriesBarSearch, WithoutABarTheIndexIsMinusOne) {
