@@ -138,6 +138,7 @@ TEST(ParseDouble, DecidesAMidpointByItsLastDigit) {
   EXPECT_EQ(parsed(midpoint), 1.0);
   EXPECT_EQ(parsed(midpoint + std::string(2000, '0')), 1.0);
   EXPECT_EQ(parsed(midpoint + std::string(2000, '0') + "1"), std::nextafter(1.0, 2.0));
+  EXPECT_EQ(parsed(midpoint + std::string(2000, '0') + "10"), std::nextafter(1.0, 2.0));
 }
 
 TEST(ParseDouble, MatchesStrtodAtTheBordersOfTheFastPath) {

@@ -1,6 +1,7 @@
 // Running out of memory at every allocation: what was asked for happens, or nothing does.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <new>
@@ -10,6 +11,9 @@
 #include <tests/platform/embedded/allocation_faults.h>
 #include <tests/platform/embedded/embedded_dom.h>
 #include <tests/support/saved_file.h>
+#include <quorvan/platform/default_message_box.h>
+#include <quorvan/platform/embedded/name_table.h>
+#include <quorvan/platform/file_deletion.h>
 
 namespace quorvan::test {
 namespace {
@@ -109,9 +113,13 @@ TEST_F(OutOfMemory, LoadingLeavesADocumentThatCanBeUsed) {
   std::string items;
   for (int i = 0; i < 300; ++i)
     items += "<n" + std::to_string(i) + " a=\"&lt;" + std::string(100, 'x') + "\"/>\r\n";
+  // So many that the general parser needs more room for them.
+  std::string attributes;
+  for (int i = 0; i < 40; ++i)
+    attributes += " a" + std::to_string(i) + "=''";
   writeFile("plain.xml", "<a>" + items + "</a>");
-  writeFile("general.xml",
-            "<!DOCTYPE a [<!ENTITY e 'x'>]><a xml:b='1'>" + items + "&e;<![CDATA[x]]><?p d?></a>");
+  writeFile("general.xml", "<!DOCTYPE a [<!ENTITY e 'x'>]><a xml:b='1'>" + items + "<many" +
+                               attributes + "/>&e;<![CDATA[x]]><?p d?></a>");
   for (const char* name : {"plain.xml", "general.xml"}) {
     const CString source = wide(file(name));
     int allocation = 1;
@@ -125,6 +133,53 @@ TEST_F(OutOfMemory, LoadingLeavesADocumentThatCanBeUsed) {
     EXPECT_TRUE(loaded) << name;
     EXPECT_GT(allocation, 30);
   }
+}
+
+// Only names of one hash are kept where taking one in, or making more room, may fail half-way.
+TEST_F(OutOfMemory, ANameThatIsNotTakenInLeavesTheOthers) {
+  constexpr std::uint32_t kHash = 12345;
+  embedded::NameTable names;
+  const auto nameOf = [](int i) { return "n" + std::to_string(i); };
+  int failures = 0;
+  for (int i = 0; i < 200; ++i) {
+    const std::string text = nameOf(i);
+    const dom::Name name(text, kHash);
+    embedded::NameId id = embedded::kNoName;
+    for (int allocation = 1; failsAt(allocation, false, [&] { id = names.intern(name); });
+         ++allocation) {
+      ++failures;
+      ASSERT_EQ(names.find(name), embedded::kNoName);
+      for (int k = 0; k < i; ++k)
+        ASSERT_EQ(names[names.find(dom::Name(nameOf(k), kHash))].view(), nameOf(k));
+    }
+    ASSERT_EQ(names.find(name), id);
+    ASSERT_EQ(names[id].view(), text);
+  }
+  EXPECT_GT(failures, 150);
+}
+
+TEST_F(OutOfMemory, AFileWhosePathTakesTooMuchMemoryStaysWhereItIs) {
+  writeFile("drawing.xml", "old");
+  const CString target = wide(file("drawing.xml"));
+  {
+    const AllocationFault fault(1, true);
+    platform::deleteFile(target);
+  }
+  EXPECT_EQ(fileBytes(file("drawing.xml")), "old");
+  platform::deleteFile(target);
+  EXPECT_FALSE(std::filesystem::exists(file("drawing.xml")));
+}
+
+TEST_F(OutOfMemory, AMessageThatTakesTooMuchMemoryIsNotShown) {
+  const CString message(L'm', 1000);
+  int button = 0;
+  testing::internal::CaptureStderr();
+  {
+    const AllocationFault fault(1, true);
+    button = platform::showDefaultMessageBox(message, 0);
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(button, 1);
 }
 
 TEST_F(OutOfMemory, ADocumentThatCannotBeCreatedIsReported) {

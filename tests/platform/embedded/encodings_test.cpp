@@ -94,6 +94,30 @@ TEST_F(Encodings, LongUtf16DocumentsAreSavedWhole) {
   EXPECT_EQ(outline(m_document), before);
 }
 
+// Characters of every length at the end of what is written at once.
+TEST_F(Encodings, CharactersOfUtf16AreNotCutByTheEndOfABlock) {
+  const std::string start = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n<a b=\"";
+  const struct {
+    const char* reference;
+    std::string units;
+  } characters[] = {{"&#233;", std::string("\xE9\0", 2)},
+                    {"&#8364;", "\xAC\x20"},
+                    {"&#128512;", std::string("\x3D\xD8\x00\xDE", 4)}};
+  for (const auto& [reference, units] : characters) {
+    for (std::size_t shift = 0; shift < 5; ++shift) {
+      std::string file = start + std::string(shift, 'x');
+      std::string expected = utf16(file, true);
+      for (int i = 0; i < 35000; ++i) {
+        file += reference;
+        expected += units;
+      }
+      expected += utf16("\"/>\r\n", true, false);
+      ASSERT_TRUE(loads(utf16(file + "\"/>", true)));
+      ASSERT_TRUE(saved() == expected) << reference << ", " << shift;
+    }
+  }
+}
+
 TEST_F(Encodings, LoneSurrogatesInUtf16AreRefused) {
   const auto value = [](const std::string& units) {
     return utf16("<a b=\"", true) + units + utf16("\"/>", true, false);
@@ -103,6 +127,9 @@ TEST_F(Encodings, LoneSurrogatesInUtf16AreRefused) {
   EXPECT_EQ(resaved(value(std::string("\x3D\xD8\x3D\xD8", 4))), "(refused)");
   EXPECT_EQ(resaved(value(std::string("\x00\xDE", 2))), "(refused)");
   EXPECT_EQ(resaved(value(std::string("\xFE\xFF", 2))), "(refused)");
+  EXPECT_EQ(resaved(utf16("<a b=\"\xE9\"/>", false, false)), "<a b=\"\xC3\xA9\"/>\r\n");
+  EXPECT_EQ(resaved(utf16("<a b=\"", false, false) + "\xD8\x3D" + utf16("\"/>", false, false)),
+            "(refused)");
   EXPECT_EQ(resaved(utf16("<a/>", true) + std::string("\x3D", 1)), "(refused)");
   EXPECT_EQ(resaved(utf16("<a/>", true) + std::string("\x3D\xD8", 2)), "(refused)");
 }
@@ -180,11 +207,16 @@ TEST_F(Encodings, DeclarationsThatNoFileCanBeginWithAreNotCreated) {
   for (const char* data : {"", "version='1.1'", "encoding='UTF-8'", "version='1.0' x='1'",
                            "version='1.0'encoding='UTF-8'", "version='1.0' standalone='maybe'",
                            "version='1.0' standalone='yes' encoding='UTF-8'", "version=1.0",
-                           "version='1.0' encoding='1'", "version='1.0\"", "version"}) {
+                           "version='1.0' encoding='1'", "version='1.0\"", "version",
+                           "version=", "version='1.0' encoding=''", "version='1.0' encoding='_a'",
+                           "version='1.0' encoding='{a'", "version='1.0' encoding='a:b'",
+                           "version='1.0' encoding='a{'"}) {
     EXPECT_EQ(raisedBy([&] { dom::createProcessingInstruction(m_document, "xml", data); }), E_FAIL)
         << data;
   }
   EXPECT_NE(dom::createProcessingInstruction(m_document, "xml", " version = \"1.0\" "), nullptr);
+  EXPECT_NE(dom::createProcessingInstruction(m_document, "xml", "version='1.0' encoding='Z.z_0-9'"),
+            nullptr);
 }
 
 TEST_F(Encodings, TheDeclarationStandsFirstOrNowhere) {

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <utility>
 
 namespace quorvan::test {
 
@@ -20,17 +22,21 @@ struct Plan {
   int failTo = 0;
   int error = 0;
   int death = 0;
-  std::size_t most = 0;
+  std::size_t most = SIZE_MAX;
   bool isInterrupted = false;
   bool wasInterrupted = false;
   std::string failing;
   int failingError = 0;
+  std::string preceded;
+  std::function<void()> action;
 };
 
 Plan plan;
 
 // Whether the call is to fail; sets errno then.
 bool fails(std::string_view name) noexcept {
+  if (name == plan.preceded)
+    plan.action();
   ++plan.calls;
   if (plan.calls == plan.death)
     ::_exit(0);
@@ -55,7 +61,7 @@ bool isInterruptedNow() noexcept {
 }
 
 std::size_t moved(std::size_t size) noexcept {
-  return plan.most == 0 ? size : std::min(size, plan.most);
+  return std::min(size, plan.most);
 }
 
 constexpr FileCalls kFaultyCalls = {
@@ -123,6 +129,7 @@ FileFaults::FileFaults() {
 
 FileFaults::~FileFaults() {
   embedded::setFileCalls(systemFileCalls());
+  plan = Plan();
 }
 
 void FileFaults::failAt(int call, int error, bool lasts) noexcept {
@@ -146,6 +153,11 @@ void FileFaults::interrupt() noexcept {
 void FileFaults::failAll(std::string_view name, int error) noexcept {
   plan.failing = name;
   plan.failingError = error;
+}
+
+void FileFaults::before(std::string_view name, std::function<void()> action) {
+  plan.preceded = name;
+  plan.action = std::move(action);
 }
 
 int FileFaults::calls() const noexcept {

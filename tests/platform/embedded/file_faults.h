@@ -24,12 +24,14 @@ class FileFaults {
   void failAt(int call, int error, bool lasts) noexcept;
   /// Ends the process at the call of that number, before the call is made.
   void dieAt(int call) noexcept;
-  /// Makes each read and write move no more than so many bytes.
+  /// Makes each read and write move no more than so many bytes, none at all for 0.
   void moveAtMost(std::size_t bytes) noexcept;
   /// Makes every other read and write be interrupted by a signal.
   void interrupt() noexcept;
   /// Makes calls of one name fail: "write", "fsync", ...
   void failAll(std::string_view name, int error) noexcept;
+  /// Does something just before each call of one name, as another process might.
+  void before(std::string_view name, std::function<void()> action);
 
   /// Calls made so far.
   [[nodiscard]] int calls() const noexcept;

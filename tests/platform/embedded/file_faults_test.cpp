@@ -117,6 +117,14 @@ TEST_F(FileErrors, ShortAndInterruptedCallsAreCarriedOn) {
   EXPECT_EQ(outline(loaded), "a");
 }
 
+TEST_F(FileErrors, AWriteThatTakesNothingIsAFailure) {
+  FileFaults faults;
+  faults.moveAtMost(0);
+  EXPECT_EQ(save(), E_FAIL);
+  EXPECT_EQ(content(), m_old);
+  EXPECT_EQ(filesInFolder(), 1);
+}
+
 TEST_F(FileErrors, TheErrorSaysWhatFailed) {
   const std::pair<int, HRESULT> results[] = {
       {ENOSPC, kDiskFull},        {EDQUOT, kDiskFull},     {EACCES, E_ACCESSDENIED},
@@ -139,6 +147,34 @@ TEST_F(FileErrors, TheErrorSaysWhatFailed) {
 
 TEST_F(FileErrors, AFullDiskIsReported) {
   EXPECT_EQ(raisedBy([&] { dom::save(m_document, L"/dev/full"); }), kDiskFull);
+}
+
+TEST_F(FileErrors, ADeviceThatCannotBeOpenedOrClosedIsReported) {
+  const auto saveToDevice = [&] { return raisedBy([&] { dom::save(m_document, L"/dev/null"); }); };
+  FileFaults faults;
+  faults.failAll("open", EACCES);
+  EXPECT_EQ(saveToDevice(), E_ACCESSDENIED);
+  faults.failAll("close", ENOSPC);
+  EXPECT_EQ(saveToDevice(), kDiskFull);
+  // Interrupted or not, the file is closed.
+  faults.failAll("close", EINTR);
+  EXPECT_EQ(saveToDevice(), S_OK);
+}
+
+TEST_F(FileErrors, ALinkThatCannotBeReadIsNotFollowed) {
+  std::filesystem::create_symlink("drawing.xml", file("link.xml"));
+  const auto saveToLink = [&] {
+    return raisedBy([&] { dom::save(m_document, wide(file("link.xml"))); });
+  };
+  {
+    FileFaults faults;
+    faults.failAll("readlink", EACCES);
+    EXPECT_EQ(saveToLink(), E_ACCESSDENIED);
+    EXPECT_EQ(content(), m_old);
+    EXPECT_TRUE(std::filesystem::is_symlink(file("link.xml")));
+  }
+  EXPECT_EQ(saveToLink(), S_OK);
+  EXPECT_EQ(content(), m_new);
 }
 
 TEST_F(FileErrors, AFileWithoutWritePermissionIsNotReplaced) {

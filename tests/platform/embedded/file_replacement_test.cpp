@@ -12,6 +12,7 @@
 #include <fstream>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include <tests/platform/embedded/embedded_dom.h>
 #include <tests/platform/embedded/file_faults.h>
@@ -137,6 +138,72 @@ TEST_F(SavedOver, AFolderPutInTheWayMakesTheSaveFail) {
   EXPECT_EQ(fileBytes(file("drawing.xml")), "old");
 }
 
+TEST_F(SavedOver, ALinkInTheWayThatCannotBeRemovedMakesTheSaveFail) {
+  writeFile("drawing.xml", "old");
+  std::filesystem::create_symlink("other.txt", file(kBeside));
+  FileFaults faults;
+  faults.failAll("unlink", EPERM);
+  EXPECT_EQ(raisedBy([&] { save(); }), E_ACCESSDENIED);
+  EXPECT_EQ(fileBytes(file("drawing.xml")), "old");
+}
+
+// Another process may take the new file for left behind before it is locked.
+TEST_F(SavedOver, ANewFileThatWasTakenAwayIsMadeAgain) {
+  writeFile("drawing.xml", "old");
+  FileFaults faults;
+  int locks = 0;
+  faults.before("flock", [&] {
+    if (++locks == 1)
+      std::filesystem::remove(file(kBeside));
+  });
+  save();
+  EXPECT_TRUE(isSaved());
+  EXPECT_EQ(locks, 2);
+  EXPECT_FALSE(exists(kBeside));
+}
+
+TEST_F(SavedOver, WhatIsLeftBehindMayGoWhileItIsLookedAt) {
+  writeFile("drawing.xml", "old");
+  writeFile(kBeside, "half a docum");
+  FileFaults faults;
+  bool isFirst = true;
+  faults.before("fstat", [&] {
+    if (std::exchange(isFirst, false))
+      std::filesystem::remove(file(kBeside));
+  });
+  save();
+  EXPECT_FALSE(isFirst);
+  EXPECT_TRUE(isSaved());
+}
+
+TEST_F(SavedOver, ANewFileThatAnotherProcessHasLockedIsInUse) {
+  writeFile("drawing.xml", "old");
+  int other = -1;
+  {
+    FileFaults faults;
+    faults.before("flock", [&] {
+      if (other >= 0)
+        return;
+      other = ::open(path(kBeside).c_str(), O_RDONLY);
+      EXPECT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+    });
+    EXPECT_EQ(raisedBy([&] { save(); }), kSharingViolation);
+  }
+  EXPECT_EQ(fileBytes(file("drawing.xml")), "old");
+  ::close(other);
+  save();
+  EXPECT_TRUE(isSaved());
+}
+
+TEST_F(SavedOver, AFileThatComesBackAgainAndAgainMakesTheSaveFail) {
+  writeFile("drawing.xml", "old");
+  FileFaults faults;
+  faults.before("open", [&] { writeFile(kBeside, "theirs"); });
+  EXPECT_EQ(raisedBy([&] { save(); }), kSharingViolation);
+  EXPECT_EQ(fileBytes(file("drawing.xml")), "old");
+  EXPECT_LT(faults.calls(), 200);
+}
+
 TEST_F(SavedOver, AFileThatIsJustBeingSavedIsInUse) {
   writeFile("drawing.xml", "old");
   {
@@ -170,10 +237,13 @@ TEST_F(SavedOver, AFileSystemWithoutLocksIsGoodEnough) {
 }
 
 TEST_F(SavedOver, AFileSystemThatCannotBeAskedToReachTheDiskIsGoodEnough) {
-  FileFaults faults;
-  faults.failAll("fsync", EINVAL);
-  save();
-  EXPECT_TRUE(isSaved());
+  for (const int error : {EINVAL, ENOSYS, ENOTSUP}) {
+    writeFile("drawing.xml", "old");
+    FileFaults faults;
+    faults.failAll("fsync", error);
+    save();
+    EXPECT_TRUE(isSaved());
+  }
 }
 
 TEST_F(SavedOver, TheLongestNamesAreSaved) {

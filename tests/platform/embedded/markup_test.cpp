@@ -63,6 +63,7 @@ TEST_F(Markup, TextKeepsItsBlanksAndGetsWindowsLineEnds) {
   EXPECT_EQ(resaved("<a> x\n y\r\n z\r\t<b/> &lt;&amp;&gt;\"' </a>"),
             "<a> x\r\n y\r\n z\r\n\t<b/> &lt;&amp;&gt;\"' </a>\r\n");
   EXPECT_EQ(resaved("<a>x&#13;y</a>"), "<a>x&#13;y</a>\r\n");
+  EXPECT_EQ(resaved("<a>x\r</a><!--c\r-->"), "<a>x\r\n</a>\r\n<!--c\r\n-->\r\n");
 }
 
 TEST_F(Markup, TabsAndLineEndsInAttributesAreKept) {
@@ -71,6 +72,28 @@ TEST_F(Markup, TabsAndLineEndsInAttributesAreKept) {
   EXPECT_EQ(resaved("<a\n\tb='1\t2\n3\r\n4\r5 6&#13;'\n\tc='x'\n/>"), kept);
   EXPECT_EQ(resaved("<?xml version='1.0' encoding='ISO-8859-1'?><a b=\"\xE9\t&quot;\"/>"),
             "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<a b=\"\xE9&#9;&quot;\"/>\r\n");
+}
+
+TEST_F(Markup, TheLineEndThatEndsAnAttributeIsKept) {
+  EXPECT_EQ(resaved("<a b='1\r' c='\n2\r\n'/>"), "<a b=\"1&#10;\" c=\"&#10;2&#10;\"/>\r\n");
+}
+
+// Tabs and line ends are kept where nothing but them tells a value from what the parser makes of
+// it.
+TEST_F(Markup, TabsInAttributesThatADoctypeChangesAreBlanks) {
+  const std::string entity = "<!DOCTYPE a [<!ENTITY e 'v'>]>";
+  EXPECT_EQ(resaved(entity + "<a b='&e;\t1' c='\t2'/>"),
+            entity + "\r\n<a b=\"v 1\" c=\"&#9;2\"/>\r\n");
+  const std::string tokens = "<!DOCTYPE a [<!ATTLIST a b NMTOKENS #IMPLIED>]>";
+  EXPECT_EQ(resaved(tokens + "<a b=' 1\t2 ' c=' 1\t2 '/>"),
+            tokens + "\r\n<a b=\"1 2\" c=\" 1&#9;2 \"/>\r\n");
+}
+
+TEST_F(Markup, ARuleForSpaceThatIsNoneChangesNothing) {
+  EXPECT_EQ(resaved("<a xml:space=\"other\"> <b/></a>"),
+            "<a xml:space=\"other\">\r\n\t<b/></a>\r\n");
+  EXPECT_EQ(resaved("<a xml:space=\"preserve\"><b xml:space=\"\"> <c/></b></a>"),
+            "<a xml:space=\"preserve\"><b xml:space=\"\"> <c/></b></a>\r\n");
 }
 
 TEST_F(Markup, PreservedSpaceIsText) {
@@ -103,6 +126,19 @@ TEST_F(Markup, TheDoctypeComesBackAsItsSource) {
   EXPECT_TRUE(dom::firstChild(dom::firstChild(m_document)) == nullptr);
 }
 
+TEST_F(Markup, LineEndsOfEveryKindInADoctypeAreWrittenAsWindowsHasThem) {
+  EXPECT_EQ(resaved("<!DOCTYPE a [\r<!ELEMENT a ANY>\n\r\r\n]><a/>"),
+            "<!DOCTYPE a [\r\n<!ELEMENT a ANY>\r\n\r\n\r\n]>\r\n<a/>\r\n");
+}
+
+TEST_F(Markup, ADoctypeLeavesTheDeclarationAsItWas) {
+  for (const char* standalone : {"", " standalone=\"yes\"", " standalone=\"no\""}) {
+    const std::string file = std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"") + standalone +
+                             "?>\r\n<!DOCTYPE a>\r\n<a/>\r\n";
+    EXPECT_EQ(resaved(file), file);
+  }
+}
+
 TEST_F(Markup, TheDoctypeIsNamedAsItSays) {
   ASSERT_TRUE(loads("<?xml version='1.0'?><!--c--><!DOCTYPE\n root\n><root/><!--d-->"));
   EXPECT_EQ(outline(m_document), "xml(version=1.0) #comment root root #comment");
@@ -127,9 +163,23 @@ TEST_F(Markup, AttributesThatADoctypeAddsStayThere) {
 TEST_F(Markup, InstructionsThatCouldNotBeReadBackAreNotCreated) {
   EXPECT_EQ(raisedBy([&] { dom::createProcessingInstruction(m_document, "p", "a?>b"); }), E_FAIL);
   EXPECT_EQ(raisedBy([&] { dom::createProcessingInstruction(m_document, "XmL", ""); }), E_FAIL);
+  for (const char* reserved : {"Xml", "xMl", "XML"})
+    EXPECT_EQ(raisedBy([&] {
+                dom::createProcessingInstruction(m_document, dom::Name(std::string_view(reserved)),
+                                                 "");
+              }),
+              E_FAIL);
   dom::append(m_root, dom::createProcessingInstruction(m_document, "p", "1\x01\xFF"));
   ASSERT_TRUE(loads(saved()));
   EXPECT_EQ(outline(m_document), "xml(version=1.0 encoding=ISO-8859-1) Document[p]");
+}
+
+// Nothing in an instruction can stand for another character.
+TEST_F(Markup, ALoneReturnInAnInstructionIsALineEndToWhoeverReadsIt) {
+  dom::append(m_root, dom::createProcessingInstruction(m_document, "p", "1\r2"));
+  const std::string bytes = saved();
+  EXPECT_NE(bytes.find("<?p 1\r2?>"), std::string::npos) << bytes;
+  EXPECT_NE(resaved(bytes).find("<?p 1\r\n2?>"), std::string::npos);
 }
 
 }  // namespace

@@ -67,6 +67,7 @@ TEST_F(PlainScanner, LeavesTheRestToTheGeneralParser) {
            "<a b='1'/>",
            "<a b = \"1\"/>",
            "<a b=\"1\" b=\"2\"/>",
+           "<a b=\"1\" b=\"&lt;\"/>",
            "<a b=\"1\"c=\"2\"/>",
            "<a b=\"<\"/>",
            "<a b=\"\t\"/>",
