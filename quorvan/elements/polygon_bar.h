@@ -15,8 +15,9 @@ class CKtFiler;
 /// empty until they are set.
 class QUORVAN_API CKtZantoPolygonBar {
  public:
-  /// The most points that reading takes in: an element whose "NoPoints" announces more is refused
-  /// with result 0 and no points, since its points would be held whether the file has them or not.
+  /// The most points that reading takes on trust: an element whose "NoPoints" announces more, and
+  /// more than it has items, is refused with result 0 and no points, since its points would be held
+  /// whether the file has them or not.
   static constexpr long kMaxPoints = 1000000;
 
   CKtZantoPolygonBar() = default;

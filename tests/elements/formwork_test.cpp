@@ -180,5 +180,30 @@ TEST(Formwork, WritesTheSegmentsThatItHoldsOfACountThatIsTooHigh) {
   EXPECT_NE(saved.find("<Bulge2 X=\"0\" Y=\"1\" Z=\"0\"/></Vector>"), std::string::npos);
 }
 
+TEST(Formwork, OfFivePointsWithoutBulgesTheFourAreWritten) {
+  CKtZantoFormwork formwork;
+  formwork.setPoints({{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}, {5, 0, 0}});
+  EXPECT_EQ(writeAlone(formwork), 0);
+  EXPECT_EQ(savedBytes(kFile),
+            transferFile(classElement(
+                "CKtZantoFormwork", 1,
+                listItem("Vector", 5,
+                         pointEntries("Point", {{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}})))));
+}
+
+TEST(Formwork, WritesTheBulgesOfPointsThatItDoesNotHold) {
+  CKtZantoFormwork formwork;
+  formwork.setPoints({{1, 0, 0}});
+  formwork.setBulges({{0, 0, 1}, {0, 0, 2}, {0, 0, 3}});
+  formwork.setNbPoints(4);
+  EXPECT_EQ(writeAlone(formwork), 0);
+  EXPECT_EQ(savedBytes(kFile),
+            transferFile(classElement(
+                "CKtZantoFormwork", 1,
+                listItem("Vector", 4,
+                         pointItem("Point1", {1, 0, 0}) + vectorItem("Bulge1", {0, 0, 1}) +
+                             vectorItem("Bulge2", {0, 0, 2})))));
+}
+
 }  // namespace
 }  // namespace quorvan::test

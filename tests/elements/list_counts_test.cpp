@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <tests/elements/element_file.h>
+#include <quorvan/elements/items/list_rows.h>
 
 namespace quorvan::test {
 namespace {
@@ -290,6 +291,64 @@ TEST(ListLimits, ARepartitionHoldsEntriesUpToItsLimit) {
     EXPECT_EQ(describe(repartition)[7], items[7]);
     EXPECT_EQ(repartition.getHidden(), true);
   }
+}
+
+// With limits so low that a small file goes beyond them.
+struct Listed {
+  std::vector<CKtPnt3D> points;
+  std::vector<double> values;
+};
+
+constexpr auto kNumberedPoints =
+    items::table("Listed", items::OwnFiler::kNone,
+                 items::NumberedPoints<Listed, 3>{"NoPoints", &Listed::points});
+constexpr auto kCountedDoubles =
+    items::table("Listed", items::OwnFiler::kNone,
+                 items::CountedDoubles<Listed, 3>{"Values", "Value", &Listed::values});
+
+template <class Table>
+int readListed(const Table& table, const std::string& itemsOfFile, Listed& listed) {
+  writeBytes(kFile, transferFile(classElement("Listed", 1, itemsOfFile)));
+  CKtFiler filer;
+  filer.newFiler(kFileName);
+  return items::fileIn(table, listed, filer);
+}
+
+TEST(ListLimits, NumberedPointsBeyondTheLimitAreReadWhenTheyAreThere) {
+  Listed listed;
+  const std::vector<CKtPnt3D> points{{1, 1, 1}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}, {5, 5, 5}};
+  EXPECT_EQ(
+      readListed(kNumberedPoints, longItem("NoPoints", 5) + pointEntries("Point", points), listed),
+      1);
+  EXPECT_EQ(pointTexts(listed.points), pointTexts(points));
+}
+
+// One item may be missing here: the number itself is an item too.
+TEST(ListLimits, NumberedPointsBeyondTheLimitAreRefusedWithFewerItems) {
+  Listed listed;
+  const std::vector<CKtPnt3D> points{{1, 1, 1}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}};
+  const std::string entries = pointEntries("Point", points);
+  EXPECT_EQ(readListed(kNumberedPoints, longItem("NoPoints", 5) + entries, listed), 0);
+  EXPECT_EQ(pointTexts(listed.points), pointTexts(points) + pointItem("P", {0, 0, 0}));
+  EXPECT_EQ(readListed(kNumberedPoints, longItem("NoPoints", 6) + entries, listed), 0);
+  EXPECT_TRUE(listed.points.empty());
+  EXPECT_EQ(readListed(kNumberedPoints, longItem("NoPoints", 3), listed), 0);
+  EXPECT_EQ(listed.points.size(), 3U);
+}
+
+TEST(ListLimits, ACountedListBeyondTheLimitIsReadWhenItIsThere) {
+  Listed listed;
+  const std::vector<double> values{1, 2, 3, 4};
+  const std::string entries = doubleEntries("Value", values);
+  EXPECT_EQ(readListed(kCountedDoubles, listItem("Values", 4, entries), listed), 1);
+  EXPECT_EQ(listed.values, values);
+  EXPECT_EQ(readListed(kCountedDoubles, listItem("Values", 5, entries), listed), 0);
+  EXPECT_TRUE(listed.values.empty());
+  // A stranger counts as an item, not as an entry.
+  EXPECT_EQ(
+      readListed(kCountedDoubles, listItem("Values", 5, entries + longItem("Other", 1)), listed),
+      0);
+  EXPECT_EQ(listed.values, (std::vector<double>{1, 2, 3, 4, 4}));
 }
 
 }  // namespace

@@ -146,12 +146,12 @@ struct Segments {
       out.finished = true;
       return;
     }
-    const std::size_t held = std::min((element.*points).size() / 2, (element.*bulges).size());
-    const std::size_t segments = std::min<std::size_t>(announced / 2, held);
+    const std::size_t segments = std::min<std::size_t>(
+        announced / 2, std::max((element.*points).size(), (element.*bulges).size()));
     for (std::size_t k = 0; k < segments; ++k) {
-      out.result &= writeEntry(out.filer, kPointStem, 2 * k + 1, (element.*points)[2 * k]);
-      out.result &= writeEntry(out.filer, kPointStem, 2 * k + 2, (element.*points)[2 * k + 1]);
-      out.result &= writeEntry(out.filer, kBulgeStem, k + 1, (element.*bulges)[k]);
+      writeHeld(out, kPointStem, 2 * k + 1, element.*points);
+      writeHeld(out, kPointStem, 2 * k + 2, element.*points);
+      writeHeld(out, kBulgeStem, k + 1, element.*bulges);
     }
     if (segments < announced / 2) {
       out.result = 0;
@@ -176,6 +176,14 @@ struct Segments {
   }
 
  private:
+  // A list that is too short for the point count lacks entries; those of the other are written.
+  template <class Value>
+  static void writeHeld(Writing& out, std::string_view stem, std::size_t number,
+                        const std::vector<Value>& values) {
+    out.result &=
+        number <= values.size() ? writeEntry(out.filer, stem, number, values[number - 1]) : 0;
+  }
+
   void readSegments(Reading& in, Element& element) const {
     const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
     filer::ItemsInOrder inOrder(scope);
@@ -220,8 +228,8 @@ struct Segments {
 
 /// A counted list of doubles. It is skipped when it cannot be opened, without lowering the result.
 /// Reading holds as many values as the count says: a missing entry repeats the value before it, in
-/// this list or the one read before, 0 at first. Counts above `kLimit` are refused: no values, and
-/// the result is 0.
+/// this list or the one read before, 0 at first. A count above `kLimit` and above the number of
+/// items in the list is refused: no values, and the result is 0.
 template <class Element, long kLimit>
 struct CountedDoubles {
   dom::Name name;
@@ -251,10 +259,10 @@ struct CountedDoubles {
     if (ItemAccess::beginVector(in.filer, name, &announced) == 0) {
       return;
     }
-    if (announced > kLimit) {
+    const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
+    if (!isBelievable(scope, announced, kLimit)) {
       in.result = 0;
     } else {
-      const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
       filer::ItemsInOrder inOrder(scope);
       const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));
       forEachNumber(inOrder, scope, stem, count, [&](const IXMLDOMNodePtr& item) {
@@ -267,8 +275,9 @@ struct CountedDoubles {
 };
 
 /// Points that stand in the class element itself, behind an item with their number. Reading holds
-/// as many points as the number says: a missing one becomes a default point. Numbers above
-/// `kLimit` are refused: no points, and the result is 0.
+/// as many points as the number says: a missing one becomes a default point. A number above
+/// `kLimit` and above the number of items in the element is refused: no points, and the result is
+/// 0.
 template <class Element, long kLimit>
 struct NumberedPoints {
   dom::Name name;
@@ -291,11 +300,11 @@ struct NumberedPoints {
     (element.*points).clear();
     long announced = 0;
     in.result &= ItemAccess::read(in.filer, name, &announced);
-    if (announced > kLimit) {
+    const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
+    if (!isBelievable(scope, announced, kLimit)) {
       in.result = 0;
       return;
     }
-    const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
     filer::ItemsInOrder inOrder(scope);
     inOrder.next(name);
     const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));

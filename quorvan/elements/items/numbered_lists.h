@@ -28,6 +28,20 @@ bool forEachPresent(filer::ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope,
   return rest.size() == count - done;
 }
 
+/// Whether a list that holds missing entries too may have `count` of them: up to `limit` that is
+/// taken on trust, above it `scope` must have as many children.
+inline bool isBelievable(const IXMLDOMNodePtr& scope, long count, long limit) {
+  if (count <= limit) {
+    return true;
+  }
+  long children = 0;
+  for (IXMLDOMNodePtr child = dom::firstChild(scope); child != nullptr && children < count;
+       child = dom::nextSibling(child)) {
+    ++children;
+  }
+  return children >= count;
+}
+
 /// Calls `take` for each of the entries `stem`1 to `stem``count`, with a null handle for one that
 /// is missing.
 template <class Take>
