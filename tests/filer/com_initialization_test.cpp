@@ -5,6 +5,7 @@
 #include <memory>
 
 #include <quorvan/platform/com_balance.h>
+#include <quorvan/platform/embedded/file_calls.h>
 
 namespace quorvan::test {
 namespace {
@@ -53,6 +54,26 @@ TEST_F(ComInitialization, EndsWithAFilerThatCannotSave) {
   auto filer = std::make_unique<CKtFiler>();
   filer->newFiler(L"missing/drawing.xml");
   filer.reset();
+  EXPECT_EQ(comBalance(), m_before);
+}
+
+int balanceWhileSaving = -1;
+
+int renameAndLook(const char* from, const char* to) {
+  balanceWhileSaving = comBalance();
+  return embedded::systemFileCalls().rename(from, to);
+}
+
+TEST_F(ComInitialization, LastsUntilAFilerThatIsDestroyedOpenHasSaved) {
+  embedded::FileCalls calls = embedded::systemFileCalls();
+  calls.rename = &renameAndLook;
+  {
+    CKtFiler filer;
+    filer.newFiler(kPath);
+    embedded::setFileCalls(calls);
+  }
+  embedded::setFileCalls(embedded::systemFileCalls());
+  EXPECT_EQ(balanceWhileSaving, m_before + 1);
   EXPECT_EQ(comBalance(), m_before);
 }
 

@@ -79,6 +79,33 @@ TEST_F(FilerDocument, KeptCountsNumberTheElementsOfTheSecondDocument) {
   EXPECT_EQ(savedText(kOtherPath), documentText("<A version=\"1\" index=\"3\"/>"));
 }
 
+// Once reading began the counts are no longer those of a document: what is unread stays, and the
+// second document's are added.
+TEST_F(FilerDocument, ASecondOpeningAddsItsCountsToWhatTheFirstLeftUnread) {
+  writeText(kPath, documentText("<A/><A/><B/>"));
+  writeText(kOtherPath, documentText("<A/><A/><A/><C/>"));
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  ASSERT_EQ(filer.beginClass(L"A"), 1);
+  ASSERT_EQ(filer.newFiler(kOtherPath), 1);
+  EXPECT_EQ(filer.getLastUsedIndex(), 5);
+  // The class element is the first document's, the counts are loaded.
+  EXPECT_EQ(filer.endClass(), -1);
+  EXPECT_EQ(filer.beginClass(L"B"), 0) << "counted, and not there";
+  ASSERT_EQ(filer.beginClass(L"C"), 1);
+  EXPECT_EQ(filer.getLastUsedIndex(), 1);
+  EXPECT_EQ(filer.endClass(), 0);
+}
+
+TEST_F(FilerDocument, KeptCountsOpenADocumentWithoutRoot) {
+  writeText(kPath, documentText("<A/>"));
+  writeText(kOtherPath, "<xml/>");
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(filer.newFiler(kOtherPath), 1) << "nothing was left to count";
+  EXPECT_EQ(filer.beginClass(L"A"), 0);
+}
+
 TEST_F(FilerDocument, ASecondOpeningDropsTheFirstDocumentUnsaved) {
   CKtFiler filer;
   filer.newFiler(kPath);

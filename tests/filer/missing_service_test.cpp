@@ -76,6 +76,44 @@ TEST_F(MissingService, DropsTheDocumentThatWasOpen) {
   EXPECT_FALSE(fileExists(kPath));
 }
 
+// The counts of the document that was open stay, and lead to one that is not there.
+TEST_F(MissingService, ReadingWhatTheFormerDocumentHeldRaisesAndCountsIt) {
+  writeText(kPath, documentText("<A/><A/>"));
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(openFailing(filer, kOtherPath, kCreating, DomFault::kFail), 0);
+  EXPECT_EQ(filer.beginClass(L"B"), 0);
+  EXPECT_EQ(raised([&] { filer.beginClass(L"A"); }), E_POINTER);
+  EXPECT_EQ(raised([&] { filer.beginClass(L"A"); }), E_POINTER);
+  EXPECT_EQ(filer.beginClass(L"A"), 0);
+}
+
+TEST_F(MissingService, AnElementLastReadStaysAndLeadsToItsSiblings) {
+  writeText(kPath, documentText("<A><N long=\"1\"/></A><A><N long=\"2\"/></A>"));
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  ASSERT_EQ(filer.beginClass(L"A"), 1);
+  EXPECT_EQ(openFailing(filer, kOtherPath, kCreating, DomFault::kFail), 0);
+  EXPECT_EQ(itemNumber(filer), 1);
+  EXPECT_EQ(filer.beginClass(L"A"), 1);
+  EXPECT_EQ(itemNumber(filer), 2);
+  EXPECT_EQ(filer.closeFiler(), 0);
+}
+
+// Closing files the scope first, and there is no document that could take it.
+TEST_F(MissingService, AScopeThatIsOpenForWritingMakesClosingRaise) {
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  ASSERT_EQ(filer.beginClass(L"A", 1), 1);
+  EXPECT_EQ(openFailing(filer, kOtherPath, kCreating, DomFault::kFail), 0);
+  EXPECT_EQ(raised([&] { filer.closeFiler(); }), E_POINTER);
+  EXPECT_EQ(filer.getLastUsedIndex(), 2) << "still open";
+  // It is filed in the document that is opened next.
+  ASSERT_EQ(filer.newFiler(kOtherPath), 1);
+  EXPECT_EQ(filer.closeFiler(), 1);
+  EXPECT_EQ(savedText(kOtherPath), documentText("<A version=\"1\" index=\"1\"/>"));
+}
+
 TEST_F(MissingService, AnErrorWhileOpeningIsReportedAndDoesNotLeave) {
   for (const DomFault fault : {DomFault::kFail, DomFault::kOutOfMemory, DomFault::kBadAlloc}) {
     CKtFiler filer;
