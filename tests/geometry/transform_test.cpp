@@ -86,15 +86,66 @@ TEST(Transform, LeavesLengths) {
   EXPECT_EQ(transform.GetUnTransform(-1.25), -1.25);
 }
 
-TEST(Transform, CanBeReplacedByADerivedOne) {
-  class Doubling : public CKtMat3D {
-   public:
-    using CKtMat3D::GetUnTransform;
-    [[nodiscard]] double GetUnTransform(double length) const override { return 2 * length; }
-  };
-  const Doubling doubling;
-  const CKtMat3D& transform = doubling;
-  EXPECT_EQ(transform.GetUnTransform(3.0), 6.0);
+// Every member is a virtual one of a constant transform: `override` says so to the compiler.
+class Other : public CKtMat3D {
+ public:
+  void Transform(LOGFONTW& font) const override { font.lfHeight = 1; }
+  void Transform(const LOGFONTW& /*in*/, LOGFONTW& out) const override { out.lfHeight = 2; }
+  [[nodiscard]] LOGFONTW GetTransform(const LOGFONTW& /*in*/) const override {
+    return font(3, L"");
+  }
+  void UnTransform(CKtPnt3D& point) const override { point.X(4); }
+  void UnTransform(const CKtPnt3D& /*in*/, CKtPnt3D& out) const override { out.X(5); }
+  [[nodiscard]] CKtPnt3D GetUnTransform(const CKtPnt3D& /*in*/) const override { return {6, 0, 0}; }
+  void UnTransform(CKtVect3D& vector) const override { vector.X(7); }
+  void UnTransform(const CKtVect3D& /*in*/, CKtVect3D& out) const override { out.X(8); }
+  [[nodiscard]] CKtVect3D GetUnTransform(const CKtVect3D& /*in*/) const override {
+    return {9, 0, 0};
+  }
+  void UnTransform(double& length) const override { length = 10; }
+  [[nodiscard]] double GetUnTransform(double /*in*/) const override { return 11; }
+  void UnTransform(LOGFONTW& font) const override { font.lfHeight = 12; }
+  void UnTransform(const LOGFONTW& /*in*/, LOGFONTW& out) const override { out.lfHeight = 13; }
+  [[nodiscard]] LOGFONTW GetUnTransform(const LOGFONTW& /*in*/) const override {
+    return font(14, L"");
+  }
+};
+
+TEST(Transform, OfFontsCanBeReplacedByADerivedOne) {
+  const Other other;
+  const CKtMat3D& transform = other;
+  LOGFONTW changed = font(0, L"");
+  transform.Transform(changed);
+  EXPECT_EQ(changed.lfHeight, 1);
+  transform.Transform(font(0, L""), changed);
+  EXPECT_EQ(changed.lfHeight, 2);
+  EXPECT_EQ(transform.GetTransform(changed).lfHeight, 3);
+  transform.UnTransform(changed);
+  EXPECT_EQ(changed.lfHeight, 12);
+  transform.UnTransform(font(0, L""), changed);
+  EXPECT_EQ(changed.lfHeight, 13);
+  EXPECT_EQ(transform.GetUnTransform(changed).lfHeight, 14);
+}
+
+TEST(Transform, OfCoordinatesAndLengthsCanBeReplacedByADerivedOne) {
+  const Other other;
+  const CKtMat3D& transform = other;
+  CKtPnt3D point;
+  transform.UnTransform(point);
+  EXPECT_EQ(point.X(), 4);
+  transform.UnTransform(CKtPnt3D(), point);
+  EXPECT_EQ(point.X(), 5);
+  EXPECT_EQ(transform.GetUnTransform(point).X(), 6);
+  CKtVect3D vector;
+  transform.UnTransform(vector);
+  EXPECT_EQ(vector.X(), 7);
+  transform.UnTransform(CKtVect3D(), vector);
+  EXPECT_EQ(vector.X(), 8);
+  EXPECT_EQ(transform.GetUnTransform(vector).X(), 9);
+  double length = 0;
+  transform.UnTransform(length);
+  EXPECT_EQ(length, 10);
+  EXPECT_EQ(transform.GetUnTransform(0.0), 11);
 }
 
 }  // namespace
