@@ -91,6 +91,27 @@ TEST(LongLists, BeyondSixteenBitsAFilledPolygonComesBackWithAnotherCount) {
   EXPECT_EQ(held.back() == CKtPnt3D(1, 2, 3), 1);
 }
 
+TEST(LongLists, BeyondSixteenBitsAFormworkComesBackWithAnotherCount) {
+  CKtZantoFormwork formwork;
+  for (int k = 0; k < 20000; ++k) {
+    formwork.addElement(CKtPnt3D(), CKtPnt3D(), CKtVect3D(0, 0, k));
+  }
+  EXPECT_EQ(writeAlone(formwork), 1);
+  EXPECT_NE(savedBytes(kFile).find("<Vector size=\"-25536\">"), std::string::npos);
+  CKtFiler filer;
+  filer.newFiler(kFileName);
+  CKtZantoFormwork read;
+  EXPECT_EQ(read.fileIn(&filer), 0);
+  EXPECT_EQ(read.getNbPoints(), 4294967296U - 25536U);
+  std::vector<CKtPnt3D> points;
+  read.getPoints(points);
+  EXPECT_EQ(points.size(), 40000U);
+  std::vector<CKtVect3D> bulges;
+  read.getBulges(bulges);
+  ASSERT_EQ(bulges.size(), 20000U);
+  EXPECT_EQ(bulges.back().Z(), 19999.0);
+}
+
 TEST(LongLists, BeyondSixteenBitsAMeshComesBackWithoutPoints) {
   CKtZantoMesh mesh;
   mesh.SetPoints(std::vector<CKtPnt3D>(32768));
