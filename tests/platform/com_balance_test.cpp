@@ -8,9 +8,11 @@
 namespace {
 
 using quorvan::platform::comBalance;
+using quorvan::platform::comInitializations;
 
 TEST(ComBalance, CountsOpenInitialisationsOfTheThread) {
   const int before = comBalance();
+  const unsigned int madeBefore = comInitializations();
   quorvan::platform::initializeCom();
   quorvan::platform::initializeCom();
   EXPECT_EQ(comBalance(), before + 2);
@@ -18,6 +20,7 @@ TEST(ComBalance, CountsOpenInitialisationsOfTheThread) {
   quorvan::platform::uninitializeCom();
   quorvan::platform::uninitializeCom();
   EXPECT_EQ(comBalance(), before);
+  EXPECT_EQ(comInitializations(), madeBefore + 2);
 }
 
 }  // namespace

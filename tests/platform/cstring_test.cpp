@@ -61,6 +61,8 @@ TEST(CString, KeepsTerminatorsWithinAnExplicitLength) {
   EXPECT_FALSE(text == CString(L"a"));
   EXPECT_EQ((text + text).GetLength(), 6);
   EXPECT_TRUE(CString(L"abc", -1).IsEmpty());
+  EXPECT_TRUE(CString("abc", -1).IsEmpty());
+  EXPECT_EQ(CString("a\0b", 3).view(), std::wstring_view(L"a\0b", 3));
 }
 
 TEST(CString, KeepsTwentyThreeCharactersInsideTheObject) {
@@ -139,6 +141,12 @@ TEST(CString, AssignsFromEverything) {
   EXPECT_STREQ(text.GetString(), L"c");
   text = CString(kLong.c_str());
   EXPECT_EQ(text.view(), kLong);
+  const CString another(L"another");
+  text = another;
+  EXPECT_STREQ(text.GetString(), L"another");
+  const CString shared(kLong.c_str());
+  text = shared;
+  EXPECT_EQ(text.GetString(), shared.GetString());
   text = static_cast<const wchar_t*>(nullptr);
   EXPECT_TRUE(text.IsEmpty());
 }

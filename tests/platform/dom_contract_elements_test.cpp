@@ -22,7 +22,9 @@ TEST_F(NewElement, BecomesTheLastChildWithItsAttributesInOrder) {
 TEST_F(NewElement, GoesIntoAnElementThatIsNotInTheTree) {
   const IXMLDOMNodePtr alone = element("Alone");
   EXPECT_TRUE(appendPoint(alone, "A"));
-  EXPECT_EQ(outline(alone), "Alone[A(X=1.0 Y=2.0 Z=-3.5)]");
+  EXPECT_TRUE(appendPoint(alone, "B"));
+  EXPECT_TRUE(dom::appendElement(m_document, alone, "C", "string", L"text"));
+  EXPECT_EQ(outline(alone), "Alone[A(X=1.0 Y=2.0 Z=-3.5) B(X=1.0 Y=2.0 Z=-3.5) C(string=text)]");
   EXPECT_EQ(outline(m_root), "Document");
 }
 
@@ -30,7 +32,8 @@ TEST_F(NewElement, GoesIntoAnElementOfAnotherDocument) {
   const IXMLDOMDocumentPtr other = newDocument();
   const IXMLDOMNodePtr parent = dom::createElement(other, "Parent");
   EXPECT_TRUE(appendPoint(parent, "A"));
-  EXPECT_EQ(outline(parent), "Parent[A(X=1.0 Y=2.0 Z=-3.5)]");
+  EXPECT_TRUE(dom::appendElement(m_document, parent, "B", "string", L"text"));
+  EXPECT_EQ(outline(parent), "Parent[A(X=1.0 Y=2.0 Z=-3.5) B(string=text)]");
 }
 
 TEST_F(NewElement, TakesAnyTextThatXmlCarries) {

@@ -138,7 +138,7 @@ class Tree final : public TreeOwners {
     return parent == m_root ? *m_rootIndex : m_indexes.find(parent)->second;
   }
   [[nodiscard]] bool isBelowRoot(Ref ref) const noexcept {
-    return (node(ref).parent != 0 || ref == m_document) && isAttached(ref);
+    return node(ref).parent != 0 && isAttached(ref);
   }
   [[nodiscard]] bool isAttached(Ref ref) const noexcept;
   [[nodiscard]] bool isSelfOrAbove(Ref ref, Ref below) const noexcept;

@@ -35,6 +35,8 @@ TEST_F(Encodings, TheMarkOfUtf8IsDropped) {
 TEST_F(Encodings, Utf8StaysUtf8) {
   const std::string file = declaration("UTF-8") + "<a b=\"\xC3\xA9\xE2\x82\xAC\"/>\r\n";
   EXPECT_EQ(resaved(file), file);
+  const std::string names = declaration("UTF-8") + "<\xC3\xA9 \xE2\x84\xA6=\"\"/>\r\n";
+  EXPECT_EQ(resaved(names), names);
 }
 
 TEST_F(Encodings, TheNameOfTheEncodingIsWrittenAsItWas) {

@@ -48,6 +48,19 @@ TEST_F(Markup, AMovedElementLeavesItsWhiteSpaceBehind) {
             "<Document><a>\r\n\t\t<d/><b>\r\n\t\t\t<c/></b>\r\n\t</a></Document>\r\n");
 }
 
+TEST_F(Markup, CommentsAndTextMoveLikeElements) {
+  ASSERT_TRUE(loads("<a><!--c-->text<![CDATA[d]]><b/></a>"));
+  const IXMLDOMNodePtr root = dom::firstChild(m_document);
+  const IXMLDOMNodePtr b = dom::firstChildNamed(root, "b");
+  for (int i = 0; i < 3; ++i)
+    dom::append(b, dom::firstChild(root));
+  EXPECT_EQ(saved(), "<a><b><!--c-->text<![CDATA[d]]></b></a>\r\n");
+  const IXMLDOMNodePtr comment = dom::firstChild(b);
+  dom::append(m_document, comment);
+  EXPECT_EQ(raisedBy([&] { dom::append(m_document, dom::firstChild(b)); }), E_FAIL);
+  EXPECT_EQ(saved(), "<a><b>text<![CDATA[d]]></b></a>\r\n<!--c-->\r\n");
+}
+
 TEST_F(Markup, IndentationEndsSomewhere) {
   std::string file;
   for (int i = 0; i < 150; ++i)

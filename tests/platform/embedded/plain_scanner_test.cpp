@@ -49,6 +49,20 @@ TEST_F(PlainScanner, TakesWhatTheLibraryWrites) {
   EXPECT_EQ(m_scanned, 2);
 }
 
+TEST_F(PlainScanner, KeepsNamesApartThatDifferInOnePlaceAlone) {
+  std::string file = "<a>";
+  for (const std::size_t length : {7U, 8U, 9U, 15U, 16U, 17U, 18U, 40U}) {
+    for (std::size_t at = 0; at < length; ++at) {
+      std::string name(length, 'n');
+      name[at] = 'm';
+      file += "<" + name + "/>";
+    }
+  }
+  file += "</a>";
+  EXPECT_TRUE(scans(file));
+  EXPECT_EQ(resaved(file), file + "\r\n");
+}
+
 TEST_F(PlainScanner, LeavesTheRestToTheGeneralParser) {
   for (const char* file : {
            "",
