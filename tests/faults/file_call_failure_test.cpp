@@ -168,5 +168,36 @@ TEST(FailingFileCall, AnEndOfFilingIsEndedAgain) {
   EXPECT_GT(failures, 20);
 }
 
+// What is exported in between has no drawing to go into. The element exported last stays current
+// and is closed into the next drawing, as a class scope left open is.
+TEST(FailingFileCall, AStartThatCouldNotReadTheDrawingLeavesItAndIsStartedAgain) {
+  int unread = 0;
+  failEverywhere([&unread](const Act& act) {
+    const Stage stage;
+    const auto end = [] { endFiling(L"2025", 1, L"Plan", 42); };
+    stopFiling();
+    act([] { startFiling(kStagePath); });
+    exportLine(0, 0, 0, 1, 1, 1, 7);
+    if (Stage::messages() == 0) {
+      // The drawing is there, or the system said that it may not be opened.
+      end();
+      const std::string indexes = savedIndexes(kStageFile);
+      EXPECT_TRUE(indexes == "Former 1, Former 2, CKtZantoLine 1, CKtDrawingControl 1" ||
+                  indexes == "CKtZantoLine 1, CKtDrawingControl 1")
+          << indexes;
+      return;
+    }
+    ++unread;
+    EXPECT_FALSE(succeeds(end));
+    EXPECT_EQ(fileBytes(kStageFile), Stage::formerFile());
+    startFiling(kStagePath);
+    exportCircle(1, 2, 3, 4, 5);
+    end();
+    EXPECT_EQ(savedIndexes(kStageFile),
+              "Former 1, Former 2, CKtDrawingControl 1, CKtZantoCircle 1, CKtDrawingControl 2");
+  });
+  EXPECT_GT(unread, 5);
+}
+
 }  // namespace
 }  // namespace quorvan::test
