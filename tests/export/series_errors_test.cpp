@@ -5,9 +5,11 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <tests/export/series_filing.h>
 #include <tests/support/saved_elements.h>
+#include <tests/support/transfer_text.h>
 #include <quorvan/platform/com_error.h>
 
 namespace quorvan::test {
@@ -174,6 +176,41 @@ TEST_F(SeriesErrors, TheSeriesOfASearchThatRaisedIsWrittenWithTheNextDrawing) {
   end();
   EXPECT_EQ(savedIndexes("second.xml"), "CKtZantoRepartition 1, CKtDrawingControl 1");
   std::filesystem::remove("second.xml");
+}
+
+// Bars are compared by reference, steel grade, bond class, diameter and hidden flag in this order:
+// the first one that differs ends the comparison, one of another kind raises.
+TEST_F(SeriesErrors, ASearchRaisesAtAnItemOfAnotherKindUnlessOneBeforeItDiffers) {
+  const std::vector<std::string> names{"Reference", "SteelGrade", "Adherence", "Diameter",
+                                       "Hidden"};
+  const std::vector<std::string> equal{longItem("Reference", 1), textItem("SteelGrade", L"S"),
+                                       textItem("Adherence", L"A"), doubleItem("Diameter", 8),
+                                       flagItem("Hidden", false)};
+  const std::vector<std::string> other{longItem("Reference", 2), textItem("SteelGrade", L"T"),
+                                       textItem("Adherence", L"B"), doubleItem("Diameter", 9),
+                                       flagItem("Hidden", true)};
+  for (std::size_t strange = 0; strange < names.size(); ++strange) {
+    for (std::size_t differs = 0; differs < names.size(); ++differs) {
+      SCOPED_TRACE(names[strange] + " of another kind, another " + names[differs]);
+      auto items = equal;
+      items[differs] = other[differs];
+      items[strange] = rawItem(names[strange], "kind=\"other\"");
+      std::string bar;
+      for (const std::string& item : items) {
+        bar += item;
+      }
+      writeBytes(kDrawing, transferFile(classElement("CKtZantoStraightBar", 1, bar)));
+      start();
+      push(simple(1));
+      if (differs < strange) {
+        end();
+        EXPECT_EQ(savedRepartitions().at(0).getIndex(), -1);
+      } else {
+        expectRaisesNullPointer();
+        endStopped();
+      }
+    }
+  }
 }
 
 // A class name that XML cannot carry as the name of an element.
