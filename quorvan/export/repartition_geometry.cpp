@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include <quorvan/geometry/plane_geometry.h>
 #include <quorvan/geometry/vector.h>
@@ -54,19 +57,34 @@ double signedDistance(const BaseLine& base, const CKtVect3D& sign, const CKtPnt3
   return distance * (product.Z() < 0 ? 1.0 : -1.0);
 }
 
+struct PlacedFrame {
+  double offset;  // from the first frame, along the series
+  std::unique_ptr<PendingFrame> frame;
+};
+
 // Straight bars are pushed in any order: they are put in ascending order along the direction from
-// the first to the second. Equal ones keep their order, and what is no number comes last.
+// the first to the second, as by exchanging neighbours. Equal ones keep their order; a frame whose
+// offset is no number stays where it is, and none goes past it.
 void sortAlongSeries(FrameGroup& group) {
   const CKtPnt3D start = group.at(0)->firstPoint();
   const CKtVect3D direction(start, group.at(1)->firstPoint(), 0);
-  const auto offset = [&](const std::unique_ptr<PendingFrame>& frame) {
-    return dot(CKtVect3D(start, frame->firstPoint(), 0), direction);
-  };
-  std::stable_sort(group.begin(), group.end(), [&](const auto& a, const auto& b) {
-    const double offsetA = offset(a);
-    const double offsetB = offset(b);
-    return offsetA < offsetB || (!std::isnan(offsetA) && std::isnan(offsetB));
-  });
+  std::vector<PlacedFrame> placed;
+  placed.reserve(group.size());
+  for (std::unique_ptr<PendingFrame>& frame : group) {
+    const CKtVect3D fromStart(start, frame->firstPoint(), 0);
+    const double offset = placed.empty() ? 0.0 : dot(fromStart, direction);
+    placed.push_back({offset, std::move(frame)});
+  }
+  for (auto run = placed.begin(); run != placed.end();) {
+    const auto end = std::find_if(
+        run, placed.end(), [](const PlacedFrame& frame) { return std::isnan(frame.offset); });
+    std::stable_sort(
+        run, end, [](const PlacedFrame& a, const PlacedFrame& b) { return a.offset < b.offset; });
+    run = end == placed.end() ? end : end + 1;
+  }
+  for (std::size_t k = 0; k < group.size(); ++k) {
+    group[k] = std::move(placed[k].frame);
+  }
 }
 
 // Top and bottom distances and positions as the host gave them.

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -255,6 +256,32 @@ TEST_F(SeriesGeometry, SortingIsStable) {
   const CKtZantoRepartition repartition = repartitionOf(frames);
   EXPECT_EQ(bottomOf(repartition), (Numbers{50, 49, 57, 53, 55, 54, 51, 52}));
   EXPECT_EQ(positionsOf(repartition), (Numbers{0, 20, 0, 0, 0, 30, 0}));
+}
+
+// Bars at x = 0, 50, nowhere, 20 and 10: the last two are exchanged, but nothing is with a bar that
+// is neither before nor behind another. The lengths show the order.
+TEST_F(SeriesGeometry, ABarAtNoPlaceStaysWhereItIsAndNonePassesIt) {
+  const double none = std::numeric_limits<double>::quiet_NaN();
+  std::vector<Frame> frames;
+  for (const double x : {0.0, 50.0, none, 20.0, 10.0}) {
+    const double length = 100 + static_cast<double>(frames.size());
+    frames.push_back(barFrame({x, 0, 0}, {7, length, 0}));
+  }
+  frames[0].second.X(0);
+  EXPECT_EQ(bottomOf(repartitionOf(frames)), (Numbers{50, 51, 52, 54, 53}));
+}
+
+// Bars so far apart that the direction is infinite: the first one is at 0 all the same, between the
+// one before it and the one behind. The second points show the order.
+TEST_F(SeriesGeometry, TheFirstBarIsAtZeroHoweverFarTheOthersAre) {
+  const double far = std::numeric_limits<double>::max();
+  const CKtZantoRepartition repartition =
+      repartitionOf({barFrame({-far / 2, 0, 0}, {1, 0, 0}), barFrame({far, 0, 0}, {2, 0, 0}),
+                     barFrame({-far, 0, 0}, {far, 0, 0})});
+  const Numbers bottom = bottomOf(repartition);
+  ASSERT_EQ(bottom.size(), 3U);
+  EXPECT_EQ(bottom[1], -1.0);
+  EXPECT_EQ(bottom[2], -2.0);
 }
 
 // The first two bars are the same: no direction, all products zero, no change of order.
