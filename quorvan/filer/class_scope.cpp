@@ -26,7 +26,6 @@ int CKtFiler::openClass(const dom::Name& className, int version) {
     return 1;
   }
   m_writing = 0;
-  endClass();
   return 0;
 }
 

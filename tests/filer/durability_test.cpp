@@ -1,0 +1,46 @@
+// Whether saving waits until the file is on the disk.
+
+#include <tests/filer/filer_test.h>
+
+#include <quorvan/platform/embedded/file_calls.h>
+
+namespace quorvan::test {
+namespace {
+
+int syncs = 0;
+
+// Counts what goes to the disk.
+class Durability : public FilerTest {
+ protected:
+  Durability() {
+    syncs = 0;
+    m_calls.fsync = [](int file) {
+      ++syncs;
+      return embedded::systemFileCalls().fsync(file);
+    };
+    embedded::setFileCalls(m_calls);
+  }
+  ~Durability() override { embedded::setFileCalls(embedded::systemFileCalls()); }
+
+ private:
+  embedded::FileCalls m_calls = embedded::systemFileCalls();
+};
+
+TEST_F(Durability, ADrawingIsOnTheDiskWhenItsFilerIsClosed) {
+  CKtFiler filer;
+  filer.newFiler(kPath);
+  EXPECT_EQ(filer.closeFiler(), 1);
+  EXPECT_EQ(syncs, 2);  // the file and its folder
+}
+
+// It is deleted a moment later.
+TEST_F(Durability, APatternIsNotWaitedFor) {
+  CKtPatternFiler pattern;
+  pattern.newFiler(kPatternPath);
+  EXPECT_EQ(pattern.closeFiler(), 1);
+  EXPECT_EQ(syncs, 0);
+  EXPECT_TRUE(fileExists(kPatternPath));
+}
+
+}  // namespace
+}  // namespace quorvan::test
