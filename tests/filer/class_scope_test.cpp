@@ -149,6 +149,15 @@ TEST_F(ClassScope, ARefusedNameComesAfterTheOpenScopeWasFiled) {
   EXPECT_EQ(closed(), documentText("<A version=\"1\" index=\"1\"/>"));
 }
 
+// No element took the place of the one last read, and the direction was turned to writing before.
+TEST_F(ClassScope, ARefusedNameAfterReadingLeavesTheElementReadToBeFiled) {
+  load("<A><N long=\"1\"/></A><B/>");
+  m_filer.beginClass(L"A");
+  EXPECT_EQ(raised([&] { m_filer.beginClass(L"not a name", 1); }), E_FAIL);
+  EXPECT_EQ(itemNumber(m_filer), 1);
+  EXPECT_EQ(closed(), documentText("<B/><A><N long=\"1\"/></A>"));
+}
+
 TEST_F(ClassScope, NamesMayHoldLettersOfAnyScriptAndMarks) {
   for (const wchar_t* name : {L"\u00C9l\u00E9ment", L"_A", L"A-b.c_1"}) {
     EXPECT_EQ(m_filer.beginClass(name, 1), 1);
@@ -323,6 +332,20 @@ TEST_F(ClassScope, ItemsWrittenIntoAnElementThatIsReadChangeTheDocument) {
   EXPECT_EQ(m_filer.writeItem(L"M", 2), 1);
   EXPECT_EQ(m_filer.endClass(), 0);
   EXPECT_EQ(closed(), documentText("<A><N long=\"1\"/><M long=\"2\"/></A><A/>"));
+}
+
+// The element that opening a scope files is in the document when its elements are counted.
+TEST_F(ClassScope, AnElementReadFromTheFormerFileIsFiledBeforeCounting) {
+  load("<A><N long=\"1\"/></A>");
+  m_filer.beginClass(L"A");
+  m_filer.beginVector(L"V", 0);
+  m_filer.endVector();
+  ASSERT_EQ(m_filer.newFiler(kOtherPath), 1);
+  EXPECT_EQ(m_filer.beginClass(L"A", 1), 1);
+  EXPECT_EQ(m_filer.endClass(), 2);
+  m_filer.closeFiler();
+  EXPECT_EQ(savedText(kOtherPath),
+            documentText("<A><N long=\"1\"/><V size=\"0\"/></A><A version=\"1\" index=\"2\"/>"));
 }
 
 TEST_F(ClassScope, AVectorWrittenIntoAnElementThatIsReadMakesEndingFileItLast) {

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include <quorvan/filer/pattern_filer.h>
+
 #include <tests/support/fault_backend/dom_faults.h>
 
 namespace quorvan::test {
@@ -112,6 +114,58 @@ TEST_F(MissingService, AScopeThatIsOpenForWritingMakesClosingRaise) {
   ASSERT_EQ(filer.newFiler(kOtherPath), 1);
   EXPECT_EQ(filer.closeFiler(), 1);
   EXPECT_EQ(savedText(kOtherPath), documentText("<A version=\"1\" index=\"1\"/>"));
+}
+
+TEST_F(MissingService, ThePathIsThatOfTheOpeningThatFailed) {
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(L""), 1);
+  ASSERT_EQ(filer.beginClass(L"A", 1), 1);
+  EXPECT_EQ(openFailing(filer, kPath, kCreating, DomFault::kFail), 0);
+  // With an empty path there would be nothing to close.
+  EXPECT_EQ(raised([&] { filer.closeFiler(); }), E_POINTER);
+}
+
+// Path and document are what they were when the error came; without a root that is no file.
+TEST_F(MissingService, AfterAnErrorInFrontOfTheRootNothingCanBeSaved) {
+  for (int call = kLoading; call <= kLoading + 4; ++call) {
+    CKtFiler filer;
+    ASSERT_EQ(openFailing(filer, kPath, call, DomFault::kFail), 0);
+    EXPECT_LT(raised([&] { filer.closeFiler(); }), 0) << call;
+    EXPECT_FALSE(fileExists(kPath)) << call;
+  }
+}
+
+TEST_F(MissingService, AFileThatCouldNotBeCountedIsSavedAsItWas) {
+  const std::string text = documentText("<A/><A/>");
+  writeText(kPath, text);
+  int saved = 0;
+  for (int call = kLoading + 1;; ++call) {
+    CKtFiler filer;
+    {
+      const DomFaults faults(call, DomFault::kFail, false);
+      if (filer.newFiler(kPath) == 1) {
+        break;
+      }
+    }
+    // Uncounted: what there is to read is not known, and writing counts.
+    EXPECT_EQ(filer.beginClass(L"A"), 0) << call;
+    EXPECT_EQ(filer.closeFiler(), 1) << call;
+    ++saved;
+  }
+  EXPECT_GT(saved, 2);
+  EXPECT_EQ(savedText(kPath), text);
+}
+
+TEST_F(MissingService, SearchingMakesTheNextOpeningCount) {
+  writeText(kPath, documentText("<A/>"));
+  writeText(kOtherPath, documentText("<B/>"));
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(openFailing(filer, kOtherPath, kCreating, DomFault::kFail), 0);
+  CKtPatternFiler pattern;
+  EXPECT_EQ(raised([&] { filer.seek(&pattern); }), E_POINTER);
+  ASSERT_EQ(filer.newFiler(kOtherPath), 1);
+  EXPECT_EQ(filer.beginClass(L"B"), 1);
 }
 
 TEST_F(MissingService, AnErrorWhileOpeningIsReportedAndDoesNotLeave) {

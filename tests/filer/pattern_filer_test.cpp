@@ -115,6 +115,14 @@ TEST_F(PatternFiler, AClassWithoutItemsEmptiesTheHandle) {
   EXPECT_EQ(next(), 0);
 }
 
+TEST_F(PatternFiler, AClassWithoutItemsEmptiesTheCursor) {
+  m_pattern.newFiler(kPatternPath);
+  m_pattern.beginClass(L"A", 1);
+  m_pattern.beginVector(L"V", 1);
+  EXPECT_EQ(first(), 0);
+  EXPECT_EQ(m_pattern.endVector(), 0) << "the cursor is the current vector";
+}
+
 TEST_F(PatternFiler, WithNoClassCurrentTheHandleIsEmptied) {
   load("<A><N/></A>");
   m_pattern.getClassName(m_name);

@@ -99,6 +99,23 @@ TEST_F(RootElement, ADocumentWithoutRootIsNotOpenedAndShowsNoMessage) {
   EXPECT_EQ(savedText(kPath), "<xml><A/></xml>\r\n");
 }
 
+TEST_F(RootElement, ARootNamedXmlBehindTheDeclarationIsTheRoot) {
+  const std::string text = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<xml><A/></xml>\r\n";
+  writeText(kPath, text);
+  CKtFiler filer;
+  EXPECT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(filer.beginClass(L"A"), 1);
+}
+
+TEST_F(RootElement, ADocumentWithoutRootLeavesTheNextOneToBeCounted) {
+  writeText(kPath, "<xml/>\r\n");
+  writeText(kOtherPath, documentText("<A/>"));
+  CKtFiler filer;
+  EXPECT_EQ(filer.newFiler(kPath), 0);
+  EXPECT_EQ(filer.newFiler(kOtherPath), 1);
+  EXPECT_EQ(filer.beginClass(L"A"), 1);
+}
+
 TEST_F(RootElement, ANodeBehindARootNamedXmlIsTakenForTheRoot) {
   writeText(kPath, "<xml><A/></xml>\r\n<!--end-->\r\n");
   CKtFiler filer;

@@ -108,6 +108,38 @@ TEST_F(Seek, ForAClassThatIsCountedButNotThereTurnsToReadingToo) {
   EXPECT_EQ(m_filer.endVector(), 1) << "filed although nothing is being written";
 }
 
+TEST_F(Seek, InADocumentWithoutRootTurnsToReadingToo) {
+  load("<A index=\"1\"/>");
+  m_filer.beginClass(L"A");
+  m_filer.beginVector(L"V", 1);
+  writeText(kOtherPath, "<xml/>");
+  EXPECT_EQ(m_filer.newFiler(kOtherPath), 0);
+  EXPECT_EQ(seekFor("<A/>"), -1);
+  EXPECT_EQ(m_filer.endVector(), 1) << "filed although nothing is being written";
+}
+
+TEST_F(Seek, WithoutADocumentLeavesNoElementCurrent) {
+  load("<A><N long=\"1\"/></A>");
+  m_filer.beginClass(L"A");
+  m_filer.closeFiler();
+  ASSERT_EQ(itemNumber(m_filer), 1);
+  EXPECT_EQ(raisedSeeking("<A/>"), E_POINTER);
+  EXPECT_EQ(m_filer.getLastUsedIndex(), -1);
+}
+
+// A vector that is read stays as it is, and with no class current none is opened for writing.
+TEST_F(Seek, LeavesNoClassThatTakesAVector) {
+  load("<A><V size=\"1\"/></A>");
+  m_filer.beginClass(L"A");
+  long size = 0;
+  ASSERT_EQ(m_filer.beginVector(L"V", &size), 1);
+  EXPECT_EQ(seekFor("<C/>"), -1);
+  EXPECT_EQ(m_filer.beginVector(L"W", 1), 0);
+  EXPECT_EQ(m_filer.endVector(), 1) << "filed although nothing is being written";
+  m_filer.closeFiler();
+  EXPECT_EQ(savedText(kPath), documentText("<A><V size=\"1\"/></A>"));
+}
+
 TEST_F(Seek, ThePatternsCursorStopsAtTheItemThatDiffers) {
   load("<A index=\"1\"><N long=\"1\"/><M long=\"1\"/></A>");
   EXPECT_EQ(seekFor("<A><N long=\"2\"/><M long=\"1\"/><K/></A>"), -1);

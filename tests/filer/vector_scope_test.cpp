@@ -238,6 +238,24 @@ TEST_F(VectorScope, WritingOneIntoAnElementThatIsReadFilesIt) {
                                            "</V></A>"));
 }
 
+TEST_F(VectorScope, OneThatIsReadStaysInItsPlaceWhenAnotherIsWritten) {
+  load("<V size=\"1\"/><M long=\"2\"/>");
+  ASSERT_EQ(m_filer.beginVector(L"V", &m_count), 1);
+  EXPECT_EQ(m_filer.beginVector(L"W", 3), 1);
+  EXPECT_EQ(m_filer.endVector(), 1);
+  m_filer.beginVector(L"V", &m_count);
+  m_filer.closeFiler();
+  EXPECT_EQ(savedText(kPath), documentText("<A><V size=\"1\"/><M long=\"2\"/><W size=\"3\"/></A>"));
+}
+
+TEST_F(VectorScope, ARefusedNameTurnsToWriting) {
+  load("<N long=\"1\"/>");
+  EXPECT_EQ(raised([&] { m_filer.beginVector(L"no name", 1); }), E_FAIL);
+  // The element that was only read is filed, and so no more current.
+  EXPECT_EQ(m_filer.endClass(), 1);
+  EXPECT_EQ(m_filer.getLastUsedIndex(), -1);
+}
+
 // A vector open for reading is filed again, and so moved, when writing began meanwhile.
 TEST_F(VectorScope, OneThatIsReadMovesIntoTheClassWrittenNext) {
   load("<V size=\"1\"><N long=\"1\"/></V><M long=\"2\"/>");
