@@ -274,10 +274,10 @@ TEST_F(SeriesGeometry, ABarAtNoPlaceStaysWhereItIsAndNonePassesIt) {
 // Bars so far apart that the direction is infinite: the first one is at 0 all the same, between the
 // one before it and the one behind. The second points show the order.
 TEST_F(SeriesGeometry, TheFirstBarIsAtZeroHoweverFarTheOthersAre) {
-  const double far = std::numeric_limits<double>::max();
-  const CKtZantoRepartition repartition =
-      repartitionOf({barFrame({-far / 2, 0, 0}, {1, 0, 0}), barFrame({far, 0, 0}, {2, 0, 0}),
-                     barFrame({-far, 0, 0}, {far, 0, 0})});
+  const double farthest = std::numeric_limits<double>::max();
+  const CKtZantoRepartition repartition = repartitionOf(
+      {barFrame({-farthest / 2, 0, 0}, {1, 0, 0}), barFrame({farthest, 0, 0}, {2, 0, 0}),
+       barFrame({-farthest, 0, 0}, {farthest, 0, 0})});
   const Numbers bottom = bottomOf(repartition);
   ASSERT_EQ(bottom.size(), 3U);
   EXPECT_EQ(bottom[1], -1.0);
