@@ -148,6 +148,45 @@ TEST_F(SharedDocument, AssignmentSharesAsCopyingDoesAndDropsWhatWasOpen) {
   EXPECT_EQ(savedText(kPath), documentText("<A version=\"1\" index=\"1\"/>"));
 }
 
+TEST_F(SharedDocument, AssignmentTakesOverDirectionCountsAndTheElementRead) {
+  writeText(kPath, documentText("<A><N long=\"1\"/></A><A><N long=\"2\"/></A>"));
+  CKtFiler filer;
+  filer.newFiler(kPath);
+  filer.beginClass(L"A");
+  CKtFiler assigned;
+  assigned = filer;
+  EXPECT_EQ(assigned.getLastUsedIndex(), 2);
+  EXPECT_EQ(assigned.endClass(), 0);
+  EXPECT_EQ(assigned.beginClass(L"A"), 1);
+  EXPECT_EQ(itemNumber(assigned), 2);
+  EXPECT_EQ(itemNumber(filer), 1);
+}
+
+TEST_F(SharedDocument, AssignmentTakesOverThatTheElementsAreCounted) {
+  writeText(kPath, documentText("<A/><A/>"));
+  CKtFiler filer;
+  filer.newFiler(kPath);
+  CKtFiler assigned;
+  assigned = filer;
+  filer.beginClass(L"A", 1);
+  filer.endClass();
+  assigned.beginClass(L"A", 1);
+  EXPECT_EQ(assigned.endClass(), 3) << "counted again";
+}
+
+TEST_F(SharedDocument, AssignmentTakesOverTheOpenVector) {
+  CKtFiler filer;
+  filer.newFiler(kPath);
+  filer.beginClass(L"A", 1);
+  filer.beginVector(L"V", 1);
+  filer.writeItem(L"N", 4);
+  CKtFiler assigned;
+  assigned = filer;
+  EXPECT_EQ(itemNumber(assigned), 4);
+  EXPECT_EQ(assigned.endVector(), 1);
+  EXPECT_EQ(assigned.endClass(), 1);
+}
+
 TEST_F(SharedDocument, AssigningAFilerToItselfChangesNothing) {
   CKtFiler filer;
   filer.newFiler(kPath);
