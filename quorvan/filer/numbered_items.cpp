@@ -15,10 +15,11 @@ std::uint32_t numberBehind(std::string_view stem, std::string_view name) {
     return 0;
   }
   const std::string_view digits = name.substr(stem.size());
+  const char* const stop = digits.data() + digits.size();
   std::int32_t number = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  const auto [end, error] = std::from_chars(digits.data(), stop, number);
   const bool canonical = digits.front() != '0' && digits.substr(0, 2) != "-0";
-  if (error != std::errc() || end != digits.data() + digits.size() || !canonical) {
+  if (error != std::errc() || end != stop || !canonical) {
     return 0;
   }
   return static_cast<std::uint32_t>(number);

@@ -57,7 +57,7 @@ TEST_F(NumberedItems, OfANumberTheFirstIsFound) {
 TEST_F(NumberedItems, ANumberCountsOnlyAsItIsPrinted) {
   load(
       "<Point01 long=\"1\"/><Point long=\"2\"/><Point1x long=\"3\"/><Point1.0 long=\"4\"/>"
-      "<point1 long=\"5\"/><Points1 long=\"6\"/><Point-0 long=\"7\"/>"
+      "<point1 long=\"5\"/><Points1 long=\"6\"/><Point-0 long=\"7\"/><Point-05 long=\"7\"/>"
       "<Point99999999999 long=\"8\"/>");
   EXPECT_EQ(found(0, 0xFFFFFFFFU), "");
 }
