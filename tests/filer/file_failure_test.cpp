@@ -81,5 +81,23 @@ TEST_F(FileFailure, AnEmptyPathOpensADocumentThatCannotBeClosed) {
   EXPECT_EQ(filer.endClass(), 2);
 }
 
+// How a reader leaves a file as it is, also one that the library would write in another form, or
+// that it could not read and would replace.
+TEST_F(FileFailure, OpeningAnEmptyPathLetsGoOfTheFileWithoutSavingIt) {
+  for (const char* text :
+       {"<Document>\n  <A version='1'/>\n</Document>", "<Document><A></Document>"}) {
+    writeText(kPath, text);
+    {
+      CKtFiler filer;
+      ASSERT_EQ(filer.newFiler(kPath), 1) << text;
+      filer.beginClass(L"A");
+      filer.newFiler(L"");
+    }
+    EXPECT_EQ(savedText(kPath), text);
+    CKtFiler{}.newFiler(kPath);
+    EXPECT_NE(savedText(kPath), text) << "the destructor alone saves it";
+  }
+}
+
 }  // namespace
 }  // namespace quorvan::test
