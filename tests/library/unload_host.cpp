@@ -1,5 +1,5 @@
-// A host that lets go of the library in the middle of a filing: unload_host LIBRARY. What was
-// exported is saved all the same, also after an end that an error cut short.
+// A host that loads the library and lets go of it, also in the middle of a filing: unload_host
+// LIBRARY. What was exported is saved all the same, also after an end that an error cut short.
 
 #include <dlfcn.h>
 
@@ -92,6 +92,21 @@ void expectSavedByUnloading(const char* path, bool ended) {
   std::remove("unloaded.xml");
 }
 
+// Nothing is stopped in a library just loaded: a frame that is pushed first of all is kept.
+void expectLoadedWritingOn(const char* path) {
+  std::remove("unloaded.xml");
+  {
+    const Library library(path);
+    library.function<decltype(pushRepartitionFrameRect)>("pushRepartitionFrameRect")(
+        1, 2, 3, 0, 0, 0, L"CKtZantoStraightBar", 0, 0, L"S", L"A", 1, 8, false, 0, 1, 0);
+    startAndExportLine(library);
+    library.function<decltype(endFiling)>("endFiling")(L"2025", 1, L"B12", 42);
+  }
+  expect(content("unloaded.xml").find("<CKtZantoRepartition ") != std::string::npos,
+         "a frame pushed first of all is kept");
+  std::remove("unloaded.xml");
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -99,6 +114,7 @@ int main(int count, char** arguments) {
     expect(count == 2, "usage: unload_host LIBRARY");
     expectSavedByUnloading(arguments[1], false);
     expectSavedByUnloading(arguments[1], true);
+    expectLoadedWritingOn(arguments[1]);
   } catch (const std::exception& error) {
     std::cerr << "not so: " << error.what() << '\n';
     return 1;
