@@ -62,6 +62,26 @@ TEST_F(UnwritableFile, TheCountsOfReadingSurviveAFailedSave) {
   EXPECT_EQ(itemNumber(blocked), 2);
 }
 
+TEST_F(UnwritableFile, WritingGoesOnAfterAFailedSave) {
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kUnwritablePath), 1);
+  filer.beginClass(L"A", 1);
+  filer.beginVector(L"V", 1);
+  EXPECT_LT(raised([&] { filer.closeFiler(); }), 0);
+  // The vector would be filed, had its class not been filed by closing.
+  EXPECT_EQ(raised([&] { filer.endVector(); }), E_POINTER);
+}
+
+TEST_F(UnwritableFile, TheElementsStayCountedAfterAFailedSave) {
+  writeText(kPath, documentText("<B/>"));
+  CKtFiler filer;
+  ASSERT_EQ(filer.newFiler(kUnwritablePath), 1);
+  filer.beginClass(L"A", 1);
+  EXPECT_LT(raised([&] { filer.closeFiler(); }), 0);
+  ASSERT_EQ(filer.newFiler(kPath), 1);
+  EXPECT_EQ(filer.beginClass(L"B"), 0) << "counted again";
+}
+
 TEST_F(UnwritableFile, DestroyingAFilerThatCannotSaveRaisesNothing) {
   auto filer = std::make_unique<CKtFiler>();
   ASSERT_EQ(filer->newFiler(kUnwritablePath), 1);

@@ -106,6 +106,23 @@ TEST_F(ListItems, AListInsideAnOpenVectorIsNotRead) {
   EXPECT_EQ(allX(m_points), Xs{70});
 }
 
+TEST_F(ListItems, AVectorListPassesAnOpenVectorOverToo) {
+  m_filer.beginVector(L"V", 1);
+  m_filer.writeItem(L"L", Vectors{{1, 0, 0}}, 0);
+  EXPECT_EQ(m_filer.readItem(L"L", &m_vectors, &m_count), 1);
+  m_filer.endVector();
+  expectItems(
+      "<L size=\"0\"><vectorPoints X=\"1.0000000\" Y=\"0.0000000\" Z=\"0.0000000\"/></L>"
+      "<V size=\"1\"/>");
+}
+
+TEST_F(ListItems, AVectorListInsideAnOpenVectorIsNotRead) {
+  load("<V size=\"1\"><L size=\"1\">" + entry(1) + "</L></V>");
+  m_filer.beginVector(L"V", &m_count);
+  EXPECT_EQ(m_filer.readItem(L"L", &m_vectors, &m_count), 0);
+  EXPECT_EQ(allX(m_vectors), Xs{70});
+}
+
 TEST_F(ListItems, WritingOneWithNoClassOpenRaises) {
   m_filer.endClass();
   EXPECT_EQ(raised([&] { m_filer.writeItem(L"L", Points{{1, 0, 0}}, 1); }), E_POINTER);
