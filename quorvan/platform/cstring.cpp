@@ -131,8 +131,6 @@ void CString::assign(std::wstring_view text) {
 
 void CString::append(std::wstring_view text) {
   const auto kept = static_cast<std::size_t>(m_length);
-  if (text.size() > kMaxLength - kept)
-    throw std::length_error("CString: text too long");
   const std::size_t total = kept + text.size();
   if (isWritable() && total <= capacity()) {
     Units::move(m_data + kept, text.data(), text.size());

@@ -137,7 +137,7 @@ TEST_F(OutOfMemory, LoadingLeavesADocumentThatCanBeUsed) {
 
 // Only names of one hash are kept where taking one in, or making more room, may fail half-way.
 TEST_F(OutOfMemory, ANameThatIsNotTakenInLeavesTheOthers) {
-  constexpr std::uint32_t kHash = 12345;
+  constexpr std::uint32_t kHash = 0xFFFF'FFFFU;  // the last slot, however many there are
   embedded::NameTable names;
   const auto nameOf = [](int i) { return "n" + std::to_string(i); };
   int failures = 0;

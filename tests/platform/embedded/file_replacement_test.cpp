@@ -167,7 +167,7 @@ TEST_F(SavedOver, WhatIsLeftBehindMayGoWhileItIsLookedAt) {
   writeFile(kBeside, "half a docum");
   FileFaults faults;
   bool isFirst = true;
-  faults.before("fstat", [&] {
+  faults.before("flock", [&] {
     if (std::exchange(isFirst, false))
       std::filesystem::remove(file(kBeside));
   });
