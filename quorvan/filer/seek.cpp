@@ -25,21 +25,17 @@ int CKtFiler::seek(CKtPatternFiler* pattern) {
   if (advanceToMatch(*pattern, dom::NameText(className)) == 0) {
     return -1;
   }
-  int index = -1;
-  if (GetCurrentNodeDescription(nullptr, nullptr, &index) == 0) {
-    index = -1;
-  }
-  endClass();
-  return index;
+  int index = 0;
+  return GetCurrentNodeDescription(nullptr, nullptr, &index) != 0 ? index : -1;
 }
 
-// The plain search: one class element after the other, in document order.
+// The plain search: one class element after the other, in document order. A scope that is read
+// needs no closing.
 int CKtFiler::advanceByWalk(CKtPatternFiler& pattern, const dom::Name& className) {
   while (openClass(className) != 0) {
     if (matchesPattern(pattern) != 0) {
       return 1;
     }
-    endClass();
   }
   return 0;
 }
@@ -76,7 +72,6 @@ int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& classNam
     if (matchesPattern(pattern) != 0) {
       return 1;
     }
-    endClass();
   }
   // No element is left: the walk's last attempt, which finds the count used up or no sibling.
   m_writing = 0;

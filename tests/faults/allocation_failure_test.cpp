@@ -14,7 +14,9 @@
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
 #include <quorvan/elements/formwork.h>
+#include <quorvan/elements/line.h>
 #include <quorvan/export/export.h>
+#include <quorvan/filer/pattern_filer.h>
 #include <quorvan/platform/com_error.h>
 
 namespace quorvan::test {
@@ -169,6 +171,35 @@ TEST(NoMemory, AHiddenBarIsExportedLater) {
       EXPECT_FALSE(std::filesystem::exists("TempFiler.xml"));
     }
     EXPECT_GT(memory.failures(), 10);
+  }
+}
+
+// What a search has taken in of the document when memory runs out is not relied on by the next.
+TEST(NoMemory, ASearchFindsNextTimeWhatItWouldHaveFound) {
+  constexpr int kLines = 40;
+  const auto writeLine = [](CKtFiler& filer, int number) {
+    CKtZantoLine line;
+    line.SetColor(static_cast<unsigned long>(number));
+    line.fileOut(&filer);
+  };
+  for (const bool lasts : {false, true}) {
+    OutOfMemoryAnywhere memory(lasts);
+    while (!memory.isOver()) {
+      SCOPED_TRACE(memory.allocation());
+      const Stage stage;
+      std::filesystem::remove("searched.xml");
+      std::filesystem::remove("searching.xml");
+      CKtFiler filer;
+      filer.newFiler(L"searched.xml");
+      for (int number = 1; number <= kLines; ++number)
+        writeLine(filer, number);
+      CKtPatternFiler pattern;
+      pattern.newFiler(L"searching.xml");
+      writeLine(pattern, kLines / 2);
+      memory.run([&] { return filer.seek(&pattern) == kLines / 2; });
+      EXPECT_EQ(filer.seek(&pattern), kLines / 2);
+    }
+    EXPECT_GT(memory.failures(), 5);
   }
 }
 
