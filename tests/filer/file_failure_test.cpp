@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <memory>
 
+#include <tests/support/saved_file.h>
+
 namespace quorvan::test {
 namespace {
 
@@ -113,9 +115,9 @@ TEST_F(FileFailure, OpeningAnEmptyPathLetsGoOfTheFileWithoutSavingIt) {
       filer.beginClass(L"A");
       filer.newFiler(L"");
     }
-    EXPECT_EQ(savedText(kPath), text);
+    EXPECT_EQ(fileBytes(kPath), text);
     CKtFiler{}.newFiler(kPath);
-    EXPECT_NE(savedText(kPath), text) << "the destructor alone saves it";
+    EXPECT_NE(fileBytes(kPath), text) << "the destructor alone saves it";
   }
 }
 
