@@ -1,4 +1,4 @@
-#include "drawing.h"
+#include <bench/drawing.h>
 
 #include <bit>
 #include <cmath>

@@ -1,14 +1,14 @@
-#include "hidden_bars.h"
+#include <bench/hidden_bars.h>
 
 #include <quorvan/export/export.h>
-#include <quorvan/platform/numbers.h>
 #include <quorvan/quorvan.h>
+#include <quorvan/text/numbers.h>
 
 #include <filesystem>
 #include <stdexcept>
 #include <unordered_set>
 
-#include "measure.h"
+#include <bench/measure.h>
 
 namespace bench {
 

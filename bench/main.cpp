@@ -4,10 +4,10 @@
 #include <stdexcept>
 #include <CLI/CLI.hpp>
 
-#include "hidden_bars.h"
-#include "measure.h"
-#include "peers.h"
-#include "report.h"
+#include <bench/hidden_bars.h>
+#include <bench/measure.h>
+#include <bench/peers.h>
+#include <bench/report.h>
 
 namespace {
 

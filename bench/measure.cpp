@@ -1,4 +1,4 @@
-#include "measure.h"
+#include <bench/measure.h>
 
 #ifdef __GLIBC__
 #include <malloc.h>

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string_view>
 
-#include "peers.h"
-#include "tree_peer.h"
+#include <bench/peers.h>
+#include <bench/tree_peer.h>
 
 namespace bench {
 

@@ -1,5 +1,5 @@
 // What is possible without a tree, for this form of file and nothing else.
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 #include <cstdio>
 #include <cstring>
@@ -7,8 +7,8 @@
 #include <memory>
 #include <stdexcept>
 
-#include "number_text.h"
-#include "peers.h"
+#include <bench/number_text.h>
+#include <bench/peers.h>
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 #include <pugixml.hpp>
 
-#include "peers.h"
-#include "tree_peer.h"
+#include <bench/peers.h>
+#include <bench/tree_peer.h>
 
 namespace bench {
 

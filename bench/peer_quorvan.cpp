@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "peers.h"
+#include <bench/peers.h>
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 #include <tinyxml2.h>
 
-#include "peers.h"
-#include "tree_peer.h"
+#include <bench/peers.h>
+#include <bench/tree_peer.h>
 
 namespace bench {
 

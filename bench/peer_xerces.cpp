@@ -7,8 +7,8 @@
 #include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLString.hpp>
 
-#include "peers.h"
-#include "tree_peer.h"
+#include <bench/peers.h>
+#include <bench/tree_peer.h>
 
 namespace bench {
 

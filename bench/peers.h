@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "drawing.h"
+#include <bench/drawing.h>
 
 namespace bench {
 

@@ -14,8 +14,8 @@
 #include <map>
 #include <string>
 
-#include "drawing.h"
-#include "number_text.h"
+#include <bench/drawing.h>
+#include <bench/number_text.h>
 
 namespace bench {
 

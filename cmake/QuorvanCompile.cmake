@@ -2,7 +2,8 @@
 
 add_library(quorvan_compile INTERFACE)
 target_compile_features(quorvan_compile INTERFACE cxx_std_20)
-target_include_directories(quorvan_compile INTERFACE "${PROJECT_SOURCE_DIR}")
+target_include_directories(quorvan_compile INTERFACE "${PROJECT_SOURCE_DIR}"
+                                                     "${QUORVAN_GENERATED_DIR}")
 
 if(MSVC)
   target_compile_options(quorvan_compile INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /EHsc)

@@ -14,12 +14,12 @@ set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize ta
 
 # Where the XML document service comes from: the platform's own through COM, or the embedded one.
 if(WIN32)
-  set(_default_backend msxml)
+  set(_default_backend service)
 else()
   set(_default_backend embedded)
 endif()
-set(QUORVAN_DOM_BACKEND ${_default_backend} CACHE STRING "XML document service: embedded or msxml")
-set_property(CACHE QUORVAN_DOM_BACKEND PROPERTY STRINGS embedded msxml)
+set(QUORVAN_DOM_BACKEND ${_default_backend} CACHE STRING "XML document service: embedded or service")
+set_property(CACHE QUORVAN_DOM_BACKEND PROPERTY STRINGS embedded service)
 if(NOT QUORVAN_DOM_BACKEND STREQUAL _default_backend)
   message(FATAL_ERROR "QUORVAN_DOM_BACKEND=${QUORVAN_DOM_BACKEND} is not available on "
                       "${CMAKE_SYSTEM_NAME}; it takes ${_default_backend} there.")
@@ -32,3 +32,6 @@ endif()
 
 # What the library exports; read by its build, its installation and its tests.
 set(QUORVAN_EXPORTS_FILE "${PROJECT_SOURCE_DIR}/quorvan/exports.txt")
+
+# Headers that the build makes, under the same names as those beside the sources.
+set(QUORVAN_GENERATED_DIR "${PROJECT_BINARY_DIR}/include")

@@ -21,8 +21,9 @@ class Input {
 
   std::uint64_t bits(int bytes) {
     std::uint64_t value = 0;
-    for (int i = 0; i < bytes; ++i)
+    for (int i = 0; i < bytes; ++i) {
       value = (value << 8U) | byte();
+    }
     return value;
   }
 
@@ -36,8 +37,9 @@ class Input {
   /// Up to fifteen characters of the first plane.
   std::wstring text() {
     std::wstring characters;
-    for (int count = below(16); count > 0; --count)
+    for (int count = below(16); count > 0; --count) {
       characters += static_cast<wchar_t>(below(4) != 0 ? byte() : bits(2));
+    }
     return characters;
   }
 

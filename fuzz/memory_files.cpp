@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include <quorvan/platform/embedded/file_calls.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
 
 namespace quorvan::fuzz {
 
@@ -52,8 +52,9 @@ Opened* openedAt(int number) {
 int openFile(const char* path, int flags, mode_t /*mode*/) {
   auto found = disk.files.find(path);
   if (found == disk.files.end()) {
-    if ((flags & O_CREAT) == 0)
+    if ((flags & O_CREAT) == 0) {
       return failed(ENOENT);
+    }
     const auto file = std::make_shared<File>(File{{}, ++disk.lastNumber});
     found = disk.files.emplace(path, file).first;
   } else if ((flags & O_EXCL) != 0) {
@@ -65,8 +66,9 @@ int openFile(const char* path, int flags, mode_t /*mode*/) {
 
 ssize_t readFile(int number, void* buffer, std::size_t size) {
   Opened* const opened = openedAt(number);
-  if (opened == nullptr)
+  if (opened == nullptr) {
     return failed(EBADF);
+  }
   const std::string& bytes = opened->file->bytes;
   const std::size_t count = std::min(size, bytes.size() - opened->at);
   std::memcpy(buffer, bytes.data() + opened->at, count);
@@ -76,16 +78,18 @@ ssize_t readFile(int number, void* buffer, std::size_t size) {
 
 ssize_t writeFile(int number, const void* bytes, std::size_t size) {
   Opened* const opened = openedAt(number);
-  if (opened == nullptr)
+  if (opened == nullptr) {
     return failed(EBADF);
+  }
   opened->file->bytes.append(static_cast<const char*>(bytes), size);
   return static_cast<ssize_t>(size);
 }
 
 off_t seekInFile(int number, off_t offset, int /*whence*/) {
   Opened* const opened = openedAt(number);
-  if (opened == nullptr)
+  if (opened == nullptr) {
     return failed(EBADF);
+  }
   opened->at = static_cast<std::size_t>(offset);
   return offset;
 }
@@ -99,12 +103,14 @@ int closeFile(int number) {
 
 int renameFile(const char* from, const char* to) {
   const auto found = disk.files.find(from);
-  if (found == disk.files.end())
+  if (found == disk.files.end()) {
     return failed(ENOENT);
+  }
   const std::shared_ptr<File> file = found->second;
   disk.files.erase(found);
-  if (disk.lost != to)
+  if (disk.lost != to) {
     disk.files[to] = file;
+  }
   return 0;
 }
 
@@ -121,16 +127,18 @@ void describe(const File& file, struct stat* status) {
 
 int statusOfOpened(int number, struct stat* status) {
   const Opened* const opened = openedAt(number);
-  if (opened == nullptr)
+  if (opened == nullptr) {
     return failed(EBADF);
+  }
   describe(*opened->file, status);
   return 0;
 }
 
 int statusOfPath(const char* path, struct stat* status) {
   const auto found = disk.files.find(path);
-  if (found == disk.files.end())
+  if (found == disk.files.end()) {
     return failed(ENOENT);
+  }
   describe(*found->second, status);
   return 0;
 }
@@ -162,10 +170,12 @@ MemoryFiles::MemoryFiles() {
 
 MemoryFiles::~MemoryFiles() {
   embedded::setFileCalls(embedded::systemFileCalls());
-  for (const Opened& opened : disk.opened)
+  for (const Opened& opened : disk.opened) {
     require(opened.file == nullptr, "a file was left open");
-  for (const auto& file : disk.files)
+  }
+  for (const auto& file : disk.files) {
     require(file.first.find("quorvan-new") == std::string::npos, "a file was left behind");
+  }
   disk = Disk();
 }
 
@@ -184,8 +194,9 @@ void MemoryFiles::losesWhatIsSavedAs(const std::string& path) {
 }
 
 void require(bool condition, const char* what) {
-  if (condition)
+  if (condition) {
     return;
+  }
   std::fprintf(stderr, "not so: %s\n", what);
   std::abort();
 }

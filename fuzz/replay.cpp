@@ -22,8 +22,9 @@ void replay(const std::filesystem::path& path) {
   constexpr std::size_t kCuts = 16;
   std::ifstream file(path, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-  for (std::size_t cut = 0; cut <= kCuts; ++cut)
+  for (std::size_t cut = 0; cut <= kCuts; ++cut) {
     run(bytes, bytes.size() * cut / kCuts);
+  }
 }
 
 }  // namespace

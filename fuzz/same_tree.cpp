@@ -18,8 +18,9 @@ bool hasSameValues(const Tree& a, Ref refA, const Tree& b, Ref refB) {
   embedded::ValueWalk walkB = b.nodes().values(refB);
   while (walkA.next()) {
     if (!walkB.next() || nameIn(a, walkA.name()) != nameIn(b, walkB.name()) ||
-        walkA.value().text != walkB.value().text || walkA.value().plain != walkB.value().plain)
+        walkA.value().text != walkB.value().text || walkA.value().plain != walkB.value().plain) {
       return false;
+    }
   }
   return !walkB.next();
 }
@@ -40,8 +41,9 @@ bool isSameTree(const Tree& a, const Tree& b) {
   Ref atA = a.document();
   Ref atB = b.document();
   for (;;) {
-    if (!isSameNode(a, atA, b, atB))
+    if (!isSameNode(a, atA, b, atB)) {
       return false;
+    }
     if (a.node(atA).firstChild != 0) {
       atA = a.node(atA).firstChild;
       atB = b.node(atB).firstChild;
@@ -51,8 +53,9 @@ bool isSameTree(const Tree& a, const Tree& b) {
       atA = a.parent(atA);
       atB = b.parent(atB);
     }
-    if (atA == a.document())
+    if (atA == a.document()) {
       return atB == b.document();
+    }
     atA = a.node(atA).next;
     atB = b.node(atB).next;
   }

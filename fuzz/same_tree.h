@@ -1,7 +1,7 @@
 // Whether two trees are the same, white-space marks and all.
 #pragma once
 
-#include <quorvan/platform/embedded/tree.h>
+#include <quorvan/xml/embedded/tree/tree.h>
 
 namespace quorvan::fuzz {
 

@@ -27,6 +27,6 @@
 #include <quorvan/geometry/transform.h>
 #include <quorvan/geometry/vector.h>
 #include <quorvan/platform/com_error.h>
-#include <quorvan/platform/cstring.h>
-#include <quorvan/platform/dom_handles.h>
 #include <quorvan/platform/message_box.h>
+#include <quorvan/text/cstring.h>
+#include <quorvan/xml/handles.h>

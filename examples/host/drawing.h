@@ -2,7 +2,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 #include <filesystem>
 #include <functional>

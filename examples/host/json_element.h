@@ -3,7 +3,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 #include <set>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // What a transfer file holds, gathered through the element classes.
 #pragma once
 
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 #include <cstddef>
 #include <filesystem>

@@ -9,7 +9,7 @@
 #include <tests/filer/model/performance.h>
 #include <tests/filer/model/random_document.h>
 #include <tests/filer/model/script.h>
-#include <quorvan/platform/embedded/file_calls.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
 
 namespace model = quorvan::test::model;
 using quorvan::fuzz::Input;
@@ -30,10 +30,12 @@ bool takesPattern(model::Action action) {
 // A file to open may be one that cannot be written; one that is put there is not.
 std::string nameFrom(Input& input, model::Action action) {
   const char* const kNames[] = {"A", "B", "point", "size", "N", "a b", ""};
-  if (action == model::Action::kOpen)
+  if (action == model::Action::kOpen) {
     return input.pick(model::kScriptFiles);
-  if (action == model::Action::kPutFile)
+  }
+  if (action == model::Action::kPutFile) {
     return model::kScriptFiles[input.below(3)];
+  }
   return input.pick(kNames);
 }
 
@@ -69,11 +71,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   quorvan::embedded::setFileCalls(calls);
   Input input(data, size);
   model::Script script;
-  while (!input.isOver() && script.size() < kMostCalls)
+  while (!input.isOver() && script.size() < kMostCalls) {
     script.push_back(callFrom(input));
+  }
   const std::string difference = model::difference(script);
-  if (!difference.empty())
+  if (!difference.empty()) {
     std::fprintf(stderr, "%s\n%s\n", difference.c_str(), model::shrunk(script).c_str());
+  }
   quorvan::fuzz::require(difference.empty(), "the library does what the model does");
   return 0;
 }

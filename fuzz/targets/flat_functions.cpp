@@ -8,7 +8,8 @@
 #include <fuzz/memory_files.h>
 #include <fuzz/target.h>
 #include <quorvan/export/export.h>
-#include <quorvan/export/filing_state.h>
+#include <quorvan/export/filing/filing_state.h>
+#include <quorvan/export/series/held_frames.h>
 #include <quorvan/filer/filer.h>
 #include <quorvan/platform/com_error.h>
 
@@ -26,8 +27,9 @@ struct Arguments {
         flag(input.below(2) == 0),
         count(input.below(kMostPoints + 2) - 1),
         number(input.number()) {
-    for (double& value : at)
+    for (double& value : at) {
       value = input.real();
+    }
   }
 
   [[nodiscard]] bool isHidden() const { return !flag; }
@@ -153,8 +155,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input(data, size);
   Expected expected;
   startFiling(L"drawing.xml");
-  while (!input.isOver())
+  while (!input.isOver()) {
     step(input, expected);
+  }
   if (!comesThrough(end)) {
     stopFiling();
     require(comesThrough(end), "a stopped filing can be ended");
@@ -166,8 +169,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   CKtFiler reader;
   require(reader.newFiler(L"drawing.xml") == 1, "the drawing opens");
   int lines = 0;
-  while (reader.beginClass(L"CKtZantoLine") == 1)
+  while (reader.beginClass(L"CKtZantoLine") == 1) {
     ++lines;
+  }
   require(lines == expected.lines, "every line that was exported is in the file");
   return 0;
 }

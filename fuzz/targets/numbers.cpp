@@ -11,15 +11,16 @@
 #include <fuzz/input.h>
 #include <fuzz/memory_files.h>
 #include <fuzz/target.h>
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 using quorvan::fuzz::require;
 
 namespace {
 
 void checkFormatting(double value) {
-  if (!std::isfinite(value))
+  if (!std::isfinite(value)) {
     return;
+  }
   char ours[quorvan::kFixed7Capacity];
   char theirs[quorvan::kFixed7Capacity + 1];
   const std::string fixed(ours, quorvan::formatFixed7(ours, value));
@@ -42,8 +43,9 @@ bool isSame(double a, double b) {
 std::string numberText(const std::uint8_t* data, std::size_t size) {
   constexpr char kCharacters[] = "0123456789.+-eE 0123456789012345";
   std::string text;
-  for (std::size_t i = 0; i < size; ++i)
+  for (std::size_t i = 0; i < size; ++i) {
     text += kCharacters[data[i] % 32U];
+  }
   return text;
 }
 

@@ -6,9 +6,9 @@
 #include <fuzz/memory_files.h>
 #include <fuzz/same_tree.h>
 #include <fuzz/target.h>
-#include <quorvan/platform/embedded/expat_reader.h>
-#include <quorvan/platform/embedded/file_source.h>
-#include <quorvan/platform/embedded/plain_scanner.h>
+#include <quorvan/xml/embedded/files/file_source.h>
+#include <quorvan/xml/embedded/reading/expat_reader.h>
+#include <quorvan/xml/embedded/reading/plain_scanner.h>
 
 namespace embedded = quorvan::embedded;
 using quorvan::fuzz::require;

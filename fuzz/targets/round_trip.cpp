@@ -3,7 +3,8 @@
 
 #include <fuzz/memory_files.h>
 #include <fuzz/target.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 using quorvan::fuzz::require;
@@ -28,8 +29,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   files.put("file.xml", std::string(data, data + size));
   IXMLDOMDocumentPtr document;
   require(dom::createDocument(document) == S_OK, "a document can be created");
-  if (!dom::load(document, L"file.xml") || !isSaved(document, L"once.xml"))
+  if (!dom::load(document, L"file.xml") || !isSaved(document, L"once.xml")) {
     return 0;
+  }
   require(dom::load(document, L"once.xml"), "what was saved loads");
   require(isSaved(document, L"twice.xml"), "what was saved can be saved again");
   require(files.content("once.xml") == files.content("twice.xml"), "saving again changes nothing");

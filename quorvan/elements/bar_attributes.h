@@ -1,7 +1,7 @@
 // The attributes that every bar and link ends with.
 #pragma once
 
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 namespace quorvan {
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/circle.h>
 
-#include <quorvan/elements/items/circle_items.h>
+#include <quorvan/elements/circle_items.h>
 
 CKtZantoCircle::~CKtZantoCircle() = default;
 

@@ -1,8 +1,8 @@
 // CKtZantoCircle: a circle of the drawing.
 #pragma once
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
 
 class CKtFiler;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/drawing_control.h>
 
-#include <quorvan/elements/items/drawing_control_items.h>
+#include <quorvan/elements/drawing_control_items.h>
 
 CKtDrawingControl::~CKtDrawingControl() = default;
 

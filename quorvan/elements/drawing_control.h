@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include <quorvan/platform/api.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/api.h>
+#include <quorvan/text/cstring.h>
 
 class CKtFiler;
 

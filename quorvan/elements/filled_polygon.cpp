@@ -1,6 +1,6 @@
 #include <quorvan/elements/filled_polygon.h>
 
-#include <quorvan/elements/items/filled_polygon_items.h>
+#include <quorvan/elements/filled_polygon_items.h>
 
 CKtFilledPolygon::~CKtFilledPolygon() = default;
 

@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
 
 class CKtFiler;
 

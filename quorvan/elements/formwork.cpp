@@ -1,6 +1,6 @@
 #include <quorvan/elements/formwork.h>
 
-#include <quorvan/elements/items/formwork_items.h>
+#include <quorvan/elements/formwork_items.h>
 
 CKtZantoFormwork::~CKtZantoFormwork() = default;
 

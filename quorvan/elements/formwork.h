@@ -3,9 +3,9 @@
 
 #include <vector>
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/api.h>
 
 class CKtFiler;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/frame_circ.h>
 
-#include <quorvan/elements/items/frame_circ_items.h>
+#include <quorvan/elements/frame_circ_items.h>
 
 CKtZantoFrameCirc::~CKtZantoFrameCirc() = default;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/frame_rect.h>
 
-#include <quorvan/elements/items/frame_rect_items.h>
+#include <quorvan/elements/frame_rect_items.h>
 
 CKtZantoFrameRect::~CKtZantoFrameRect() = default;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/l_bar.h>
 
-#include <quorvan/elements/items/l_bar_items.h>
+#include <quorvan/elements/l_bar_items.h>
 
 CKtZantoLBar::~CKtZantoLBar() = default;
 

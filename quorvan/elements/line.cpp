@@ -1,6 +1,6 @@
 #include <quorvan/elements/line.h>
 
-#include <quorvan/elements/items/line_items.h>
+#include <quorvan/elements/line_items.h>
 
 CKtZantoLine::~CKtZantoLine() = default;
 

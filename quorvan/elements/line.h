@@ -1,8 +1,8 @@
 // CKtZantoLine: a line segment of the drawing.
 #pragma once
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
 
 class CKtFiler;
 

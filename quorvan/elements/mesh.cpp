@@ -1,7 +1,7 @@
 #include <quorvan/elements/mesh.h>
 
 #include <quorvan/elements/items/list_index.h>
-#include <quorvan/elements/items/mesh_items.h>
+#include <quorvan/elements/mesh_items.h>
 
 CKtZantoMesh::~CKtZantoMesh() = default;
 

@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 class CKtFiler;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/pin.h>
 
-#include <quorvan/elements/items/pin_items.h>
+#include <quorvan/elements/pin_items.h>
 
 CKtZantoPin::~CKtZantoPin() = default;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/point_bar.h>
 
-#include <quorvan/elements/items/point_bar_items.h>
+#include <quorvan/elements/point_bar_items.h>
 
 CKtZantoPointBar::~CKtZantoPointBar() = default;
 

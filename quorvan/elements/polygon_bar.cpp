@@ -1,7 +1,7 @@
 #include <quorvan/elements/polygon_bar.h>
 
 #include <quorvan/elements/items/list_index.h>
-#include <quorvan/elements/items/polygon_bar_items.h>
+#include <quorvan/elements/polygon_bar_items.h>
 
 CKtZantoPolygonBar::~CKtZantoPolygonBar() = default;
 

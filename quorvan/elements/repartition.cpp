@@ -1,6 +1,6 @@
 #include <quorvan/elements/repartition.h>
 
-#include <quorvan/elements/items/repartition_items.h>
+#include <quorvan/elements/repartition_items.h>
 
 CKtZantoRepartition::~CKtZantoRepartition() = default;
 

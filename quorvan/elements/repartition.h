@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/api.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 class CKtFiler;
 

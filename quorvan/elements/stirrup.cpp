@@ -1,6 +1,6 @@
 #include <quorvan/elements/stirrup.h>
 
-#include <quorvan/elements/items/stirrup_items.h>
+#include <quorvan/elements/stirrup_items.h>
 
 CKtZantoStirrup::~CKtZantoStirrup() = default;
 

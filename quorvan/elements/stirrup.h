@@ -3,10 +3,10 @@
 
 #include <utility>
 
+#include <quorvan/api.h>
 #include <quorvan/elements/bar_attributes.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 class CKtFiler;
 

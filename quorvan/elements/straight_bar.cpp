@@ -1,6 +1,6 @@
 #include <quorvan/elements/straight_bar.h>
 
-#include <quorvan/elements/items/straight_bar_items.h>
+#include <quorvan/elements/straight_bar_items.h>
 
 CKtZantoStraightBar::~CKtZantoStraightBar() = default;
 

@@ -1,6 +1,6 @@
 #include <quorvan/elements/text.h>
 
-#include <quorvan/elements/items/text_items.h>
+#include <quorvan/elements/text_items.h>
 
 CKtZantoText::~CKtZantoText() = default;
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <utility>
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 class CKtFiler;
 

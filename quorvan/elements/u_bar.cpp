@@ -1,6 +1,6 @@
 #include <quorvan/elements/u_bar.h>
 
-#include <quorvan/elements/items/u_bar_items.h>
+#include <quorvan/elements/u_bar_items.h>
 
 CKtZantoUBar::~CKtZantoUBar() = default;
 

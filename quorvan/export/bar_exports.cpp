@@ -9,8 +9,8 @@
 #include <quorvan/elements/straight_bar.h>
 #include <quorvan/elements/u_bar.h>
 #include <quorvan/export/export.h>
-#include <quorvan/export/filing_state.h>
-#include <quorvan/export/scratch_search.h>
+#include <quorvan/export/filing/filing_state.h>
+#include <quorvan/export/filing/scratch_search.h>
 
 using quorvan::filingStopped;
 using quorvan::theFiler;

@@ -19,8 +19,8 @@
 #include <stdbool.h>
 #include <stddef.h>
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/module_prompts.h>
-#include <quorvan/platform/api.h>
 
 #ifdef __cplusplus
 extern "C" {

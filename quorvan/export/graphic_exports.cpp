@@ -9,7 +9,7 @@
 #include <quorvan/elements/mesh.h>
 #include <quorvan/elements/text.h>
 #include <quorvan/export/export.h>
-#include <quorvan/export/filing_state.h>
+#include <quorvan/export/filing/filing_state.h>
 
 using quorvan::filingStopped;
 using quorvan::theFiler;

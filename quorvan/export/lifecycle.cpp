@@ -1,9 +1,10 @@
 // Starting, suspending and ending a filing.
 #include <quorvan/elements/drawing_control.h>
 #include <quorvan/export/export.h>
-#include <quorvan/export/filing_state.h>
-#include <quorvan/export/frame_grouping.h>
-#include <quorvan/export/repartition_writer.h>
+#include <quorvan/export/filing/filing_state.h>
+#include <quorvan/export/series/frame_grouping.h>
+#include <quorvan/export/series/held_frames.h>
+#include <quorvan/export/series/repartition_writer.h>
 
 using quorvan::filingStopped;
 using quorvan::groupedFrames;

@@ -1,7 +1,7 @@
 #include <quorvan/filer/class_counts.h>
 
 #include <quorvan/filer/class_count.h>
-#include <quorvan/platform/dom_name.h>
+#include <quorvan/xml/name.h>
 
 namespace quorvan::filer {
 

@@ -1,7 +1,8 @@
 // Class scopes: creating, finding and closing class elements, and the look-up of named children.
 #include <quorvan/filer/class_count.h>
 #include <quorvan/filer/filer.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 using quorvan::filer::changedCount;

@@ -1,6 +1,6 @@
 #include <quorvan/filer/coordinates.h>
 
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 namespace quorvan::filer {
 

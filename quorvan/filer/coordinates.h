@@ -1,7 +1,8 @@
 // Points and vectors as elements with the attributes "X", "Y" and "Z". Not installed.
 #pragma once
 
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::filer {
 

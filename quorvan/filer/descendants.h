@@ -1,7 +1,8 @@
 // A property of a pattern's items that decides whether they can match. Not installed.
 #pragma once
 
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::filer {
 

@@ -4,9 +4,10 @@
 #include <quorvan/filer/search_index.h>
 #include <quorvan/geometry/module_prompts.h>
 #include <quorvan/platform/com.h>
-#include <quorvan/platform/dom.h>
 #include <quorvan/platform/message_box.h>
 #include <quorvan/platform/prompts.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 using quorvan::filer::ClassCounts;

@@ -20,12 +20,12 @@
 #include <utility>
 #include <vector>
 
+#include <quorvan/api.h>
 #include <quorvan/filer/class_counts.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/api.h>
-#include <quorvan/platform/cstring.h>
-#include <quorvan/platform/dom_handles.h>
+#include <quorvan/text/cstring.h>
+#include <quorvan/xml/handles.h>
 
 class CKtPatternFiler;
 

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <quorvan/filer/filer.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan {
 

@@ -3,7 +3,8 @@
 
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::filer {
 

@@ -2,7 +2,8 @@
 // the class element, also while a vector scope is open.
 #include <quorvan/filer/coordinates.h>
 #include <quorvan/filer/filer.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 

@@ -1,5 +1,6 @@
 #include <quorvan/filer/pattern_filer.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 

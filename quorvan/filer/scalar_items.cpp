@@ -2,8 +2,9 @@
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/item_access.h>
 #include <quorvan/filer/item_values.h>
-#include <quorvan/platform/dom.h>
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 namespace filer = quorvan::filer;

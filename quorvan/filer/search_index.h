@@ -21,7 +21,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan {
 

@@ -6,7 +6,8 @@
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/pattern_filer.h>
 #include <quorvan/filer/search_index.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 using quorvan::filer::changedCount;

@@ -1,6 +1,7 @@
 // Vector scopes: a named element with a "size" that gathers the items written while it is open.
 #include <quorvan/filer/filer.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace dom = quorvan::dom;
 

@@ -3,7 +3,7 @@
 
 #include <stddef.h>
 
-#include <quorvan/platform/api.h>
+#include <quorvan/api.h>
 
 #ifdef __cplusplus
 extern "C" {

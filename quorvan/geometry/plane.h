@@ -1,7 +1,7 @@
 // CKtPlane: a plane in space.
 #pragma once
 
-#include <quorvan/platform/api.h>
+#include <quorvan/api.h>
 
 /// The plane Ax + By + Cz + D = 0: four plain coefficients, all 0 by default. Without an argument
 /// each operation gives its coefficient, with one it sets it and leaves the others.

@@ -25,8 +25,9 @@ int IntersectionLine2D(const CKtPnt3D& a1, const CKtPnt3D& a2, const CKtPnt3D& b
   const double cross = ax * by - ay * bx;
   const double parallel = kParallelSine * std::hypot(ax, ay) * std::hypot(bx, by);
   // Written so that coordinates that are not numbers end here too.
-  if (!(std::abs(cross) > parallel))
+  if (!(std::abs(cross) > parallel)) {
     return 0;
+  }
   const double along = ((b1.X() - a1.X()) * by - (b1.Y() - a1.Y()) * bx) / cross;
   result.XYZ(a1.X() + along * ax, a1.Y() + along * ay, 0.0);
   return 1;
@@ -36,7 +37,8 @@ double Distance(const CKtPnt3D& p, const CKtPnt3D& a, const CKtPnt3D& b, double 
   const CKtVect3D toPoint(a, p, 0);
   const CKtVect3D direction(a, b, 0);
   const double span = length(direction);
-  if (span <= tolerance)
+  if (span <= tolerance) {
     return length(toPoint);
+  }
   return length(direction ^ toPoint) / span;
 }

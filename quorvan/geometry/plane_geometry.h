@@ -1,8 +1,8 @@
 // Lines against lines and points.
 #pragma once
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
 
 /// Intersects, in the plane of x and y, the infinite line through `a1` and `a2` with the one
 /// through `b1` and `b2`. Returns 1 with the point in `result`, whose z is 0. Returns 0 and leaves

@@ -1,7 +1,7 @@
 // CKtPnt3D: a point in space.
 #pragma once
 
-#include <quorvan/platform/api.h>
+#include <quorvan/api.h>
 #include <quorvan/platform/host_geometry.h>
 #include <quorvan/platform/integer_point.h>
 

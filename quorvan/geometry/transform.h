@@ -1,9 +1,9 @@
 // CKtMat and CKtMat3D: the transform interface that the geometry types share with their users.
 #pragma once
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/api.h>
 #include <quorvan/platform/log_font.h>
 
 /// Base of the transforms; holds no data.

@@ -1,8 +1,8 @@
 // CKtVect3D: a vector in space.
 #pragma once
 
+#include <quorvan/api.h>
 #include <quorvan/geometry/point.h>
-#include <quorvan/platform/api.h>
 
 /// A vector in drawing units; a plain value, (0, 0, 0) by default.
 ///
@@ -44,8 +44,9 @@ class QUORVAN_API CKtVect3D {
 
  private:
   void applyFlag(int flag) noexcept {
-    if (flag != 0)
+    if (flag != 0) {
       Normalize();
+    }
   }
 
   double m_x = 0.0;

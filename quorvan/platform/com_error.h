@@ -6,7 +6,7 @@
 #else
 #include <cstdint>
 
-#include <quorvan/platform/api.h>
+#include <quorvan/api.h>
 
 /// Result code of a COM call: negative for a failure.
 using HRESULT = std::int32_t;

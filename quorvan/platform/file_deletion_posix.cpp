@@ -3,7 +3,7 @@
 #include <exception>
 
 #include <quorvan/platform/file_deletion.h>
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 namespace quorvan::platform {
 

@@ -2,7 +2,7 @@
 // tolerance and the one global tolerance of the process.
 #pragma once
 
-#include <quorvan/platform/api.h>
+#include <quorvan/api.h>
 
 /// How far apart two things may lie and still count as equal.
 class QUORVAN_API AcGeTol {

@@ -1,7 +1,7 @@
 // The message box, and the hook by which a host or a test takes it over.
 #pragma once
 
-#include <quorvan/platform/api.h>
+#include <quorvan/api.h>
 
 namespace quorvan {
 

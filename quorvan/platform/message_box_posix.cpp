@@ -3,7 +3,7 @@
 #include <string>
 
 #include <quorvan/platform/default_message_box.h>
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 namespace quorvan::platform {
 

@@ -1,7 +1,7 @@
 // Localised message texts, looked up by project name and number. Not installed.
 #pragma once
 
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 /// Access to the library's string table.
 class KtPrompts {

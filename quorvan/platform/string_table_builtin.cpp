@@ -21,8 +21,9 @@ constexpr Entry kEntries[] = {
 
 std::wstring_view findString(int number) noexcept {
   for (const Entry& entry : kEntries) {
-    if (entry.number == number)
+    if (entry.number == number) {
       return entry.text;
+    }
   }
   return {};
 }

@@ -26,8 +26,9 @@ const wchar_t* findBlock(int number) noexcept {
   const auto block = static_cast<WORD>(number / kBlockSize + 1);
   const HRSRC resource = ::FindResourceExW(module, MAKEINTRESOURCEW(6), MAKEINTRESOURCEW(block),
                                            MAKELANGID(LANG_FRENCH, SUBLANG_FRENCH));
-  if (resource == nullptr)
+  if (resource == nullptr) {
     return nullptr;
+  }
   const HGLOBAL loaded = ::LoadResource(module, resource);
   return loaded == nullptr ? nullptr : static_cast<const wchar_t*>(::LockResource(loaded));
 }
@@ -35,14 +36,17 @@ const wchar_t* findBlock(int number) noexcept {
 }  // namespace
 
 std::wstring_view findString(int number) noexcept {
-  if (number < 0 || number > 0xFFFF)
+  if (number < 0 || number > 0xFFFF) {
     return {};
+  }
   const wchar_t* at = findBlock(number);
-  if (at == nullptr)
+  if (at == nullptr) {
     return {};
+  }
   // Each entry is its length, then as many units without a terminator.
-  for (int entry = number % kBlockSize; entry > 0; --entry)
+  for (int entry = number % kBlockSize; entry > 0; --entry) {
     at += 1 + *at;
+  }
   return {at + 1, static_cast<std::size_t>(*at)};
 }
 

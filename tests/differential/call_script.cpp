@@ -12,12 +12,14 @@ std::string runCallScript(std::uint64_t seed) {
   Transcript transcript;
   {
     FilerScript script(random, transcript);
-    for (int steps = 20 + random.below(100); steps > 0; --steps)
+    for (int steps = 20 + random.below(100); steps > 0; --steps) {
       script.step();
+    }
     script.finish();
   }
-  for (int filings = random.below(3); filings > 0; --filings)
+  for (int filings = random.below(3); filings > 0; --filings) {
     runHostScript(random, transcript);
+  }
   return transcript.text();
 }
 

@@ -26,8 +26,9 @@ std::string firstDifference(const std::string& recorded, const std::string& here
   const auto place = static_cast<std::size_t>(
       std::mismatch(recorded.begin(), recorded.end(), here.begin(), here.end()).first -
       recorded.begin());
-  if (place == recorded.size() && place == here.size())
+  if (place == recorded.size() && place == here.size()) {
     return "none";
+  }
   return "\n  recorded " + around(recorded, place) + "\n  here     " + around(here, place);
 }
 
@@ -37,8 +38,9 @@ TEST(CallScripts, DoTheSameEachTime) {
 
 TEST(CallScripts, DoWhatTheOtherDocumentServiceRecorded) {
   const char* const folder = std::getenv("QUORVAN_CALL_RECORDS");
-  if (folder == nullptr)
+  if (folder == nullptr) {
     GTEST_SKIP() << "records are made by the build with the other service";
+  }
   int different = 0;
   for (int seed = 0; seed < callScriptCount() && different < 3; ++seed) {
     const std::string recorded = fileBytes(std::string(folder) + '/' + std::to_string(seed));
@@ -46,8 +48,9 @@ TEST(CallScripts, DoWhatTheOtherDocumentServiceRecorded) {
     const std::string difference =
         firstDifference(recorded, runCallScript(static_cast<std::uint64_t>(seed)));
     EXPECT_EQ(difference, "none") << "script " << seed;
-    if (difference != "none")
+    if (difference != "none") {
       ++different;
+    }
   }
 }
 

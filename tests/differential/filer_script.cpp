@@ -26,17 +26,20 @@ constexpr std::string_view kForeign =
 
 FilerScript::FilerScript(Random& random, Transcript& transcript)
     : m_random(random), m_transcript(transcript) {
-  for (const char* file : kFiles)
+  for (const char* file : kFiles) {
     std::filesystem::remove(file);
+  }
   std::ofstream("foreign.xml", std::ios::binary) << kForeign;
-  for (auto& filer : m_filers)
+  for (auto& filer : m_filers) {
     filer = std::make_unique<CKtFiler>();
+  }
 }
 
 void FilerScript::step() {
   const int kind = m_random.below(100);
-  if (m_random.oneIn(12))
+  if (m_random.oneIn(12)) {
     m_current = 1 - m_current;
+  }
   if (kind < 6) {
     open();
   } else if (kind < 10) {
@@ -161,10 +164,12 @@ void FilerScript::readItem() {
   m_transcript.value(text);
   m_transcript.value(point);
   m_transcript.value(vector);
-  for (const CKtPnt3D& entry : points)
+  for (const CKtPnt3D& entry : points) {
     m_transcript.value(entry);
-  for (const CKtVect3D& entry : vectors)
+  }
+  for (const CKtVect3D& entry : vectors) {
     m_transcript.value(entry);
+  }
 }
 
 void FilerScript::writePatternItem(CKtFiler& pattern, Random& random) {
@@ -184,8 +189,9 @@ void FilerScript::search() {
   m_transcript.attempt("seek", [&] {
     pattern.newFiler(CString(L"pattern.xml"));
     pattern.beginClass(randomClassName(m_random), 1);
-    for (int items = m_random.below(3); items > 0; --items)
+    for (int items = m_random.below(3); items > 0; --items) {
       writePatternItem(pattern, m_random);
+    }
     pattern.endClass();
     return filer().seek(&pattern);
   });
@@ -205,8 +211,9 @@ void FilerScript::copyOrReplace() {
 }
 
 void FilerScript::writeDownFiles() {
-  for (const char* file : kFiles)
+  for (const char* file : kFiles) {
     m_transcript.savedFile(file);
+  }
 }
 
 void FilerScript::finish() {

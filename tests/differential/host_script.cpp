@@ -21,8 +21,9 @@ struct Bar {
         reference(random.below(3)),
         diameter(random.below(2) * 4 + 8),
         hidden(random.oneIn(2)) {
-    for (double& number : at)
+    for (double& number : at) {
       number = random.below(3);
+    }
   }
 
   CString grade;
@@ -86,8 +87,9 @@ void pushSeries(Random& random, const Bar& bar) {
 
 void exportGraphic(Random& random) {
   std::array<double, 6> n{};
-  for (double& number : n)
+  for (double& number : n) {
     number = randomDouble(random);
+  }
   const auto color = static_cast<unsigned long>(random.below(256));
   const CString text = randomText(random);
   const int count = random.below(5) - 1;
@@ -141,8 +143,9 @@ void readAll(const char* name, Transcript& transcript) {
 }  // namespace
 
 void runHostScript(Random& random, Transcript& transcript) {
-  if (random.oneIn(2))
+  if (random.oneIn(2)) {
     std::filesystem::remove("host.xml");
+  }
   startFiling(L"host.xml");
   for (int calls = random.below(25); calls > 0; --calls) {
     transcript.attempt("export", [&] {

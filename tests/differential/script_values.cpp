@@ -44,10 +44,12 @@ CString randomItemName(Random& random) {
 
 CString randomText(Random& random) {
   CString text;
-  for (int pieces = random.below(5); pieces > 0; --pieces)
+  for (int pieces = random.below(5); pieces > 0; --pieces) {
     text += random.of(kPieces);
-  if (random.oneIn(30))
+  }
+  if (random.oneIn(30)) {
     text += CString(wchar_t{0xD800});
+  }
   return text;
 }
 
@@ -57,8 +59,9 @@ CString randomGrade(Random& random) {
 }
 
 double randomDouble(Random& random) {
-  if (random.oneIn(3))
+  if (random.oneIn(3)) {
     return random.of(kSpecial);
+  }
   const double whole = random.below(20000) - 10000;
   return whole / (random.oneIn(2) ? 4 : 3);
 }
@@ -82,8 +85,9 @@ CKtVect3D randomVector(Random& random) {
 
 std::vector<CKtPnt3D> randomPoints(Random& random) {
   std::vector<CKtPnt3D> points;
-  for (int count = random.below(4); count > 0; --count)
+  for (int count = random.below(4); count > 0; --count) {
     points.push_back(randomPoint(random));
+  }
   return points;
 }
 

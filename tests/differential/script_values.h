@@ -6,7 +6,7 @@
 #include <tests/differential/random.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 namespace quorvan::test {
 

@@ -6,7 +6,7 @@
 
 #include <tests/support/known_differences.h>
 #include <tests/support/saved_file.h>
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 namespace quorvan::test {
 
@@ -71,16 +71,18 @@ void Transcript::savedFile(const char* path) {
     return;
   }
   const std::string bytes = savedBytes(path);
-  if (runsUnderWine())
+  if (runsUnderWine()) {
     std::ofstream(path, std::ios::binary) << bytes;
+  }
   line(std::string("file ") + path + ' ' + escape(bytes));
 }
 
 // The codes that a file system gives are the system's own.
 std::string Transcript::describe(const _com_error& error) {
   const HRESULT code = error.Error();
-  if (code == E_POINTER)
+  if (code == E_POINTER) {
     return "raised E_POINTER";
+  }
   return code < 0 ? "raised a COM error" : "raised a COM error with a code of success";
 }
 

@@ -11,7 +11,7 @@
 
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
-#include <quorvan/platform/cstring.h>
+#include <quorvan/text/cstring.h>
 
 namespace quorvan::test {
 

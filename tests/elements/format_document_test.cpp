@@ -9,7 +9,8 @@
 #include <vector>
 
 #include <tests/support/saved_file.h>
-#include <quorvan/elements/items/item_schema.h>
+#include <tests/support/test_data.h>
+#include <quorvan/elements/element_classes.h>
 
 namespace quorvan::test {
 namespace {
@@ -96,7 +97,7 @@ std::vector<Row> tableBelow(const std::string& document, const std::string& head
 }
 
 const std::string& document() {
-  static const std::string text = fileBytes(QUORVAN_TEST_DATA "/../docs/format.md");
+  static const std::string text = fileBytes(quorvan::test::dataPath("../docs/format.md"));
   return text;
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include <tests/elements/element_models.h>
-#include <quorvan/elements/items/item_schema.h>
+#include <quorvan/elements/element_classes.h>
 
 namespace quorvan::test {
 namespace {

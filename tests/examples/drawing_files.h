@@ -8,10 +8,13 @@
 #include <fstream>
 #include <string>
 
+#include <tests/support/test_data.h>
+
 namespace quorvan::test {
 
 inline nlohmann::json exampleJson(const std::string& name) {
-  std::ifstream file(QUORVAN_TEST_DATA "/../examples/drawings/" + name + ".json", std::ios::binary);
+  std::ifstream file(quorvan::test::dataPath("../examples/drawings/") + name + ".json",
+                     std::ios::binary);
   return nlohmann::json::parse(file);
 }
 
@@ -23,7 +26,7 @@ inline std::string writeExample(const std::string& name) {
 }
 
 inline std::string goldenPath(const std::string& name) {
-  return QUORVAN_TEST_DATA "/examples/golden/" + name;
+  return quorvan::test::dataPath("examples/golden/") + name;
 }
 
 }  // namespace quorvan::test

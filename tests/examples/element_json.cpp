@@ -1,6 +1,6 @@
 #include <tests/examples/element_json.h>
 
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 #include <string>
 #include <vector>

@@ -2,8 +2,8 @@
 // worked out by hand.
 
 #include <gtest/gtest.h>
-#include <quorvan/platform/utf8.h>
 #include <quorvan/quorvan.h>
+#include <quorvan/text/utf8.h>
 
 #include <string>
 #include <utility>

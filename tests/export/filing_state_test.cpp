@@ -6,8 +6,9 @@
 #include <vector>
 
 #include <tests/export/series_filing.h>
-#include <quorvan/export/filing_state.h>
-#include <quorvan/export/frame_grouping.h>
+#include <quorvan/export/filing/filing_state.h>
+#include <quorvan/export/series/frame_grouping.h>
+#include <quorvan/export/series/held_frames.h>
 
 namespace quorvan::test {
 namespace {

@@ -8,11 +8,12 @@
 
 #include <tests/export/series_filing.h>
 #include <tests/support/saved_file.h>
+#include <tests/support/test_data.h>
 
 namespace quorvan::test {
 namespace {
 
-const std::string kGolden = QUORVAN_TEST_DATA "/export/golden/small_drawing.xml";
+const std::string kGolden = quorvan::test::dataPath("export/golden/small_drawing.xml");
 
 void exportGraphics() {
   const double xs[] = {0, 5000, 5000, 5000, 5000, 0, 0, 0};

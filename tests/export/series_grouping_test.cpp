@@ -12,7 +12,7 @@
 #include <tests/export/series_filing.h>
 #include <tests/support/saved_file.h>
 #include <tests/support/transfer_text.h>
-#include <quorvan/export/pending_frame.h>
+#include <quorvan/export/series/pending_frame.h>
 
 namespace quorvan::test {
 namespace {

@@ -10,9 +10,9 @@
 #include <string_view>
 
 #include <tests/faults/scenarios.h>
-#include <tests/platform/embedded/allocation_faults.h>
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
+#include <tests/xml/embedded/allocation_faults.h>
 #include <quorvan/elements/formwork.h>
 #include <quorvan/elements/line.h>
 #include <quorvan/export/export.h>
@@ -95,19 +95,22 @@ int failEverywhere(const Scenario& scenario) {
 
 TEST(NoMemory, TheFilerGoesOnAfterEveryOperation) {
   int failures = 0;
-  for (const Scenario& scenario : filerScenarios())
+  for (const Scenario& scenario : filerScenarios()) {
     failures += failEverywhere(scenario);
+  }
   EXPECT_GT(failures, 100);
 }
 
 TEST(NoMemory, EveryElementClassCanBeWrittenAgain) {
-  for (const ElementScenario& element : elementScenarios())
+  for (const ElementScenario& element : elementScenarios()) {
     EXPECT_GT(failEverywhere(element.write), 2) << element.className;
+  }
 }
 
 TEST(NoMemory, EveryElementClassCanBeReadAgain) {
-  for (const ElementScenario& element : elementScenarios())
+  for (const ElementScenario& element : elementScenarios()) {
     failEverywhere(element.read);
+  }
 }
 
 TEST(NoMemory, ASaveLeavesTheOldFileOrTheNewOne) {
@@ -191,8 +194,9 @@ TEST(NoMemory, ASearchFindsNextTimeWhatItWouldHaveFound) {
       std::filesystem::remove("searching.xml");
       CKtFiler filer;
       filer.newFiler(L"searched.xml");
-      for (int number = 1; number <= kLines; ++number)
+      for (int number = 1; number <= kLines; ++number) {
         writeLine(filer, number);
+      }
       CKtPatternFiler pattern;
       pattern.newFiler(L"searching.xml");
       writeLine(pattern, kLines / 2);
@@ -211,15 +215,17 @@ TEST(NoMemory, AnEndOfFilingIsEndedAgainWithTheWholeDrawing) {
       const Stage stage;
       start();
       exportHiddenBar();
-      for (int k = 0; k < 3; ++k)
+      for (int k = 0; k < 3; ++k) {
         pushRepartitionFrameRect(k * 200.0, 0, 0, k * 200.0, 500, 0, L"CKtZantoStraightBar", 10, 90,
                                  L"B500", L"Ha", 1, 12, false, 5, 0, k);
+      }
       const End ended = memory.run([] {
         end();
         return true;
       });
-      if (ended != End::kDone)
+      if (ended != End::kDone) {
         end();
+      }
       EXPECT_EQ(count("CKtZantoStraightBar"), 1U);
       ASSERT_GE(count("CKtZantoRepartition"), 1U);
       const SavedElement series = savedElements("filing.xml", "CKtZantoRepartition").back();

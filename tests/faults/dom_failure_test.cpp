@@ -13,7 +13,7 @@
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
 #include <quorvan/export/export.h>
-#include <quorvan/export/filing_state.h>
+#include <quorvan/export/filing/filing_state.h>
 #include <quorvan/platform/com_error.h>
 
 namespace quorvan::test {
@@ -78,8 +78,9 @@ int failEverywhere(const Scenario& scenario, DomFault fault, bool lasts, const J
       EXPECT_EQ(stage.filer.newFiler(kStagePath), 1);
     }
     stage.expectUsable();
-    if (testing::Test::HasFailure())
+    if (testing::Test::HasFailure()) {
       return call;
+    }
   }
 }
 
@@ -186,9 +187,10 @@ void exportHiddenBar() {
 }
 
 void pushFrames() {
-  for (int k = 0; k < 3; ++k)
+  for (int k = 0; k < 3; ++k) {
     pushRepartitionFrameRect(k * 200.0, 0, 0, k * 200.0, 500, 0, L"CKtZantoStraightBar", 10, 90,
                              L"B500", L"Ha", 1, 12, false, 5, 0, k);
+  }
 }
 
 void end() {
@@ -239,14 +241,16 @@ TEST_F(FailingFiling, AHiddenBarThatCouldNotBeLookedForIsExportedLater) {
                                            : result == "E_POINTER" || result == "E_FAIL")
             << result;
       }
-      if (result != "1")
+      if (result != "1") {
         exportHiddenBar();
+      }
       end();
       EXPECT_EQ(count("CKtZantoLine"), 1U);
       EXPECT_EQ(count("CKtDrawingControl"), 1U);
       EXPECT_GE(count("CKtZantoStraightBar"), 1U);
-      if (!failed || HasFailure())
+      if (!failed || HasFailure()) {
         break;
+      }
     }
   }
 }
@@ -269,14 +273,16 @@ TEST_F(FailingFiling, AnEndThatFailedIsEndedAgainWithTheWholeDrawing) {
         });
         failed = faults.hasFailed();
       }
-      if (result != "1")
+      if (result != "1") {
         end();
+      }
       EXPECT_EQ(count("CKtZantoStraightBar"), 1U);
       ASSERT_GE(count("CKtZantoRepartition"), 1U);
       ASSERT_GE(count("CKtDrawingControl"), 1U);
       EXPECT_EQ(savedElements("filing.xml").back().child("CheckSum").attribute("long"), "42");
-      if (!failed || HasFailure())
+      if (!failed || HasFailure()) {
         break;
+      }
     }
   }
 }

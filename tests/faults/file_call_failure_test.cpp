@@ -8,9 +8,9 @@
 #include <string>
 
 #include <tests/faults/stage.h>
-#include <tests/platform/embedded/file_faults.h>
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
+#include <tests/xml/embedded/file_faults.h>
 #include <quorvan/export/export.h>
 #include <quorvan/platform/com_error.h>
 
@@ -37,8 +37,9 @@ int failEverywhere(const std::function<void(const Act& act)>& trial) {
   for (const int error : kErrors) {
     for (const bool lasts : {false, true}) {
       // A call that is interrupted for ever is repeated for ever.
-      if (error == EINTR && lasts)
+      if (error == EINTR && lasts) {
         continue;
+      }
       bool isOver = false;
       for (int call = 1; !isOver && !testing::Test::HasFailure(); ++call) {
         SCOPED_TRACE("call " + std::to_string(call) + ", error " + std::to_string(error) +
@@ -138,8 +139,9 @@ TEST(FailingFileCall, AHiddenBarIsExportedLaterAndTheDrawingIsWhole) {
     std::filesystem::remove("filing.xml");
     startFiling(L"filing.xml");
     exportLine(0, 0, 0, 1, 1, 1, 7);
-    if (!act(exportHiddenBar))
+    if (!act(exportHiddenBar)) {
       exportHiddenBar();
+    }
     EXPECT_FALSE(std::filesystem::exists("TempFiler.xml"));
     endFiling(L"2025", 1, L"Plan", 42);
     EXPECT_EQ(savedIndexes("filing.xml"),

@@ -8,6 +8,7 @@
 #include <tests/faults/stage.h>
 #include <tests/support/read_everything.h>
 #include <tests/support/saved_file.h>
+#include <tests/support/test_data.h>
 #include <tests/support/transfer_text.h>
 
 namespace quorvan::test {
@@ -16,7 +17,7 @@ namespace {
 constexpr int kElements = 4;  // of a class, more than the drawing has
 
 std::string drawing() {
-  return fileBytes(QUORVAN_TEST_DATA "/export/golden/small_drawing.xml");
+  return fileBytes(quorvan::test::dataPath("export/golden/small_drawing.xml"));
 }
 
 // Whether the file holds a drawing, to the record at its end; reads all of it.
@@ -45,8 +46,9 @@ TEST(HostileDrawing, CutShortAtAnyByteIsLikeNoFile) {
   const std::string whole = drawing();
   ASSERT_TRUE(isRead(whole));
   const std::size_t end = whole.rfind('>');
-  for (std::size_t size = 0; size <= end; size += step(size, end + 1))
+  for (std::size_t size = 0; size <= end; size += step(size, end + 1)) {
     EXPECT_FALSE(isRead(whole.substr(0, size))) << size;
+  }
   EXPECT_TRUE(isRead(whole.substr(0, end + 1)));
 }
 

@@ -9,8 +9,9 @@ namespace {
 using namespace std::string_literals;
 
 void repeat(std::ofstream& file, const std::string& text, std::size_t times) {
-  for (std::size_t i = 0; i < times; ++i)
+  for (std::size_t i = 0; i < times; ++i) {
     file << text;
+  }
 }
 
 // A file whose root element holds what is made.
@@ -37,8 +38,9 @@ std::string nestedEntities(std::size_t levels) {
   std::string file = "<!DOCTYPE D [<!ENTITY e0 \"0123456789\">";
   for (std::size_t i = 1; i <= levels; ++i) {
     file += "<!ENTITY e" + std::to_string(i) + " \"";
-    for (int k = 0; k < 10; ++k)
+    for (int k = 0; k < 10; ++k) {
       file += "&e" + std::to_string(i - 1) + ";";
+    }
     file += "\">";
   }
   return file + "]><D>&e" + std::to_string(levels) + ";</D>";
@@ -53,13 +55,15 @@ std::vector<HostileFile> structures() {
        }},
       {"attributes", 1'000'000, false, inRoot([](std::ofstream& file, std::size_t size) {
          file << "<a";
-         for (std::size_t i = 0; i < size; ++i)
+         for (std::size_t i = 0; i < size; ++i) {
            file << " a" << i << "=''";
+         }
          file << "/>";
        })},
       {"many names", 300'000, true, inRoot([](std::ofstream& file, std::size_t size) {
-         for (std::size_t i = 0; i < size; ++i)
+         for (std::size_t i = 0; i < size; ++i) {
            file << "<n" << i << "/>";
+         }
        })},
       {"many references", 1'000'000, true, inValue("&#38;")},
       {"many comments", 500'000, true,
@@ -102,8 +106,9 @@ std::vector<HostileFile> entities() {
       {"many entities", 200'000, true,
        [](std::ofstream& file, std::size_t size) {
          file << "<!DOCTYPE D [";
-         for (std::size_t i = 0; i < size; ++i)
+         for (std::size_t i = 0; i < size; ++i) {
            file << "<!ENTITY e" << i << " 'x'>";
+         }
          file << "]><D></D>";
        }},
   };
@@ -147,8 +152,9 @@ void HostileFile::write(const std::string& path, std::size_t wanted) const {
 const std::vector<HostileFile>& hostileFiles() {
   static const std::vector<HostileFile> all = [] {
     std::vector<HostileFile> files;
-    for (const auto& kind : {structures(), longParts(), entities(), encodings()})
+    for (const auto& kind : {structures(), longParts(), entities(), encodings()}) {
       files.insert(files.end(), kind.begin(), kind.end());
+    }
     return files;
   }();
   return all;

@@ -80,8 +80,9 @@ TEST(HostileInput, CostsNoMoreMemoryThanItsSizeAllows) {
 }
 
 TEST(HostileInput, TakesTimeInProportionToItsSize) {
-  if (!kMeasures)
+  if (!kMeasures) {
     GTEST_SKIP() << "measures the sanitizer";
+  }
   for (const HostileFile& hostile : hostileFiles()) {
     // The best of a few: another program's load makes a run longer, never shorter.
     constexpr int kRuns = 3;
@@ -92,8 +93,9 @@ TEST(HostileInput, TakesTimeInProportionToItsSize) {
     for (int i = 0; i < kRuns; ++i) {
       small = std::min(small, costOf(hostile, hostile.size / 8).seconds);
       large = std::min(large, costOf(hostile, hostile.size).seconds);
-      if (large < kRatio * kTolerance * std::max(small, 0.01))
+      if (large < kRatio * kTolerance * std::max(small, 0.01)) {
         break;
+      }
     }
     EXPECT_LT(large, kRatio * kTolerance * std::max(small, 0.01)) << hostile.name << ' ' << small;
   }

@@ -7,7 +7,7 @@
 #include <tests/support/saved_file.h>
 #include <tests/support/transfer_text.h>
 #include <quorvan/filer/filer.h>
-#include <quorvan/platform/embedded/limits.h>
+#include <quorvan/xml/embedded/reading/limits.h>
 
 namespace quorvan::test {
 namespace {
@@ -41,10 +41,12 @@ void expectLimit(std::size_t limit, const Make& make) {
 TEST(HostileLimits, OfDepth) {
   expectLimit(kMaxDepth, [](std::size_t depth) {
     std::string file = "<D>";
-    for (std::size_t i = 1; i < depth; ++i)
+    for (std::size_t i = 1; i < depth; ++i) {
       file += "<a>";
-    for (std::size_t i = 1; i < depth; ++i)
+    }
+    for (std::size_t i = 1; i < depth; ++i) {
       file += "</a>";
+    }
     return file + "</D>";
   });
 }
@@ -52,8 +54,9 @@ TEST(HostileLimits, OfDepth) {
 TEST(HostileLimits, OfAttributes) {
   expectLimit(kMaxAttributes, [](std::size_t count) {
     std::string file = "<D><a";
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
       file += " a" + std::to_string(i) + "=''";
+    }
     return file + "/></D>";
   });
 }
@@ -62,8 +65,9 @@ TEST(HostileLimits, OfAttributes) {
 std::string usingAnEntity(std::size_t bytes, std::size_t uses, std::size_t size) {
   const std::string before = "<!DOCTYPE D [<!ENTITY e '" + std::string(bytes, 'x') + "'>]>";
   std::string after = "<D>";
-  for (std::size_t i = 0; i < uses; ++i)
+  for (std::size_t i = 0; i < uses; ++i) {
     after += "&e;";
+  }
   after += "</D>";
   EXPECT_LE(before.size() + after.size(), size);
   return before + std::string(size - before.size() - after.size(), ' ') + after;

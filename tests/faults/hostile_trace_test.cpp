@@ -23,8 +23,9 @@ using namespace std::string_literals;
 
 void openReadAndSave(const CString& path) {
   CKtFiler filer;
-  if (filer.newFiler(path) != 1)
+  if (filer.newFiler(path) != 1) {
     return;
+  }
   readsEverything(filer, 2);
   try {
     filer.closeFiler();
@@ -73,8 +74,9 @@ void expectNothingElseIsTouched(const std::string& path) {
   const std::set<std::string> paths = {path, "." + path + ".quorvan-new", ".", ""};
   EXPECT_TRUE(std::any_of(trace.calls.begin(), trace.calls.end(),
                           [&](const SystemCall& call) { return call.path == path; }));
-  for (const SystemCall& call : trace.calls)
+  for (const SystemCall& call : trace.calls) {
     EXPECT_TRUE(isExpected(call, paths)) << "call " << call.number << ' ' << call.path.value_or("");
+  }
 }
 
 TEST(HostileTrace, NothingIsOpenedOrConnectedBesideTheFile) {
@@ -109,8 +111,9 @@ TEST(HostileTrace, ShowsWhatIsOpenedAndConnected) {
   });
   ASSERT_TRUE(trace.isComplete);
   int unexpected = 0;
-  for (const SystemCall& call : trace.calls)
+  for (const SystemCall& call : trace.calls) {
     unexpected += isExpected(call, {"hostile.xml"}) ? 0 : 1;
+  }
   EXPECT_EQ(unexpected, 2);
 }
 

@@ -16,7 +16,7 @@
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
 #include <quorvan/export/export.h>
-#include <quorvan/platform/embedded/file_calls.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
 
 namespace quorvan::test {
 namespace {
@@ -34,8 +34,9 @@ struct Death {
 Death death;
 
 void countCall() {
-  if (++death.calls == death.call)
+  if (++death.calls == death.call) {
     ::kill(::getpid(), SIGKILL);
+  }
 }
 
 ssize_t writeUntilDeath(int file, const void* bytes, std::size_t size) {
@@ -169,8 +170,9 @@ class KilledProcess : public testing::Test {
 
 TEST_F(KilledProcess, BeforeAnyFileCallLeavesTheOldFileOrTheNewOne) {
   int points = 0;
-  while (dies({.call = points + 1}) && !HasFailure())
+  while (dies({.call = points + 1}) && !HasFailure()) {
     ++points;
+  }
   EXPECT_GT(points, 12);
 }
 
@@ -192,8 +194,9 @@ TEST_F(KilledProcess, AtAnyMomentLeavesTheOldFileOrTheNewOne) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-      for (;;)
+      for (;;) {
         CKtFiler(m_filer).closeFiler();
+      }
     }
     std::this_thread::sleep_for(std::chrono::microseconds(random.below(8000)));
     ::kill(child, SIGKILL);

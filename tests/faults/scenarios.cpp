@@ -158,8 +158,9 @@ std::vector<Scenario> searchScenarios() {
 std::vector<Scenario> filerScenarios() {
   std::vector<Scenario> all;
   for (const auto& kind : {documentScenarios(), scopeScenarios(), writingScenarios(),
-                           readingScenarios(), searchScenarios()})
+                           readingScenarios(), searchScenarios()}) {
     all.insert(all.end(), kind.begin(), kind.end());
+  }
   return all;
 }
 

@@ -16,8 +16,8 @@
 #include <string>
 
 #include <tests/differential/random.h>
-#include <tests/platform/embedded/allocation_faults.h>
-#include <tests/platform/embedded/file_faults.h>
+#include <tests/xml/embedded/allocation_faults.h>
+#include <tests/xml/embedded/file_faults.h>
 #include <quorvan/elements/line.h>
 #include <quorvan/export/export.h>
 #include <quorvan/filer/filer.h>
@@ -37,8 +37,9 @@ int countMessage(const wchar_t* /*text*/, unsigned int /*type*/, unsigned int /*
 }
 
 void require(bool condition, const std::string& what) {
-  if (!condition)
+  if (!condition) {
     throw std::logic_error(what);
+  }
 }
 
 // Whether the call came through; only the stated errors may come out of it.
@@ -57,12 +58,14 @@ class Session {
   explicit Session(Random& random) : m_random(random) {}
 
   void run() {
-    if (m_random.oneIn(4))
+    if (m_random.oneIn(4)) {
       std::filesystem::remove("drawing.xml");
+    }
     const int before = linesInFile();
     start();
-    for (int calls = m_random.below(40); calls > 0; --calls)
+    for (int calls = m_random.below(40); calls > 0; --calls) {
       exportSomething();
+    }
     end();
     require(!std::filesystem::exists("TempFiler.xml"), "the scratch file is gone");
     // A line that ran out of memory half-way may be in the file too.
@@ -136,8 +139,9 @@ class Session {
 
   void exportALine(double x) {
     const bool isDone = attempt([&] { exportLine(x, 0, 0, 1, 1, 1, 7); });
-    if (m_isStopped)
+    if (m_isStopped) {
       return;
+    }
     m_lines += isDone ? 1 : 0;
     m_failedLines += isDone ? 0 : 1;
   }
@@ -154,8 +158,9 @@ class Session {
 
   void end() {
     const auto call = [] { endFiling(L"2025", 1, L"Plan", 42); };
-    if (attempt(call) || comesThrough(call))
+    if (attempt(call) || comesThrough(call)) {
       return;
+    }
     stopFiling();
     require(comesThrough(call), "a stopped filing ends");
     // What a series of one frame left behind does not reach the next filing.
@@ -163,14 +168,16 @@ class Session {
   }
 
   static int linesInFile() {
-    if (!std::filesystem::exists("drawing.xml"))
+    if (!std::filesystem::exists("drawing.xml")) {
       return 0;
+    }
     messages = 0;
     CKtFiler filer;
     require(filer.newFiler(kPath) == 1 && messages == 0, "the file can be read");
     int lines = 0;
-    while (filer.beginClass(L"CKtZantoLine") == 1)
+    while (filer.beginClass(L"CKtZantoLine") == 1) {
       ++lines;
+    }
     filer.closeFiler();
     return lines;
   }
@@ -211,8 +218,9 @@ int soak(double seconds, std::uint64_t seed) {
                 << '\n';
       return 1;
     }
-    if (sessions == kWarmUp)
+    if (sessions == kWarmUp) {
       resident = residentKilobytes();
+    }
   }
   const long growth = residentKilobytes() - resident;
   std::cout << sessions << " sessions; memory " << resident << " kB after " << kWarmUp

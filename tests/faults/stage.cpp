@@ -9,7 +9,7 @@
 #include <tests/support/saved_elements.h>
 #include <tests/support/transfer_text.h>
 #include <quorvan/platform/com_error.h>
-#include <quorvan/platform/embedded/file_calls.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
 
 namespace quorvan::test {
 
@@ -107,8 +107,9 @@ void Stage::expectUsable() {
   EXPECT_EQ(elements.back().name, "After");
   EXPECT_EQ(elements.back().child("Long").attribute("long"), "7");
   EXPECT_EQ(elements.back().child("Point").attribute("Z"), "9.0000000");
-  for (const auto& entry : std::filesystem::directory_iterator("."))
+  for (const auto& entry : std::filesystem::directory_iterator(".")) {
     EXPECT_EQ(entry.path().filename().string().find("quorvan-new"), std::string::npos);
+  }
 }
 
 }  // namespace quorvan::test

@@ -30,13 +30,15 @@ std::string textAt(pid_t process, std::uint64_t address) {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): an address of another process
     iovec there = {reinterpret_cast<void*>(address), here.iov_len};
     const ssize_t count = ::process_vm_readv(process, &here, 1, &there, 1, 0);
-    if (count <= 0)
+    if (count <= 0) {
       return text + "(unreadable)";
+    }
     const std::string_view read(part.data(), static_cast<std::size_t>(count));
     const std::size_t end = read.find('\0');
     text += read.substr(0, end);
-    if (end != std::string_view::npos)
+    if (end != std::string_view::npos) {
       return text;
+    }
     address += static_cast<std::uint64_t>(count);
   }
 }
@@ -73,8 +75,9 @@ int pathArgument(std::uint64_t call) {
 SystemCall describe(pid_t process, const __ptrace_syscall_info& info) {
   SystemCall call{static_cast<long>(info.entry.nr), {}};
   const int place = pathArgument(info.entry.nr);
-  if (place >= 0)
+  if (place >= 0) {
     call.path = textAt(process, info.entry.args[place]);
+  }
   return call;
 }
 
@@ -84,21 +87,24 @@ SystemCallTrace systemCallsOf(const std::function<void()>& action) {
   SystemCallTrace trace;
   const pid_t child = ::fork();
   if (child == 0) {
-    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0)
+    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
       ::_exit(1);
+    }
     ::raise(SIGSTOP);
     action();
     ::_exit(0);
   }
   int status = 0;
-  if (::waitpid(child, &status, 0) != child || !WIFSTOPPED(status))
+  if (::waitpid(child, &status, 0) != child || !WIFSTOPPED(status)) {
     return trace;
+  }
   ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
   int signal = 0;
   for (;;) {
     if (::ptrace(PTRACE_SYSCALL, child, nullptr, signal) != 0 ||
-        ::waitpid(child, &status, 0) != child)
+        ::waitpid(child, &status, 0) != child) {
       return trace;
+    }
     if (!WIFSTOPPED(status)) {
       trace.isComplete = WIFEXITED(status) && WEXITSTATUS(status) == 0;
       return trace;
@@ -106,8 +112,9 @@ SystemCallTrace systemCallsOf(const std::function<void()>& action) {
     signal = WSTOPSIG(status) == kCallStop ? 0 : WSTOPSIG(status);
     __ptrace_syscall_info info = {};
     if (signal == 0 && ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof info, &info) > 0 &&
-        info.op == PTRACE_SYSCALL_INFO_ENTRY)
+        info.op == PTRACE_SYSCALL_INFO_ENTRY) {
       trace.calls.push_back(describe(child, info));
+    }
   }
 }
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include <quorvan/platform/com_balance.h>
-#include <quorvan/platform/embedded/file_calls.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
 
 namespace quorvan::test {
 namespace {

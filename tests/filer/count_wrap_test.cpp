@@ -24,8 +24,9 @@ class CountWrap : public Seek {
   // Each search for a class that is not there adds the counts of the document to those present.
   void searchInVain(int times) {
     ASSERT_EQ(seekFor("<Z/>"), -1);
-    for (int left = times - 1; left > 0; --left)
+    for (int left = times - 1; left > 0; --left) {
       ASSERT_EQ(m_filer.seek(&m_pattern), -1);
+    }
   }
 };
 

@@ -2,7 +2,7 @@
 
 #include <tests/filer/filer_test.h>
 
-#include <quorvan/platform/embedded/file_calls.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
 
 namespace quorvan::test {
 namespace {

@@ -67,13 +67,9 @@ static_assert(std::is_convertible_v<CKtPatternFiler*, CKtFiler*>, "derives publi
 
 // What only derived filers reach.
 template <class Filer>
-concept ShowsItsRoot = requires(Filer& filer) {
-  filer.GetDocumentRealNode();
-};
+concept ShowsItsRoot = requires(Filer& filer) { filer.GetDocumentRealNode(); };
 template <class Filer>
-concept ComparesItems = requires(Filer& filer, IXMLDOMNodePtr item) {
-  filer.findChildMatch(item);
-};
+concept ComparesItems = requires(Filer& filer, IXMLDOMNodePtr item) { filer.findChildMatch(item); };
 
 class Derived : public CKtFiler {
  public:

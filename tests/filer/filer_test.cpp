@@ -27,8 +27,9 @@ int keepMessage(const wchar_t* text, unsigned int type, unsigned int helpContext
 
 FilerTest::FilerTest() : m_formerHook(setMessageBoxHook(&keepMessage)) {
   shownMessages().clear();
-  for (const wchar_t* path : {kPath, kOtherPath, kPatternPath})
+  for (const wchar_t* path : {kPath, kOtherPath, kPatternPath}) {
     fs::remove(path);
+  }
 }
 
 FilerTest::~FilerTest() {

@@ -65,9 +65,10 @@ TEST_F(GeometricItems, VectorsReadBackExactly) {
                               {0.70710678118654752, -0.70710678118654752, 1e22},
                               {std::numeric_limits<double>::max(),
                                std::numeric_limits<double>::denorm_min(), -123456789.123456789}};
-  for (const auto& v : values)
+  for (const auto& v : values) {
     m_filer.writeItem(L"V", CKtVect3D(v[0], v[1], v[2])), m_filer.endClass(),
         m_filer.beginClass(L"A", 1);
+  }
   m_filer.closeFiler();
   m_filer.newFiler(kPath);
   for (const auto& v : values) {

@@ -106,8 +106,9 @@ TEST_F(HostileSize, ThatWrappedWhenWrittenReadsAsTheWrappedNumber) {
 TEST_F(HostileSize, DoesNotMakeALongListCostMoreThanItsEntries) {
   std::string entries;
   constexpr std::size_t kEntries = 20'000;
-  for (std::size_t i = 0; i < kEntries; ++i)
+  for (std::size_t i = 0; i < kEntries; ++i) {
     entries += "<point X=\"1\" Y=\"2\" Z=\"3\"/>";
+  }
   writeText(kPath, documentText("<A><L size=\"2147483647\">" + entries + "</L></A>"));
   m_filer.newFiler(kPath);
   ASSERT_EQ(m_filer.beginClass(L"A"), 1);

@@ -39,8 +39,9 @@ class ListItems : public FilerTest {
   template <class Entry>
   static std::vector<double> allX(const std::vector<Entry>& entries) {
     std::vector<double> values;
-    for (const Entry& each : entries)
+    for (const Entry& each : entries) {
       values.push_back(each.X());
+    }
     return values;
   }
 
@@ -73,8 +74,9 @@ TEST_F(ListItems, TheSizeIsTheCallersCount) {
 }
 
 TEST_F(ListItems, TheSizeIsWrittenWithThirtyTwoBits) {
-  for (const long count : {40000L, -1L, 70000L, 2147483647L, -2147483647L - 1})
+  for (const long count : {40000L, -1L, 70000L, 2147483647L, -2147483647L - 1}) {
     m_filer.writeItem(L"L", Points{}, count);
+  }
   m_filer.writeItem(L"L", Vectors{}, 65536L);
   expectItems(
       "<L size=\"40000\"/><L size=\"-1\"/><L size=\"70000\"/><L size=\"2147483647\"/>"

@@ -193,8 +193,9 @@ TEST_F(MissingService, EveryErrorWhileOpeningIsReportedAndDoesNotLeave) {
         failed = faults.hasFailed();
         EXPECT_EQ(result, failed ? 0 : 1) << call << ' ' << faults.failed();
       }
-      if (!failed)
+      if (!failed) {
         break;
+      }
       EXPECT_EQ(messages().size(), before + 1) << call;
     }
   }

@@ -6,7 +6,7 @@
 #include <string>
 #include <type_traits>
 
-#include <quorvan/platform/dom_handles.h>
+#include <quorvan/xml/handles.h>
 
 namespace quorvan::test {
 namespace {

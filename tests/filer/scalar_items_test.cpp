@@ -256,12 +256,15 @@ TEST_F(ScalarItems, AnItemOfAnotherKindReadsAsMissing) {
   double number = 1.5;
   long integer = 2;
   CString text = L"three";
-  for (const wchar_t* name : {L"L", L"T", L"P", L"E"})
+  for (const wchar_t* name : {L"L", L"T", L"P", L"E"}) {
     EXPECT_EQ(m_filer.readItem(name, &number), 0);
-  for (const wchar_t* name : {L"D", L"T", L"P", L"E"})
+  }
+  for (const wchar_t* name : {L"D", L"T", L"P", L"E"}) {
     EXPECT_EQ(m_filer.readItem(name, &integer), 0);
-  for (const wchar_t* name : {L"D", L"L", L"P", L"E"})
+  }
+  for (const wchar_t* name : {L"D", L"L", L"P", L"E"}) {
     EXPECT_EQ(m_filer.readItem(name, &text), 0);
+  }
   EXPECT_EQ(number, 1.5);
   EXPECT_EQ(integer, 2);
   EXPECT_EQ(text, L"three");

@@ -63,8 +63,9 @@ constexpr int kCallsOfASearch = 200;
 
 TEST_F(SearchCost, DoesNotGrowWithTheElementsOfTheClass) {
   constexpr int kBars = 3000;
-  for (int number = 1; number <= kBars; ++number)
+  for (int number = 1; number <= kBars; ++number) {
     addBar(number);
+  }
   setPattern(1);
   EXPECT_EQ(m_filer.seek(&m_pattern), 1);
   for (const int number : {1, 2, kBars / 2, kBars - 1, kBars, kBars + 1}) {
@@ -97,14 +98,16 @@ TEST_F(SearchCost, StaysTheSameWhileTheDocumentGrows) {
     setPattern(bar);
     int index = 0;
     ASSERT_TRUE(seeksWithin(kCallsOfASearch, &index)) << number;
-    if (index == -1)
+    if (index == -1) {
       addBar(bar);
+    }
   }
 }
 
 TEST_F(SearchCost, DoesNotGrowWithEqualElements) {
-  for (int i = 0; i < 2000; ++i)
+  for (int i = 0; i < 2000; ++i) {
     addBar(7);
+  }
   setPattern(7);
   EXPECT_EQ(m_filer.seek(&m_pattern), 1);
   int index = 0;
@@ -130,8 +133,9 @@ TEST_F(SearchCost, DoesNotGrowWithElementsThatLackTheItems) {
 // The first search takes all elements in, and no more than once.
 TEST_F(SearchCost, TheFirstSearchCostsOnePassOverTheClass) {
   constexpr int kBars = 2000;
-  for (int number = 1; number <= kBars; ++number)
+  for (int number = 1; number <= kBars; ++number) {
     addBar(number);
+  }
   setPattern(kBars);
   int index = 0;
   EXPECT_TRUE(seeksWithin(30 * kBars, &index));

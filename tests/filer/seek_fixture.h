@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include <quorvan/platform/dom_handles.h>
+#include <quorvan/xml/handles.h>
 
 namespace quorvan::test {
 

@@ -4,9 +4,9 @@
 #include <fstream>
 #include <string>
 
-#include <quorvan/platform/cstring.h>
 #include <quorvan/platform/file_deletion.h>
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/cstring.h>
+#include <quorvan/text/utf8.h>
 
 namespace {
 
@@ -30,8 +30,9 @@ TEST(DeleteFile, DeletesAFileWithALetterOutsideAscii) {
   const std::filesystem::path path =
       std::filesystem::temp_directory_path() / std::filesystem::path(u8"supprim\u00E9.xml");
   std::ofstream(path) << "x";
-  if (!std::filesystem::exists(path))
+  if (!std::filesystem::exists(path)) {
     GTEST_SKIP() << "no such names in this environment";
+  }
   deleteFile(wide(path));
   EXPECT_FALSE(std::filesystem::exists(path));
 }

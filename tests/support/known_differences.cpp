@@ -9,7 +9,7 @@
 #include <span>
 #include <string_view>
 
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -53,23 +53,26 @@ constexpr std::string_view kMadeDeclaration = "<?xml version='1.0' encoding='ISO
 constexpr std::string_view kReadDeclaration = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>";
 
 std::string quoteDeclaration(const std::string& saved) {
-  if (!saved.starts_with(kMadeDeclaration))
+  if (!saved.starts_with(kMadeDeclaration)) {
     return saved;
+  }
   return std::string(kReadDeclaration) + saved.substr(kMadeDeclaration.size());
 }
 
 // A file that is not UTF-8 was not saved so: a test has written or put right it.
 std::string encodeAsDeclared(const std::string& saved) {
-  if (!saved.starts_with(kReadDeclaration))
+  if (!saved.starts_with(kReadDeclaration)) {
     return saved;
+  }
   std::string declared;
   const char* at = saved.data();
   const char* const end = at + saved.size();
   while (at != end) {
     const std::string_view rest(at, static_cast<std::size_t>(end - at));
     const char32_t code = decodeUtf8(at, end);
-    if (code == kReplacementCharacter && !rest.starts_with("\xEF\xBF\xBD"))
+    if (code == kReplacementCharacter && !rest.starts_with("\xEF\xBF\xBD")) {
       return saved;
+    }
     if (code <= 0xFF) {
       declared += static_cast<char>(code);
     } else {
@@ -83,8 +86,9 @@ std::string encodeAsDeclared(const std::string& saved) {
 std::string endLinesAsWindows(const std::string& saved) {
   std::string result;
   for (const char byte : saved) {
-    if (byte == '\n' && !result.ends_with('\r'))
+    if (byte == '\n' && !result.ends_with('\r')) {
       result += '\r';
+    }
     result += byte;
   }
   return result;
@@ -109,20 +113,24 @@ const FailingTest* findTest(std::span<const FailingTest> list, const std::string
 bool isAsListed(const testing::TestInfo& test) {
   const std::string name = std::string(test.test_suite_name()) + '.' + test.name();
   if (!test.should_run()) {
-    if (const FailingTest* const crashing = findTest(kCrashingTests, name))
+    if (const FailingTest* const crashing = findTest(kCrashingTests, name)) {
       std::cout << "known difference: " << name << " is not run: " << crashing->reason << '\n';
+    }
     return true;
   }
   const FailingTest* const listed = findTest(kFailingTests, name);
-  if (test.result()->Skipped())
+  if (test.result()->Skipped()) {
     return true;
+  }
   if (test.result()->Failed()) {
-    if (listed != nullptr)
+    if (listed != nullptr) {
       std::cout << "known difference: " << name << ": " << listed->reason << '\n';
+    }
     return listed != nullptr;
   }
-  if (listed != nullptr)
+  if (listed != nullptr) {
     std::cout << "unexpected success: " << name << " is listed as failing\n";
+  }
   return listed == nullptr;
 }
 
@@ -134,10 +142,12 @@ bool existAsListed(const testing::TestSuite& suite) {
                                                   std::span<const FailingTest>(kCrashingTests)}) {
     for (const FailingTest& listed : list) {
       bool found = !listed.name.starts_with(prefix);
-      for (int i = 0; i < suite.total_test_count(); ++i)
+      for (int i = 0; i < suite.total_test_count(); ++i) {
         found = found || listed.name.substr(prefix.size()) == suite.GetTestInfo(i)->name();
-      if (!found)
+      }
+      if (!found) {
         std::cout << "unknown test: " << listed.name << " is listed as failing\n";
+      }
       exist = exist && found;
     }
   }
@@ -156,15 +166,17 @@ bool runsUnderWine() {
 
 std::string withoutKnownDifferences(std::string saved) {
   if (runsUnderWine()) {
-    for (const ByteDifference& difference : kByteDifferences)
+    for (const ByteDifference& difference : kByteDifferences) {
       saved = difference.undo(saved);
+    }
   }
   return saved;
 }
 
 void leaveOutCrashingTests() {
-  if (!runsUnderWine())
+  if (!runsUnderWine()) {
     return;
+  }
   std::string filter = testing::GTEST_FLAG(filter);
   for (const FailingTest& test : kCrashingTests) {
     filter += (filter.find('-') == std::string::npos ? '-' : ':') + std::string(test.name);
@@ -173,18 +185,21 @@ void leaveOutCrashingTests() {
 }
 
 int judge(int result) {
-  if (!runsUnderWine())
+  if (!runsUnderWine()) {
     return result;
+  }
   const testing::UnitTest& unit = *testing::UnitTest::GetInstance();
   bool asListed = !unit.ad_hoc_test_result().Failed();
   for (int i = 0; i < unit.total_test_suite_count(); ++i) {
     const testing::TestSuite& suite = *unit.GetTestSuite(i);
-    if (suite.ad_hoc_test_result().Failed() || (suite.should_run() && !existAsListed(suite)))
+    if (suite.ad_hoc_test_result().Failed() || (suite.should_run() && !existAsListed(suite))) {
       asListed = false;
+    }
     for (int k = 0; k < suite.total_test_count(); ++k) {
       const testing::TestInfo& test = *suite.GetTestInfo(k);
-      if (!isAsListed(test))
+      if (!isAsListed(test)) {
         asListed = false;
+      }
     }
   }
   return asListed ? 0 : 1;

@@ -10,8 +10,9 @@ namespace quorvan::test {
 template <class Element>
 void readElements(CKtFiler& filer, int most) {
   Element element;
-  for (int i = 0; i < most; ++i)
+  for (int i = 0; i < most; ++i) {
     element.fileIn(&filer);
+  }
   const Element copy(element);
   element = copy;
 }

@@ -9,6 +9,7 @@
 #include <string>
 
 #include <tests/support/saved_file.h>
+#include <tests/support/test_data.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
@@ -129,18 +130,20 @@ TEST(ToolBars, SaysWhenThereAreNone) {
 // The beam's drawing holds a bar list of its own: texts in columns, a row a mark. A stirrup has no
 // width in the file, but in that list.
 TEST(ToolBars, AgreesWithTheBarListInTheExampleDrawing) {
-  const std::string path = std::string(QUORVAN_TEST_DATA) + "/../examples/drawings/beam-b12.json";
+  const std::string path = quorvan::test::dataPath("../examples/drawings/beam-b12.json");
   ASSERT_EQ(runTool({"write", path, "-o", "b12.xml"}).status, 0);
   const json drawing = json::parse(quorvan::test::fileBytes(path));
   std::map<double, std::map<double, std::string>, std::greater<>> rows;
   for (const json& element : drawing["elements"]) {
-    if (element.value("class", "") == "CKtZantoText")
+    if (element.value("class", "") == "CKtZantoText") {
       rows[element["Location"][1]][element["Location"][0]] = element["Contents"];
+    }
   }
   std::string expected;
   for (auto& [y, row] : rows) {
-    if (row[6520].starts_with("HA"))
+    if (row[6520].starts_with("HA")) {
       expected += row[6190] + ' ' + row[6520] + ' ' + row[6970] + ' ' + row[7370] + '\n';
+    }
   }
   std::string found;
   const json list = json::parse(runTool({"bars", "--json", "b12.xml"}).out);

@@ -40,8 +40,9 @@ Report check(const std::string& bytes, const std::vector<std::string>& options =
 std::vector<json> findingsOf(const json& findings, int code) {
   std::vector<json> found;
   for (const json& one : findings) {
-    if (one["code"] == code)
+    if (one["code"] == code) {
       found.push_back(one);
+    }
   }
   return found;
 }
@@ -66,8 +67,9 @@ TEST_P(ToolCheckSeeded, IsFoundWhereItWasSeeded) {
 #ifdef _WIN32
   // The service has its own idea of where a document stops being well-formed, or none, and of the
   // words.
-  if (fault.code == 101)
+  if (fault.code == 101) {
     return;
+  }
 #endif
   const Place place{finding["line"], finding["column"]};
   EXPECT_EQ(place, quorvan::test::placeOf(bytes, fault.mark)) << finding.dump(2);
@@ -101,11 +103,13 @@ INSTANTIATE_TEST_SUITE_P(Faults, ToolCheckSeeded, testing::ValuesIn(quorvan::tes
 // What the seeded faults cannot show in one replacement is tested below; together they are all.
 TEST(ToolCheck, HasASeededFaultForEveryKind) {
   std::set<int> seeded{103, 302, 601, 602};
-  for (const SeededFault& fault : quorvan::test::seededFaults())
+  for (const SeededFault& fault : quorvan::test::seededFaults()) {
     seeded.insert(fault.code);
+  }
   std::set<int> known;
-  for (const auto* const kind : quorvan::tool::findings::kAll)
+  for (const auto* const kind : quorvan::tool::findings::kAll) {
     EXPECT_TRUE(known.insert(kind->number).second) << kind->number << " twice";
+  }
   EXPECT_EQ(seeded, known);
 }
 
@@ -121,8 +125,9 @@ TEST(ToolCheck, NotesARootElementWithAnotherName) {
 
 TEST(ToolCheck, FindsMoreEntriesThanACountCanSay) {
   std::string points;
-  for (int i = 1; i <= 32768; ++i)
+  for (int i = 1; i <= 32768; ++i) {
     points += "<Point" + std::to_string(i) + R"( X="0" Y="0" Z="0"/>)";
+  }
   const Report report =
       check(R"(<Document><CKtFilledPolygon version="1" index="1">)"
             R"(<Vector size="-32768">)" +
@@ -209,8 +214,9 @@ TEST(ToolCheck, ReportsAsPinned) {
   for (const SeededFault& fault : quorvan::test::seededFaults()) {
     const bool isCompatible = fault.code == 105 || fault.code == 204 || fault.code == 301 ||
                               fault.code == 403 || fault.code == 505 || fault.code == 506;
-    if (isCompatible && bytes.find(fault.from) != std::string::npos)
+    if (isCompatible && bytes.find(fault.from) != std::string::npos) {
       bytes = replaced(bytes, fault.from, fault.to);
+    }
   }
   writeFile("faulty.xml", bytes);
   quorvan::test::expectGolden("check.txt", runTool({"check", "faulty.xml"}).out);
@@ -219,8 +225,9 @@ TEST(ToolCheck, ReportsAsPinned) {
 
 TEST(ToolCheck, LeavesTheFileAlone) {
   quorvan::test::writeSample();
-  for (const char* const command : {"info", "list", "bars", "check"})
+  for (const char* const command : {"info", "list", "bars", "check"}) {
     runTool({command, "sample.xml"});
+  }
   EXPECT_EQ(quorvan::test::fileBytes("sample.xml"), sampleBytes());
 }
 

@@ -8,9 +8,10 @@
 #include <set>
 #include <utility>
 
-#include <quorvan/elements/items/item_schema.h>
+#include <quorvan/elements/element_classes.h>
 
 #include <tests/support/saved_file.h>
+#include <tests/support/test_data.h>
 #include <tests/tools/tool_run.h>
 #include <tools/check/finding.h>
 #include <tools/model/item_value.h>
@@ -24,7 +25,7 @@ namespace items = quorvan::items;
 const char* const kCommands[] = {"info", "list", "bars", "check", "draw", "diff", "write"};
 
 std::string projectFile(const std::string& name) {
-  const std::string text = quorvan::test::fileBytes(std::string(QUORVAN_TEST_DATA) + "/../" + name);
+  const std::string text = quorvan::test::fileBytes(quorvan::test::dataPath("../") + name);
   EXPECT_NE(text, "") << name;
   return text;
 }
@@ -35,8 +36,9 @@ std::set<std::string> optionsOf(const std::string& command) {
   const std::string listed = help.substr(0, help.find("Example"));
   std::set<std::string> options;
   const std::regex option("--[a-z]+");
-  for (std::sregex_iterator at(listed.begin(), listed.end(), option), end; at != end; ++at)
+  for (std::sregex_iterator at(listed.begin(), listed.end(), option), end; at != end; ++at) {
     options.insert(at->str());
+  }
   return options;
 }
 
@@ -53,8 +55,9 @@ TEST(ToolDocuments, NameEveryOption) {
       EXPECT_NE(fish.find("-l " + option.substr(2)), std::string::npos) << option;
       EXPECT_NE(manual.find(option), std::string::npos) << option;
     }
-    for (const std::string* const text : std::array{&bash, &zsh, &fish, &std::as_const(manual)})
+    for (const std::string* const text : std::array{&bash, &zsh, &fish, &std::as_const(manual)}) {
       EXPECT_NE(text->find(command), std::string::npos) << command;
+    }
   }
 }
 
@@ -73,8 +76,9 @@ TEST(ToolDocuments, ListEveryFindingWithItsSeverity) {
 
 // What the schema calls the type of a member.
 std::string typeIn(const json& member) {
-  if (member.contains("$ref"))
+  if (member.contains("$ref")) {
     return member["$ref"].get<std::string>().substr(std::string("#/$defs/").size());
+  }
   return member["type"];
 }
 

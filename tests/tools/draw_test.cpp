@@ -5,6 +5,7 @@
 #include <regex>
 
 #include <tests/support/saved_file.h>
+#include <tests/support/test_data.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
@@ -34,15 +35,17 @@ std::string drawElements(const std::string& elements,
 // The group of one layer.
 std::string layer(const std::string& svg, const std::string& name) {
   const std::size_t begin = svg.find("<g data-layer=\"" + name + "\">");
-  if (begin == std::string::npos)
+  if (begin == std::string::npos) {
     return {};
+  }
   return svg.substr(begin, svg.find("</g>", begin) - begin);
 }
 
 std::size_t count(const std::string& text, const std::string& part) {
   std::size_t found = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
     ++found;
+  }
   return found;
 }
 
@@ -68,8 +71,9 @@ TEST(ToolDraw, GivesTheSameBytesForTheSameInput) {
 TEST(ToolDraw, HasALayerForEachKind) {
   const std::string svg = draw(sampleBytes(), {"--marks", "all"});
   for (const char* const name : {"fills", "meshes", "formwork", "lines", "circles", "repartitions",
-                                 "links", "bars", "end-on", "texts", "marks", "title"})
+                                 "links", "bars", "end-on", "texts", "marks", "title"}) {
     EXPECT_FALSE(layer(svg, name).empty()) << name;
+  }
 }
 
 // 1:1 on a sheet around it: a margin of 8 mm, the title block below.
@@ -99,8 +103,9 @@ TEST(ToolDraw, TakesSheetsByNameAndBySize) {
   EXPECT_NE(draw(sampleBytes(), {"--sheet", "630x297"}).find("viewBox=\"0 0 630 297\""),
             std::string::npos);
   quorvan::test::writeSample();
-  for (const char* const sheet : {"A9", "630", "x", "-1x5", "1e9x5"})
+  for (const char* const sheet : {"A9", "630", "x", "-1x5", "1e9x5"}) {
     EXPECT_EQ(runTool({"draw", "sample.xml", "-o", "x.svg", "--sheet", sheet}).status, 2) << sheet;
+  }
 }
 
 TEST(ToolDraw, DrawsBulgesAsArcs) {
@@ -231,8 +236,9 @@ TEST(ToolDraw, PutsNoLabelOverAnother) {
   const std::string svg = layer(draw(replaced(sample, series, series + series)), "repartitions");
   const std::regex label("x=\"([0-9.]+)\" y=\"([0-9.]+)\"[^>]*>\\(6\\)");
   std::vector<std::string> places;
-  for (std::sregex_iterator at(svg.begin(), svg.end(), label); at != std::sregex_iterator(); ++at)
+  for (std::sregex_iterator at(svg.begin(), svg.end(), label); at != std::sregex_iterator(); ++at) {
     places.push_back((*at)[1].str() + ' ' + (*at)[2].str());
+  }
   ASSERT_EQ(places.size(), 2U) << svg;
   EXPECT_NE(places[0], places[1]);
 }
@@ -243,8 +249,9 @@ TEST(ToolDraw, ExplainsTheLinesThatItDrew) {
   EXPECT_EQ(plain.find(">hidden</text>"), std::string::npos);
   EXPECT_EQ(plain.find(">link</text>"), std::string::npos);
   const std::string all = layer(draw(sampleBytes()), "title");
-  for (const char* const kind : {"formwork", "mesh", "bar", "link", "bar seen end-on", "hidden"})
+  for (const char* const kind : {"formwork", "mesh", "bar", "link", "bar seen end-on", "hidden"}) {
     EXPECT_NE(all.find('>' + std::string(kind) + "</text>"), std::string::npos) << kind;
+  }
   EXPECT_EQ(layer(draw(sampleBytes(), {"--hidden", "solid"}), "title").find(">hidden<"),
             std::string::npos);
 }
@@ -257,8 +264,7 @@ TEST(ToolDraw, HasAScaleToMeasureBy) {
 }
 
 TEST(ToolDraw, DrawsThePictureThatTheProjectShows) {
-  const std::string drawing =
-      std::string(QUORVAN_TEST_DATA) + "/../examples/drawings/beam-b12.json";
+  const std::string drawing = quorvan::test::dataPath("../examples/drawings/beam-b12.json");
   ASSERT_EQ(runTool({"write", drawing, "-o", "beam-b12.xml"}).err, "");
   ASSERT_EQ(runTool({"draw", "beam-b12.xml", "-o", "beam.svg", "--scale", "25"}).err, "");
   quorvan::test::expectGolden("../../../docs/images/beam-b12.svg", fileBytes("beam.svg"));
@@ -305,8 +311,10 @@ TEST(ToolDraw, MarksEachMarkOnceUnlessATextNamesIt) {
 
 TEST(ToolDraw, FillsTheTitleBlockFromTheControlRecord) {
   const std::string title = layer(draw(sampleBytes()), "title");
-  for (const char* const text : {">B1 \u2013 \u00E9tage<", ">drawn.xml<", ">2025.1 SP2<", ">4711<"})
+  for (const char* const text :
+       {">B1 \u2013 \u00E9tage<", ">drawn.xml<", ">2025.1 SP2<", ">4711<"}) {
     EXPECT_NE(title.find(text), std::string::npos) << text;
+  }
 }
 
 TEST(ToolDraw, LooksFromOtherSides) {
@@ -348,8 +356,9 @@ TEST(ToolDrawPage, CarriesTheElementsAndTheBarListAndLoadsNothing) {
   ASSERT_EQ(runTool({"draw", "sample.xml", "-o", "sample.html"}).err, "");
   const std::string page = fileBytes("sample.html");
   EXPECT_NE(page.find("default-src 'none'"), std::string::npos);
-  for (const char* const loading : {"src=\"", "href=", "@import", "url(", "fetch(", "https:"})
+  for (const char* const loading : {"src=\"", "href=", "@import", "url(", "fetch(", "https:"}) {
     EXPECT_EQ(page.find(loading), std::string::npos) << loading;
+  }
   EXPECT_EQ(count(page, "http:"), count(page, "http://www.w3.org/"));
   const char* const pin =
       R"--(["CKtZantoPin", "1", "pin, mark 4, diameter 8 B500B, length 340, at )--"

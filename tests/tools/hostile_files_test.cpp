@@ -19,8 +19,9 @@ void expectAnswers(const std::string& bytes) {
 
 std::string repeated(const std::string& text, int count) {
   std::string all;
-  for (int i = 0; i < count; ++i)
+  for (int i = 0; i < count; ++i) {
     all += text;
+  }
   return all;
 }
 
@@ -31,9 +32,10 @@ TEST(ToolHostileFiles, MayBeNestedDeeply) {
 
 TEST(ToolHostileFiles, MayMultiplyEntities) {
   std::string entities = "<!DOCTYPE d [<!ENTITY e0 'xxxxxxxxxx'>";
-  for (int i = 1; i < 12; ++i)
+  for (int i = 1; i < 12; ++i) {
     entities += "<!ENTITY e" + std::to_string(i) + " '" +
                 repeated("&e" + std::to_string(i - 1) + ";", 10) + "'>";
+  }
   expectAnswers(entities + "]><d a='&e11;'/>");
 }
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <numbers>
 
-#include <tools/draw/hooks.h>
-#include <tools/draw/path.h>
+#include <tools/draw/scene/path.h>
+#include <tools/draw/shapes/hooks.h>
 
 namespace {
 
@@ -70,8 +70,9 @@ TEST(ToolPath, RoundsEveryCornerOfAClosedOne) {
   Path path;
   path.addRounded({{0, 0}, {10, 0}, {10, 10}, {0, 10}}, true, 1);
   int arcs = 0;
-  for (const PathStep& step : path.steps())
+  for (const PathStep& step : path.steps()) {
     arcs += step.kind == PathStep::Kind::kArc ? 1 : 0;
+  }
   EXPECT_EQ(arcs, 4);
   EXPECT_EQ(path.steps().back().kind, PathStep::Kind::kClose);
 }

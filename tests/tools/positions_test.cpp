@@ -3,7 +3,7 @@
 
 #include <sstream>
 
-#include <tools/model/source_text.h>
+#include <tools/files/source_text.h>
 
 namespace {
 
@@ -17,8 +17,9 @@ std::string positionsIn(const std::string& bytes) {
   const SourceEncoding encoding = encodingOf(bytes);
   std::string text;
   for (const auto& position : quorvan::tool::startTagPositions(
-           quorvan::tool::plainText(bytes, encoding), encoding.isSingleByte, progress))
+           quorvan::tool::plainText(bytes, encoding), encoding.isSingleByte, progress)) {
     text += std::to_string(position.line) + ':' + std::to_string(position.column) + ' ';
+  }
   return text;
 }
 

@@ -16,8 +16,9 @@ TEST(ToolProgram, AnswersHelpOnItsOutput) {
   const auto run = runTool({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
-  for (const char* const command : kCommands)
+  for (const char* const command : kCommands) {
     EXPECT_NE(run.out.find(std::string("  ") + command + " "), std::string::npos) << command;
+  }
 }
 
 TEST(ToolProgram, ShowsExamplesInTheHelpOfEveryCommand) {

@@ -14,8 +14,9 @@ class ToolProgress : public testing::Test {
  protected:
   // Reports often enough for the clock to be looked at.
   static void report(Progress& progress, std::uint64_t done, std::uint64_t total) {
-    for (int i = 0; i < 256; ++i)
+    for (int i = 0; i < 256; ++i) {
       progress.report(done, total);
+    }
   }
 
   Progress::Clock clock() {

@@ -40,8 +40,9 @@ TEST_P(ToolRepairSeeded, LeavesNothingOfWhatItMendsAndTheOriginalAlone) {
   }
   bool isLeft = false;
   const json report = json::parse(run.out);
-  for (const json& finding : report["files"][0]["findings"])
+  for (const json& finding : report["files"][0]["findings"]) {
     isLeft = isLeft || finding["code"] == fault.code;
+  }
   EXPECT_EQ(isLeft, !fault.isMended && fault.code != 701) << run.out;
 }
 

@@ -1,3 +1,4 @@
+#include <tests/support/test_data.h>
 #include <tests/tools/sample.h>
 
 #include <gtest/gtest.h>
@@ -10,11 +11,11 @@
 namespace quorvan::test {
 
 std::string sampleBytes() {
-  return fileBytes(std::string(QUORVAN_TEST_DATA) + "/tools/golden/sample.xml");
+  return fileBytes(quorvan::test::dataPath("tools/golden/sample.xml"));
 }
 
 std::string sampleDrawing() {
-  return fileBytes(std::string(QUORVAN_TEST_DATA) + "/tools/data/sample.json");
+  return fileBytes(quorvan::test::dataPath("tools/data/sample.json"));
 }
 
 void writeFile(const std::string& name, const std::string& bytes) {
@@ -28,8 +29,9 @@ void writeSample() {
 std::string replaced(const std::string& text, const std::string& from, const std::string& to) {
   const std::size_t at = text.find(from);
   EXPECT_NE(at, std::string::npos) << from;
-  if (at == std::string::npos)
+  if (at == std::string::npos) {
     return text;
+  }
   return text.substr(0, at) + to + text.substr(at + from.size());
 }
 

@@ -3,7 +3,7 @@
 #include <limits>
 #include <sstream>
 
-#include <tools/drawing_json/element_lines.h>
+#include <tools/drawing/element_lines.h>
 #include <tools/model/item_text.h>
 #include <tools/model/repartition.h>
 #include <tools/text/json_text.h>
@@ -49,21 +49,25 @@ TEST(ToolTable, AlignsByCharacters) {
 }
 
 TEST(ToolItemText, KnowsNumbersFromOtherTexts) {
-  for (const char* const text : {"1", "-1.5", "+.5", "5.", "1e5", "1.5E-3"})
+  for (const char* const text : {"1", "-1.5", "+.5", "5.", "1e5", "1.5E-3"}) {
     EXPECT_TRUE(quorvan::tool::isDecimalNumber(text)) << text;
-  for (const char* const text : {"", "-", ".", "1,5", "1.5 ", " 1", "1e", "1e1.5", "0x1", "inf"})
+  }
+  for (const char* const text : {"", "-", ".", "1,5", "1.5 ", " 1", "1e", "1e1.5", "0x1", "inf"}) {
     EXPECT_FALSE(quorvan::tool::isDecimalNumber(text)) << text;
+  }
   EXPECT_EQ(quorvan::tool::exactLong("-2147483648"), std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(quorvan::tool::exactLong("+7"), 7);
-  for (const char* const text : {"", "2147483648", "1.0", "7 ", "0x7"})
+  for (const char* const text : {"", "2147483648", "1.0", "7 ", "0x7"}) {
     EXPECT_FALSE(quorvan::tool::exactLong(text)) << text;
+  }
 }
 
 TEST(ToolItemText, ReadsTheNumbersOfEntries) {
   EXPECT_EQ(quorvan::tool::entryNumber("Point12", "Point"), 12U);
   for (const char* const name :
-       {"Point", "Point0", "Point01", "Point1x", "Pin1", "Point99999999999"})
+       {"Point", "Point0", "Point01", "Point1x", "Pin1", "Point99999999999"}) {
     EXPECT_FALSE(quorvan::tool::entryNumber(name, "Point")) << name;
+  }
 }
 
 TEST(ToolSpacing, IsToldInRuns) {

@@ -1,3 +1,4 @@
+#include <tests/support/test_data.h>
 #include <tests/tools/tool_run.h>
 
 #include <gtest/gtest.h>
@@ -20,9 +21,10 @@ ToolRun runTool(const std::vector<std::string>& arguments) {
 }
 
 void expectGolden(const std::string& name, const std::string& text) {
-  const std::string path = std::string(QUORVAN_TEST_DATA) + "/tools/golden/" + name;
-  if (std::getenv("QUORVAN_UPDATE_GOLDEN") != nullptr)
+  const std::string path = quorvan::test::dataPath("tools/golden/") + name;
+  if (std::getenv("QUORVAN_UPDATE_GOLDEN") != nullptr) {
     std::ofstream(path, std::ios::binary) << text;
+  }
   EXPECT_EQ(text, fileBytes(path)) << path;
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include <tests/support/saved_file.h>
+#include <tests/support/test_data.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
@@ -52,8 +53,9 @@ TEST(ToolWrite, GivesTheSameDrawingInItsListing) {
   const json listed = json::parse(runTool({"list", "--json", "written.xml"}).out);
   EXPECT_EQ(listed["drawing"], given["drawing"]);
   ASSERT_EQ(listed["elements"].size(), given["elements"].size());
-  for (std::size_t i = 0; i + 1 < given["elements"].size(); ++i)
+  for (std::size_t i = 0; i + 1 < given["elements"].size(); ++i) {
     EXPECT_EQ(listed["elements"][i], given["elements"][i]);
+  }
   EXPECT_EQ(listed["elements"].back()["class"], "CKtZantoRepartition");
 }
 
@@ -61,7 +63,7 @@ class ToolWriteExamples : public testing::TestWithParam<const char*> {};
 
 TEST_P(ToolWriteExamples, GivesTheSameFileForTheListing) {
   const std::string drawing =
-      std::string(QUORVAN_TEST_DATA) + "/../examples/drawings/" + GetParam() + ".json";
+      quorvan::test::dataPath("../examples/drawings/") + GetParam() + ".json";
   ASSERT_EQ(runTool({"write", drawing, "-o", "first.xml"}).err, "");
   quorvan::test::writeFile("listing.json", runTool({"list", "--json", "first.xml"}).out);
   ASSERT_EQ(runTool({"write", "listing.json", "-o", "second.xml"}).err, "");
@@ -98,8 +100,9 @@ TEST(ToolWrite, LeavesNothingBesideTheFile) {
   quorvan::test::writeFile("drawing.json", quorvan::test::sampleDrawing());
   ASSERT_EQ(runTool({"write", "drawing.json", "-o", "folder/written.xml"}).status, 0);
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator("folder"))
+  for (const auto& entry : std::filesystem::directory_iterator("folder")) {
     names.push_back(entry.path().filename().string());
+  }
   EXPECT_EQ(names, std::vector<std::string>{"written.xml"});
 }
 

@@ -10,7 +10,8 @@
 
 #include <tests/support/com_initialization.h>
 #include <tests/support/saved_file.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::dom {
 namespace {

@@ -5,7 +5,8 @@
 #include <tests/support/com_initialization.h>
 #include <tests/support/known_differences.h>
 #include <tests/support/saved_file.h>
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::test {
 namespace {
@@ -27,8 +28,9 @@ class KnownDifferences : public testing::Test {
     dom::save(m_document, CString(L"loaded.xml"));
   }
   void SetUp() override {
-    if (!runsUnderWine())
+    if (!runsUnderWine()) {
       GTEST_SKIP() << "these are differences of Wine's service";
+    }
   }
 
   IXMLDOMDocumentPtr m_document;

@@ -20,8 +20,9 @@ class Library {
  public:
   Library() : m_module(::LoadLibraryA(QUORVAN_LIBRARY)) {}
   ~Library() {
-    if (m_module != nullptr)
+    if (m_module != nullptr) {
       ::FreeLibrary(m_module);
+    }
   }
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
@@ -48,8 +49,9 @@ using EndFiling = void(const wchar_t*, long, const wchar_t*, int);
 void loadAndFree(bool write) {
   const Library library;
   ASSERT_NE(library.module(), nullptr) << ::GetLastError();
-  if (!write)
+  if (!write) {
     return;
+  }
   library.function<StartFiling>("startFiling")(L"life.xml");
   library.function<ExportLine>("exportLine")(0, 0, 0, 1, 0, 0, 7);
   library.function<EndFiling>("endFiling")(L"2025", 1, L"B12", 42);
@@ -63,8 +65,9 @@ void loadAndFreeOnThread(int kind) {
       ::CoInitializeEx(nullptr, kind % 3 == 1 ? COINIT_APARTMENTTHREADED : COINIT_MULTITHREADED);
     }
     loadAndFree(kind % 10 == 0);
-    if (com && kind % 3 == 1)
+    if (com && kind % 3 == 1) {
       ::CoUninitialize();
+    }
   }).join();
 }
 
@@ -80,8 +83,9 @@ int openHandles() {
   int open = 0;
   for (std::uintptr_t handle = 4; handle < kEnd; handle += 4) {
     DWORD flags = 0;
-    if (::GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != 0)
+    if (::GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != 0) {
       ++open;
+    }
   }
   return open;
 }
@@ -94,18 +98,21 @@ Usage usage() {
   MEMORY_BASIC_INFORMATION region{};
   for (const char* at = nullptr; ::VirtualQuery(at, &region, sizeof region) != 0;
        at = static_cast<const char*>(region.BaseAddress) + region.RegionSize) {
-    if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE)
+    if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE) {
       now.bytes += region.RegionSize;
+    }
   }
   return now;
 }
 
 TEST(Library, IsLoadedAndFreedAThousandTimesWithoutGrowth) {
-  for (int i = 0; i < 100; ++i)
+  for (int i = 0; i < 100; ++i) {
     loadAndFreeOnThread(i);
+  }
   const Usage before = usage();
-  for (int i = 0; i < 1000; ++i)
+  for (int i = 0; i < 1000; ++i) {
     loadAndFreeOnThread(i);
+  }
   const Usage after = usage();
   EXPECT_EQ(::GetModuleHandleA("quorvan.dll"), nullptr);
   EXPECT_LE(after.handles, before.handles + 2);
@@ -147,8 +154,9 @@ TEST(Library, HoldsThePromptInFrenchOnly) {
   ASSERT_NE(found, nullptr);
   const auto* entry =
       static_cast<const wchar_t*>(::LockResource(::LoadResource(library.module(), found)));
-  for (int i = 0; i < kPrompt % kBlockSize; ++i)
+  for (int i = 0; i < kPrompt % kBlockSize; ++i) {
     entry += 1 + *entry;
+  }
   EXPECT_EQ(
       std::wstring(entry + 1, *entry),
       L"Un probl\u00E8me syst\u00E8me est survenu ! Il semble que vous n'ayez pas une version "

@@ -12,8 +12,9 @@
 #include <quorvan/export/export.h>
 #include <quorvan/filer/filer.h>
 #include <quorvan/platform/com_error.h>
-#include <quorvan/platform/dom.h>
 #include <quorvan/platform/message_box.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan {
 namespace {
@@ -38,8 +39,9 @@ class MissingService : public testing::Test {
     setMessageBoxHook(keep);
   }
   void SetUp() override {
-    if (!test::runsUnderWine())
+    if (!test::runsUnderWine()) {
       GTEST_SKIP() << "only Wine's service can be kept away";
+    }
   }
   ~MissingService() override { setMessageBoxHook(nullptr); }
 

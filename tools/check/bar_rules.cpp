@@ -19,20 +19,23 @@ std::string comparedTexts(const DocumentTree& tree, const Element& element) {
        item = tree.nextSibling(*item)) {
     for (const Attribute& attribute : tree.attributes(*item)) {
       // Lengths keep neighbouring texts apart.
-      for (const std::string_view part : {item->name, attribute.name, attribute.value})
+      for (const std::string_view part : {item->name, attribute.name, attribute.value}) {
         texts.append(std::to_string(part.size())).append(1, ':').append(part);
+      }
     }
   }
   return texts;
 }
 
 void HiddenBarRule::look(const Element& element, const Bar& bar) {
-  if (!bar.isHidden || bar.shape == BarShape::kPoint)
+  if (!bar.isHidden || bar.shape == BarShape::kPoint) {
     return;
+  }
   const auto [known, isNew] = m_seen.emplace(comparedTexts(m_file.tree(), element), &element);
-  if (!isNew)
+  if (!isNew) {
     m_sink.add(findings::kEqualHiddenBars, element, "",
                "the same items as " + nameOf(m_file, *known->second), "one of them");
+  }
 }
 
 void ReferenceRule::look(const Element& element, const Bar& bar) {
@@ -47,32 +50,38 @@ void ReferenceRule::look(const Element& element, const Bar& bar) {
   const bool isEndOn = !bar.hasLength();
   if (std::ranges::any_of(known, isLike)) {
     // A bar with a length tells more than the ones seen end-on.
-    if (!isEndOn && known.front().shape == BarShape::kPoint)
+    if (!isEndOn && known.front().shape == BarShape::kPoint) {
       known.front() = variant;
+    }
     return;
   }
-  if (known.size() == kMostVariants)
+  if (known.size() == kMostVariants) {
     return;
-  if (!known.empty())
+  }
+  if (!known.empty()) {
     m_sink.add(findings::kReferenceDiffers, element, "Reference", describe(variant),
                describe(known.front()) + " as in " + nameOf(m_file, *known.front().element));
+  }
   known.push_back(variant);
 }
 
 bool ReferenceRule::areAlike(const Variant& a, const Variant& b) {
   constexpr double kLengthTolerance = 1e-3;  // of the length
-  if (a.steel != b.steel)
+  if (a.steel != b.steel) {
     return false;
-  if (a.shape == BarShape::kPoint || b.shape == BarShape::kPoint)
+  }
+  if (a.shape == BarShape::kPoint || b.shape == BarShape::kPoint) {
     return true;
+  }
   return a.shape == b.shape &&
          std::abs(a.length - b.length) <= kLengthTolerance * std::max(a.length, b.length);
 }
 
 std::string ReferenceRule::describe(const Variant& variant) {
   std::string text = std::string(shapeName(variant.shape)) + ", " + variant.steel;
-  if (variant.length != 0.0)
+  if (variant.length != 0.0) {
     text += ", length " + fixed(variant.length, kLengthDecimals);
+  }
   return text;
 }
 
@@ -80,28 +89,31 @@ void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& 
                    FindingSink& sink) {
   const auto difference = [&bar](double size) { return std::abs(size - bar.diameter); };
   const auto nearest = std::ranges::min_element(sizes.diameters, {}, difference);
-  if (nearest == sizes.diameters.end() || difference(*nearest) < kSizeTolerance)
+  if (nearest == sizes.diameters.end() || difference(*nearest) < kSizeTolerance) {
     return;
+  }
   sink.add(findings::kDiameter, element, "Diameter", shortest(bar.diameter),
            "a standard size, the nearest is " + shortest(*nearest));
 }
 
 void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
                       FindingSink& sink) {
-  if (!barShapeOf(series.className))
+  if (!barShapeOf(series.className)) {
     sink.add(findings::kRepartitionDangles, element, "DefClassName", '"' + series.className + '"',
              "the class of a bar or link");
-  else if (index.find(series.className, series.index) == nullptr)
+  } else if (index.find(series.className, series.index) == nullptr) {
     sink.add(findings::kRepartitionDangles, element, "Index",
              series.className + ' ' + std::to_string(series.index) + ", which is not there",
              "the index of a " + series.className + " in the file");
+  }
   const std::size_t count = series.top.size();
   if (series.bottom.size() != count ||
-      (series.positions.size() != count && series.positions.size() + 1 != count))
+      (series.positions.size() != count && series.positions.size() + 1 != count)) {
     sink.add(findings::kRepartitionLists, element, "Positions",
              std::to_string(count) + " top distances, " + std::to_string(series.bottom.size()) +
                  " bottom distances, " + std::to_string(series.positions.size()) + " positions",
              "equal numbers, or one position fewer");
+  }
 }
 
 }  // namespace quorvan::tool

@@ -48,8 +48,9 @@ class Checker {
     reportProblems(element, m_problems, m_sink);
     checkTexts(element, items, m_sink);
     // What the drawing says is looked at where the items are whole.
-    if (std::ranges::any_of(m_problems, isError))
+    if (std::ranges::any_of(m_problems, isError)) {
       return;
+    }
     if (const auto shape = barShapeOf(element.className())) {
       const Bar bar = toBar(*shape, items);
       m_hidden.look(element, bar);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include <tools/check/finding.h>
-#include <tools/model/transfer_file.h>
+#include <tools/files/transfer_file.h>
 
 namespace quorvan::tool {
 

@@ -1,4 +1,4 @@
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 #include <tools/check/rules.h>
 #include <tools/model/control_members.h>
@@ -20,14 +20,17 @@ std::int32_t following(std::int32_t index) {
 
 void checkDocument(const TransferFile& file, FindingSink& sink) {
   const Node& root = file.tree().root();
-  for (const Position& position : file.forbiddenCharacters())
+  for (const Position& position : file.forbiddenCharacters()) {
     sink.add(findings::kForbiddenCharacter, position, "a control character", "none");
-  if (!file.nodeBeforeRoot().empty())
+  }
+  if (!file.nodeBeforeRoot().empty()) {
     sink.add(findings::kNodeBeforeRoot, root.position, '"' + file.nodeBeforeRoot() + '"',
              "the root element behind the declaration");
-  if (root.name != kRootName)
+  }
+  if (root.name != kRootName) {
     sink.add(findings::kRootName, root.position, '"' + std::string(root.name) + '"',
              '"' + std::string(kRootName) + '"');
+  }
 }
 
 void checkControl(const TransferFile& file, FindingSink& sink) {
@@ -38,19 +41,21 @@ void checkControl(const TransferFile& file, FindingSink& sink) {
     return;
   }
   for (const Element& element : file.elements()) {
-    if (element.className() == kControlClass && &element != &file.elements().back())
+    if (element.className() == kControlClass && &element != &file.elements().back()) {
       sink.add(findings::kControlNotLast, element, "",
                std::to_string(file.elements().size() - 1 - element.place) + " elements behind it",
                "none");
+    }
   }
 }
 
 void IndexRule::look(const Element& element) {
   const std::string_view* const version = m_file.tree().attribute(*element.node, "version");
-  if (version == nullptr || *version != kVersion)
+  if (version == nullptr || *version != kVersion) {
     m_sink.add(findings::kVersion, element, "",
                version == nullptr ? "no version" : "version=\"" + std::string(*version) + '"',
                "version=\"1\"");
+  }
   Seen& seen = m_classes[element.className()];
   const std::int32_t expected = following(seen.last);
   const std::string_view* const text = m_file.tree().attribute(*element.node, "index");

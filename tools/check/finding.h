@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include <tools/model/document_tree.h>
+#include <tools/files/document_tree.h>
 
 namespace quorvan::tool {
 

@@ -1,4 +1,4 @@
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 #include <tools/check/rules.h>
 
@@ -53,22 +53,26 @@ const FindingKind& findingKindOf(ProblemKind problem) {
 
 void reportProblems(const Element& element, const std::vector<ItemProblem>& problems,
                     FindingSink& sink) {
-  for (const ItemProblem& problem : problems)
+  for (const ItemProblem& problem : problems) {
     sink.add(findingKindOf(problem.kind), element, problem.item, problem.found, problem.expected,
              problem.at);
+  }
 }
 
 void checkTexts(const Element& element, const std::vector<ItemValue>& items, FindingSink& sink) {
   for (const ItemValue& item : items) {
-    if (item.text.empty())
+    if (item.text.empty()) {
       continue;
+    }
     const TextFaults faults = faultsOf(item.text);
-    if (faults.isLost)
+    if (faults.isLost) {
       sink.add(findings::kLostCharacter, element, item.schema->name, '"' + item.text + '"',
                "a text without U+FFFD", item.node);
-    if (faults.isControl)
+    }
+    if (faults.isControl) {
       sink.add(findings::kControlCharacter, element, item.schema->name, '"' + item.text + '"',
                "a text without U+007F to U+009F", item.node);
+    }
   }
 }
 

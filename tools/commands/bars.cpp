@@ -2,12 +2,12 @@
 
 #include <memory>
 
-#include <tools/bars/bar_list.h>
-#include <tools/bars/bar_sources.h>
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
+#include <tools/schedule/bar_list.h>
+#include <tools/schedule/bar_sources.h>
 #include <tools/text/csv.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
@@ -30,8 +30,9 @@ struct BarsArguments {
 
 const LengthUnit& unitNamed(std::string_view name) {
   for (const LengthUnit& unit : kLengthUnits) {
-    if (unit.name == name)
+    if (unit.name == name) {
       return unit;
+    }
   }
   throw Failure('"' + std::string(name) + "\" is not a unit; there are mm, cm, m");
 }
@@ -69,10 +70,11 @@ void printRows(const TransferFile& file, const BarList& list, const LengthUnit& 
   table.addColumn("shape");
   table.addColumn("grade");
   table.addColumn("adherence");
-  for (const char* const title : {"diameter", "number", "length", "total", "mass"})
+  for (const char* const title : {"diameter", "number", "length", "total", "mass"}) {
     table.addColumn(title, Table::Align::kRight);
+  }
   table.addColumn("elements");
-  for (const BarRow& row : list.rows)
+  for (const BarRow& row : list.rows) {
     table.addRow(
         {std::to_string(row.mark), std::string(shapeName(row.shape)), row.grade, row.adherence,
          rounded(row.diameter, 2), std::to_string(row.number()), lengthText(row, unit),
@@ -80,6 +82,7 @@ void printRows(const TransferFile& file, const BarList& list, const LengthUnit& 
          row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), kMassDecimals) : "-",
          sourceText(file, row) +
              (row.hidden == 0 ? "" : " (" + std::to_string(row.hidden) + " hidden)")});
+  }
   table.print(out);
 }
 
@@ -87,11 +90,13 @@ void printSums(const BarList& list, const LengthUnit& unit, std::ostream& out) {
   Table table;
   table.addColumn("diameter", Table::Align::kRight);
   table.addColumn("grade");
-  for (const char* const title : {"number", "total", "mass"})
+  for (const char* const title : {"number", "total", "mass"}) {
     table.addColumn(title, Table::Align::kRight);
-  for (const BarSum& sum : list.sums)
+  }
+  for (const BarSum& sum : list.sums) {
     table.addRow({rounded(sum.diameter, 2), sum.grade, std::to_string(sum.number),
                   metres(sum.length, unit), fixed(sum.mass, kMassDecimals)});
+  }
   out << '\n';
   table.print(out);
   out << "\nTotal mass: " << fixed(list.mass, kMassDecimals) << " kg\n";
@@ -106,9 +111,10 @@ void printText(const TransferFile& file, const BarList& list, const LengthUnit& 
     printRows(file, list, unit, out);
     printSums(list, unit, out);
   }
-  if (list.meshes != 0)
+  if (list.meshes != 0) {
     out << "Not in this list: " << list.meshes
         << (list.meshes == 1 ? " mesh sheet.\n" : " mesh sheets.\n");
+  }
 }
 
 void printCsv(const TransferFile& file, const BarList& list, const LengthUnit& unit,
@@ -116,7 +122,7 @@ void printCsv(const TransferFile& file, const BarList& list, const LengthUnit& u
   const std::string name(unit.name);
   out << csvLine({"mark", "shape", "grade", "adherence", "diameter [" + name + ']', "number",
                   "length [" + name + ']', "total length [m]", "mass [kg]", "elements"});
-  for (const BarRow& row : list.rows)
+  for (const BarRow& row : list.rows) {
     out << csvLine(
         {std::to_string(row.mark), std::string(shapeName(row.shape)), row.grade, row.adherence,
          rounded(row.diameter, 2), std::to_string(row.number()),
@@ -124,6 +130,7 @@ void printCsv(const TransferFile& file, const BarList& list, const LengthUnit& u
          row.hasLength ? metres(row.totalLength(), unit) : "",
          row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), kMassDecimals) : "",
          sourceText(file, row)});
+  }
 }
 
 // Rounded to what the list shows.
@@ -133,8 +140,9 @@ Json number(double value, int decimals) {
 
 Json toJson(const TransferFile& file, const std::vector<const Element*>& elements) {
   Json list = Json::array();
-  for (const Element* const element : elements)
+  for (const Element* const element : elements) {
     list.push_back({{"class", element->className()}, {"index", file.indexOf(*element)}});
+  }
   return list;
 }
 
@@ -153,8 +161,9 @@ Json toJson(const TransferFile& file, const BarRow& row, const LengthUnit& unit)
   result["hidden"] = row.hidden;
   result["elements"] = Json::array();
   for (const SourceElements& source : row.sources) {
-    for (const Json& one : toJson(file, source.elements))
+    for (const Json& one : toJson(file, source.elements)) {
       result["elements"].push_back(one);
+    }
   }
   result["endOn"] = toJson(file, row.endOn);
   return result;
@@ -168,15 +177,17 @@ void printJson(const TransferFile& file, const BarList& list, const LengthUnit& 
   result["unit"] = unit.name;
   result["density"] = kSteelDensity;
   result["bars"] = Json::array();
-  for (const BarRow& row : list.rows)
+  for (const BarRow& row : list.rows) {
     result["bars"].push_back(toJson(file, row, unit));
+  }
   result["sums"] = Json::array();
-  for (const BarSum& sum : list.sums)
+  for (const BarSum& sum : list.sums) {
     result["sums"].push_back({{"diameter", sum.diameter},
                               {"grade", sum.grade},
                               {"number", sum.number},
                               {"totalLength", number(sum.length * unit.inMetres, kMetreDecimals)},
                               {"mass", number(sum.mass, kMassDecimals)}});
+  }
   result["mass"] = number(list.mass, kMassDecimals);
   result["meshes"] = list.meshes;
   out << indentedJson(result);
@@ -186,12 +197,13 @@ void listBars(const BarsArguments& arguments, Console& console) {
   const LengthUnit& unit = unitNamed(arguments.unit);
   const TransferFile file(arguments.file, console);
   const BarList list = makeBarList(file, unit);
-  if (arguments.asJson)
+  if (arguments.asJson) {
     printJson(file, list, unit, console.out);
-  else if (arguments.asCsv)
+  } else if (arguments.asCsv) {
     printCsv(file, list, unit, console.out);
-  else
+  } else {
     printText(file, list, unit, console.out);
+  }
 }
 
 }  // namespace

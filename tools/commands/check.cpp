@@ -8,7 +8,7 @@
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
 #include <tools/console/terminal.h>
-#include <tools/filing/work_folder.h>
+#include <tools/files/work_folder.h>
 #include <tools/repair/repair.h>
 #include <tools/text/json_text.h>
 #include <tools/text/table.h>
@@ -46,8 +46,9 @@ FileFindings findIn(const std::string& name, const StandardSizes& sizes, Console
 }
 
 std::string placeOf(const std::string& file, const Finding& finding) {
-  if (finding.position.line == 0)
+  if (finding.position.line == 0) {
     return file;
+  }
   return file + ':' + std::to_string(finding.position.line) + ':' +
          std::to_string(finding.position.column);
 }
@@ -56,12 +57,15 @@ void print(const std::string& file, const Finding& finding, std::ostream& out) {
   out << printable(placeOf(file, finding)) << ": " << severityName(finding.kind->severity) << ' '
       << finding.kind->number << ": " << finding.kind->title;
   std::string subject = finding.className;
-  if (!finding.index.empty())
+  if (!finding.index.empty()) {
     subject += ' ' + finding.index;
-  if (!finding.item.empty())
+  }
+  if (!finding.item.empty()) {
     subject += (subject.empty() ? "" : ", ") + finding.item;
-  if (!subject.empty())
+  }
+  if (!subject.empty()) {
     out << ": " << printable(subject);
+  }
   out << "\n    found " << printable(finding.found) << "; expected " << printable(finding.expected)
       << "\n    to mend: " << finding.kind->remedy
       << (finding.kind->isRepairable ? " [--repair]" : "") << '\n';
@@ -72,15 +76,17 @@ std::string counted(std::int64_t count, std::string_view what) {
 }
 
 void print(const FileFindings& result, std::ostream& out) {
-  for (const Finding& finding : result.findings)
+  for (const Finding& finding : result.findings) {
     print(result.file, finding, out);
+  }
   out << printable(result.file) << ": ";
-  if (result.findings.empty())
+  if (result.findings.empty()) {
     out << "no findings\n";
-  else
+  } else {
     out << counted(result.count(Severity::kError), "error") << ", "
         << counted(result.count(Severity::kWarning), "warning") << ", "
         << counted(result.count(Severity::kNote), "note") << '\n';
+  }
 }
 
 Json toJson(const Finding& finding, std::size_t number) {
@@ -102,8 +108,9 @@ Json toJson(const Finding& finding, std::size_t number) {
 
 Json toJson(const FileFindings& result) {
   Json findings = Json::array();
-  for (const Finding& finding : result.findings)
+  for (const Finding& finding : result.findings) {
     findings.push_back(toJson(finding, findings.size() + 1));
+  }
   return {{"file", result.file},
           {"errors", result.count(Severity::kError)},
           {"warnings", result.count(Severity::kWarning)},
@@ -115,10 +122,12 @@ Json toJson(const FileFindings& result) {
 int statusOf(const std::vector<FileFindings>& results) {
   int status = kSuccess;
   for (const FileFindings& result : results) {
-    if (result.count(Severity::kError) != 0)
+    if (result.count(Severity::kError) != 0) {
       return kFailure;
-    if (result.count(Severity::kWarning) != 0)
+    }
+    if (result.count(Severity::kWarning) != 0) {
       status = kFindings;
+    }
   }
   return status;
 }
@@ -126,24 +135,28 @@ int statusOf(const std::vector<FileFindings>& results) {
 int report(const std::vector<FileFindings>& results, bool asJson, std::ostream& out) {
   if (asJson) {
     Json files = Json::array();
-    for (const FileFindings& result : results)
+    for (const FileFindings& result : results) {
       files.push_back(toJson(result));
+    }
     out << indentedJson({{"files", std::move(files)}});
   } else {
-    for (const FileFindings& result : results)
+    for (const FileFindings& result : results) {
       print(result, out);
+    }
   }
   return statusOf(results);
 }
 
 int repair(const CheckArguments& arguments, const StandardSizes& sizes, Console& console) {
-  if (arguments.files.size() != 1 || arguments.output.empty())
+  if (arguments.files.size() != 1 || arguments.output.empty()) {
     throw Failure("--repair takes one file and -o with the name of the mended copy");
+  }
   const std::string& name = arguments.files.front();
   refuseSameFile(name, arguments.output);
   const FileFindings before = findIn(name, sizes, console);
-  if (!arguments.asJson)
+  if (!arguments.asJson) {
     print(before, console.out);
+  }
   writeRepaired(TransferFile(name, console, Tolerance::kForbiddenCharacters),
                 toPath(arguments.output));
   // What is left is looked for in the copy, not assumed.
@@ -153,13 +166,16 @@ int repair(const CheckArguments& arguments, const StandardSizes& sizes, Console&
 int check(const CheckArguments& arguments, Console& console) {
   const StandardSizes sizes =
       arguments.diameters.empty() ? europeanSizes() : StandardSizes{arguments.diameters};
-  if (arguments.repairs)
+  if (arguments.repairs) {
     return repair(arguments, sizes, console);
-  if (!arguments.output.empty())
+  }
+  if (!arguments.output.empty()) {
     throw Failure("-o is for the copy that --repair writes");
+  }
   std::vector<FileFindings> results;
-  for (const std::string& name : arguments.files)
+  for (const std::string& name : arguments.files) {
     results.push_back(findIn(name, sizes, console));
+  }
   return report(results, arguments.asJson, console.out);
 }
 

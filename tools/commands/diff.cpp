@@ -33,10 +33,12 @@ class Report {
       : m_before(before), m_after(after), m_differences(differences), m_old(before), m_new(after) {}
 
   void print(std::ostream& out) {
-    if (m_differences.empty())
+    if (m_differences.empty()) {
       return;
-    for (const Difference& one : m_differences)
+    }
+    for (const Difference& one : m_differences) {
       print(one, out);
+    }
     out << '\n';
     const char* separator = "";
     for (const DifferenceKind kind : kKinds) {
@@ -49,11 +51,13 @@ class Report {
   Json toJson(double tolerance) {
     Json result = {{"before", m_before.name()}, {"after", m_after.name()}};
     result["tolerance"] = tolerance;
-    for (const DifferenceKind kind : kKinds)
+    for (const DifferenceKind kind : kKinds) {
       result[std::string(differenceName(kind))] = count(kind);
+    }
     result["differences"] = Json::array();
-    for (const Difference& one : m_differences)
+    for (const Difference& one : m_differences) {
       result["differences"].push_back(toJson(one));
+    }
     return result;
   }
 
@@ -61,8 +65,9 @@ class Report {
   // Of the old element where there is one.
   std::string describe(const Difference& one) {
     const Element& element = one.before != nullptr ? *one.before : *one.after;
-    if (element.schema == nullptr)
+    if (element.schema == nullptr) {
       return std::string(element.className()) + " (not known)";
+    }
     return tool::describe(element,
                           one.before != nullptr ? m_old.read(element) : m_new.read(element));
   }
@@ -72,21 +77,25 @@ class Report {
       return std::string(shortClassName(element.className())) + ' ' +
              std::string(file.indexOf(element));
     };
-    if (one.before == nullptr)
+    if (one.before == nullptr) {
       return name(m_after, *one.after);
-    if (one.after == nullptr || m_before.indexOf(*one.before) == m_after.indexOf(*one.after))
+    }
+    if (one.after == nullptr || m_before.indexOf(*one.before) == m_after.indexOf(*one.after)) {
       return name(m_before, *one.before);
+    }
     return name(m_before, *one.before) + ", now " + std::string(m_after.indexOf(*one.after));
   }
 
   void print(const Difference& one, std::ostream& out) {
     out << differenceName(one.kind) << ": " << printable(describe(one));
-    if (one.kind == DifferenceKind::kMoved)
+    if (one.kind == DifferenceKind::kMoved) {
       out << ", by " << placeText(one.by);
+    }
     out << "  [" << printable(source(one)) << "]\n";
-    for (const ItemChange& change : one.items)
+    for (const ItemChange& change : one.items) {
       out << "    " << change.item << ": " << printable(change.before) << " \u2192 "
           << printable(change.after) << '\n';
+    }
   }
 
   [[nodiscard]] std::int64_t count(DifferenceKind kind) const {
@@ -100,17 +109,21 @@ class Report {
                    {"description", describe(one)}};
     result["indexBefore"] = nullptr;
     result["indexAfter"] = nullptr;
-    if (one.before != nullptr)
+    if (one.before != nullptr) {
       result["indexBefore"] = m_before.indexOf(*one.before);
-    if (one.after != nullptr)
+    }
+    if (one.after != nullptr) {
       result["indexAfter"] = m_after.indexOf(*one.after);
-    if (one.kind == DifferenceKind::kMoved)
+    }
+    if (one.kind == DifferenceKind::kMoved) {
       result["by"] = Json::array({one.by.x, one.by.y, one.by.z});
+    }
     if (one.kind == DifferenceKind::kChanged) {
       result["items"] = Json::array();
-      for (const ItemChange& change : one.items)
+      for (const ItemChange& change : one.items) {
         result["items"].push_back(
             {{"item", change.item}, {"before", change.before}, {"after", change.after}});
+      }
     }
     return result;
   }
@@ -123,17 +136,19 @@ class Report {
 };
 
 int diff(const DiffArguments& arguments, Console& console) {
-  if (!(arguments.tolerance >= 0.0))
+  if (!(arguments.tolerance >= 0.0)) {
     throw Failure("the tolerance must not be below 0");
+  }
   const TransferFile before(arguments.before, console);
   const TransferFile after(arguments.after, console);
   const std::vector<Difference> differences =
       compareFiles(before, after, arguments.tolerance, console);
   Report report(before, after, differences);
-  if (arguments.asJson)
+  if (arguments.asJson) {
     console.out << indentedJson(report.toJson(arguments.tolerance));
-  else
+  } else {
     report.print(console.out);
+  }
   return differences.empty() ? kSuccess : kFindings;
 }
 

@@ -6,13 +6,13 @@
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
 #include <tools/console/terminal.h>
-#include <tools/draw/html_page.h>
+#include <tools/draw/page/html_page.h>
+#include <tools/draw/scene/sheet.h>
 #include <tools/draw/scene_builder.h>
-#include <tools/draw/sheet.h>
-#include <tools/draw/svg_writer.h>
-#include <tools/filing/work_folder.h>
+#include <tools/draw/writers/svg_writer.h>
+#include <tools/files/work_folder.h>
 #ifdef QUORVAN_HAS_CAIRO
-#include <tools/draw/cairo_writer.h>
+#include <tools/draw/writers/cairo_writer.h>
 #endif
 
 namespace quorvan::tool {
@@ -51,8 +51,9 @@ constexpr Named<Marks> kMarks[] = {
 template <class Value, std::size_t Count>
 std::optional<Value> named(const Named<Value> (&values)[Count], std::string_view name) {
   for (const Named<Value>& one : values) {
-    if (one.name == name)
+    if (one.name == name) {
       return one.value;
+    }
   }
   return std::nullopt;
 }
@@ -61,18 +62,21 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   DrawOptions result;
   result.plane = named(kPlanes, arguments.plane).value_or(Plane::kXY);
   for (const LengthUnit& unit : kLengthUnits) {
-    if (unit.name == arguments.unit)
+    if (unit.name == arguments.unit) {
       result.unit = &unit;
+    }
   }
   if (!arguments.sheet.empty()) {
     result.sheet = sheetNamed(arguments.sheet);
-    if (!result.sheet)
+    if (!result.sheet) {
       throw Failure('"' + arguments.sheet +
                     "\" is not a sheet; there are A0 to A5, upright with a u behind (A4u), and "
                     "sizes in mm such as 630x297");
+    }
   }
-  if (arguments.scale > 0.0)
+  if (arguments.scale > 0.0) {
     result.scale = arguments.scale;
+  }
   result.colors = colorSchemeNamed(arguments.colors);
   result.angles = named(kAngleUnits, arguments.angles);
   result.hidden = named(kHiddenBars, arguments.hidden).value_or(HiddenBars::kDashed);
@@ -85,23 +89,28 @@ void writePicture(const TransferFile& file, const Scene& scene, const DrawArgume
   const std::string form = toUtf8(toPath(arguments.output).extension());
   if (form == ".svg" || form == ".html") {
     std::ofstream out(path, std::ios::binary);
-    if (form == ".svg")
+    if (form == ".svg") {
       writeSvg(scene, {}, out);
-    else
+    } else {
       writeHtmlPage(file, scene, *drawing.unit, out);
+    }
     out.close();
-    if (!out)
+    if (!out) {
       throw Failure(arguments.output + ": cannot be written");
+    }
     return;
   }
 #ifdef QUORVAN_HAS_CAIRO
-  if (form == ".png")
+  if (form == ".png") {
     return writePng(scene, arguments.dotsPerInch, path);
-  if (form == ".pdf")
+  }
+  if (form == ".pdf") {
     return writePdf(scene, path);
+  }
 #else
-  if (form == ".png" || form == ".pdf")
+  if (form == ".png" || form == ".pdf") {
     throw Failure(arguments.output + ": this build writes .svg and .html only; it has no cairo");
+  }
 #endif
   throw Failure(arguments.output + ": the name must end in .svg, .html, .png or .pdf");
 }
@@ -111,9 +120,10 @@ void draw(const DrawArguments& arguments, Console& console) {
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
   const SceneResult result = buildScene(file, drawing, console);
-  if (result.leftOut != 0)
+  if (result.leftOut != 0) {
     console.err << arguments.file << ": warning: " << result.leftOut
                 << " elements are left out: they lie beyond what can be drawn\n";
+  }
   const WorkFolder folder(toPath(arguments.output));
   writePicture(file, result.scene, arguments, drawing, folder.file());
   folder.moveToTarget();

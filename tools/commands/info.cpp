@@ -4,7 +4,7 @@
 
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
-#include <tools/info/file_summary.h>
+#include <tools/listing/file_summary.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
 #include <tools/text/table.h>
@@ -37,18 +37,20 @@ Json toJson(const SeriesSummary& series) {
 
 Json classesToJson(const FileSummary& summary) {
   Json classes = Json::array();
-  for (const ClassCount& one : summary.classes)
+  for (const ClassCount& one : summary.classes) {
     classes.push_back({{"class", one.className}, {"known", one.isKnown}, {"count", one.count}});
+  }
   return classes;
 }
 
 Json barsToJson(const FileSummary& summary) {
   Json bars = Json::array();
-  for (const BarCount& one : summary.bars)
+  for (const BarCount& one : summary.bars) {
     bars.push_back({{"diameter", one.diameter},
                     {"grade", one.grade},
                     {"elements", one.elements},
                     {"number", one.number}});
+  }
   return bars;
 }
 
@@ -69,12 +71,14 @@ Json toJson(const TransferFile& file, const FileSummary& summary) {
   result["references"] = summary.references;
   result["hidden"] = summary.hidden;
   result["repartitions"] = Json::array();
-  for (const SeriesSummary& series : summary.repartitions)
+  for (const SeriesSummary& series : summary.repartitions) {
     result["repartitions"].push_back(toJson(series));
+  }
   result["extents"] = nullptr;
-  if (summary.extents)
+  if (summary.extents) {
     result["extents"] = {{"min", toJson(summary.extents->least)},
                          {"max", toJson(summary.extents->most)}};
+  }
   return result;
 }
 
@@ -107,9 +111,10 @@ void printClasses(const FileSummary& summary, std::ostream& out) {
   Table table;
   table.addColumn("class");
   table.addColumn("elements", Table::Align::kRight);
-  for (const ClassCount& one : summary.classes)
+  for (const ClassCount& one : summary.classes) {
     table.addRow({std::string(one.className) + (one.isKnown ? "" : " (not known)"),
                   std::to_string(one.count)});
+  }
   if (!table.empty()) {
     out << '\n';
     table.print(out, kIndent);
@@ -122,9 +127,10 @@ void printBars(const FileSummary& summary, std::ostream& out) {
   table.addColumn("grade");
   table.addColumn("elements", Table::Align::kRight);
   table.addColumn("bars", Table::Align::kRight);
-  for (const BarCount& one : summary.bars)
+  for (const BarCount& one : summary.bars) {
     table.addRow({rounded(one.diameter, 2), one.grade, std::to_string(one.elements),
                   std::to_string(one.number)});
+  }
   if (!table.empty()) {
     out << '\n';
     table.print(out, kIndent);
@@ -153,8 +159,9 @@ void printRepartitions(const FileSummary& summary, std::ostream& out) {
 
 void print(const TransferFile& file, const FileSummary& summary, std::ostream& out) {
   printHead(file, summary, out);
-  if (!summary.references.empty())
+  if (!summary.references.empty()) {
     out << "  references    " << runsOf(summary.references, kMostPerLine) << '\n';
+  }
   printClasses(summary, out);
   printBars(summary, out);
   printRepartitions(summary, out);
@@ -168,13 +175,15 @@ void showInfo(const InfoArguments& arguments, Console& console) {
     if (arguments.asJson) {
       files.push_back(toJson(file, summary));
     } else {
-      if (&name != &arguments.files.front())
+      if (&name != &arguments.files.front()) {
         console.out << '\n';
+      }
       print(file, summary, console.out);
     }
   }
-  if (arguments.asJson)
+  if (arguments.asJson) {
     console.out << indentedJson({{"files", std::move(files)}});
+  }
 }
 
 }  // namespace

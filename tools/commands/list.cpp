@@ -5,12 +5,12 @@
 
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
-#include <tools/drawing_json/element_to_json.h>
+#include <tools/listing/element_to_json.h>
+#include <tools/listing/item_cells.h>
 #include <tools/model/class_names.h>
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
 #include <tools/text/csv.h>
-#include <tools/text/item_cells.h>
 #include <tools/text/table.h>
 
 namespace quorvan::tool {
@@ -42,8 +42,9 @@ class Listing {
           << ",\n\"elements\": [";
     const char* separator = "\n";
     for (const Element& element : m_file.elements()) {
-      if (&element == last || !isWanted(element))
+      if (&element == last || !isWanted(element)) {
         continue;
+      }
       const std::vector<ItemValue> none;
       m_out << separator
             << inlineJson(elementToJson(element.className(),
@@ -55,10 +56,11 @@ class Listing {
 
   // One class: a column an item. All classes: a line an item.
   void writeCsv() {
-    if (m_className.empty())
+    if (m_className.empty()) {
       writeItemLines();
-    else
+    } else {
       writeElementLines();
+    }
   }
 
   void writeTables() {
@@ -66,10 +68,11 @@ class Listing {
       m_out << (m_isFirst ? "" : "\n");
       m_isFirst = false;
       const items::ElementSchema* const schema = items::findElement(className);
-      if (schema == nullptr)
+      if (schema == nullptr) {
         writeUnknown(className);
-      else
+      } else {
         writeTable(*schema);
+      }
     }
   }
 
@@ -89,8 +92,9 @@ class Listing {
   [[nodiscard]] std::vector<std::string_view> classesInOrder() {
     std::vector<std::string_view> classes;
     for (const Element& element : m_file.elements()) {
-      if (element.ordinal == 1 && isWanted(element))
+      if (element.ordinal == 1 && isWanted(element)) {
         classes.push_back(element.className());
+      }
     }
     return classes;
   }
@@ -98,33 +102,39 @@ class Listing {
   void writeItemLines() {
     m_out << csvLine({"class", "index", "item", "value"});
     for (const Element& element : m_file.elements()) {
-      if (element.schema == nullptr)
+      if (element.schema == nullptr) {
         continue;
+      }
       const std::string className(element.className());
       const std::string index(m_file.indexOf(element));
       for (const ItemValue& item : m_reader.read(element)) {
         const auto titles = itemTitles(*item.schema);
         const auto cells = itemCells(item);
-        for (std::size_t i = 0; i < titles.size(); ++i)
+        for (std::size_t i = 0; i < titles.size(); ++i) {
           m_out << csvLine({className, index, titles[i], cells[i]});
+        }
       }
     }
   }
 
   void writeElementLines() {
     const items::ElementSchema* const schema = items::findElement(m_className);
-    if (schema == nullptr)
+    if (schema == nullptr) {
       return;
+    }
     std::vector<std::string> titles{"index"};
-    for (const items::ItemSchema& item : schema->items)
+    for (const items::ItemSchema& item : schema->items) {
       std::ranges::copy(itemTitles(item), std::back_inserter(titles));
+    }
     m_out << csvLine(titles);
     for (const Element& element : m_file.elements()) {
-      if (!isWanted(element))
+      if (!isWanted(element)) {
         continue;
+      }
       std::vector<std::string> cells{std::string(m_file.indexOf(element))};
-      for (const ItemValue& item : m_reader.read(element))
+      for (const ItemValue& item : m_reader.read(element)) {
         std::ranges::copy(itemCells(item), std::back_inserter(cells));
+      }
       m_out << csvLine(cells);
     }
   }
@@ -136,13 +146,15 @@ class Listing {
     table.addColumn("index", Table::Align::kRight);
     for (const bool lists : {false, true}) {
       for (const items::ItemSchema& item : schema.items) {
-        if (isList(item.kind) == lists)
+        if (isList(item.kind) == lists) {
           table.addColumn(std::string(displayName(item)), alignOf(item.kind));
+        }
       }
     }
     for (const Element& element : m_file.elements()) {
-      if (element.schema == &schema)
+      if (element.schema == &schema) {
         table.addRow(rowOf(element));
+      }
     }
     table.print(m_out, 2);
   }
@@ -152,8 +164,9 @@ class Listing {
     const std::vector<ItemValue>& items = m_reader.read(element);
     for (const bool lists : {false, true}) {
       for (const ItemValue& item : items) {
-        if (isList(item.schema->kind) == lists)
+        if (isList(item.schema->kind) == lists) {
           cells.push_back(item.isMissing() ? "-" : itemCell(item));
+        }
       }
     }
     return cells;
@@ -167,8 +180,9 @@ class Listing {
 
   void writeUnknown(std::string_view className) {
     std::size_t count = 0;
-    for (const Element& element : m_file.elements())
+    for (const Element& element : m_file.elements()) {
       count += element.className() == className ? 1U : 0U;
+    }
     m_out << printable(className) << "\n  not an element class of this format, " << count
           << (count == 1 ? " element\n" : " elements\n");
   }
@@ -186,12 +200,13 @@ void list(const ListArguments& arguments, Console& console) {
       arguments.className.empty() ? std::string() : fullClassName(arguments.className);
   const TransferFile file(arguments.file, console);
   Listing listing(file, className, console);
-  if (arguments.asJson)
+  if (arguments.asJson) {
     listing.writeJson();
-  else if (arguments.asCsv)
+  } else if (arguments.asCsv) {
     listing.writeCsv();
-  else
+  } else {
     listing.writeTables();
+  }
 }
 
 }  // namespace

@@ -5,15 +5,15 @@
 
 #include <quorvan/export/export.h>
 #include <quorvan/platform/com_error.h>
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 #include <tools/commands/commands.h>
 #include <tools/commands/help_texts.h>
 #include <tools/console/progress.h>
 #include <tools/console/terminal.h>
-#include <tools/drawing_json/drawing_file.h>
-#include <tools/filing/element_exports.h>
-#include <tools/filing/work_folder.h>
+#include <tools/drawing/drawing_file.h>
+#include <tools/drawing/element_exports.h>
+#include <tools/files/work_folder.h>
 
 namespace quorvan::tool {
 
@@ -31,8 +31,9 @@ class Filing {
   Filing(const Filing&) = delete;
   Filing& operator=(const Filing&) = delete;
   ~Filing() {
-    if (m_isEnded)
+    if (m_isEnded) {
       return;
+    }
     try {
       stopFiling();
       endFiling(L"", 0, L"", 0);
@@ -60,10 +61,11 @@ void fileDrawing(const DrawingInput& drawing, const std::string& path, Progress&
   std::size_t done = 0;
   for (const DrawingEntry& entry : drawing.entries) {
     progress.report(done++, drawing.entries.size());
-    if (entry.element.schema == nullptr)
+    if (entry.element.schema == nullptr) {
       pushSeries(entry.series);
-    else
+    } else {
       exportElement(entry.element);
+    }
   }
   filing.end(drawing.control);
 }

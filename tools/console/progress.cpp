@@ -21,14 +21,16 @@ Progress::Progress(Console& console, std::string what, Clock clock)
       m_next(m_isOn ? m_clock() + kSilence : std::chrono::steady_clock::time_point()) {}
 
 Progress::~Progress() {
-  if (m_drawn != 0)
+  if (m_drawn != 0) {
     m_console.err << '\r' << std::string(m_drawn, ' ') << '\r' << std::flush;
+  }
 }
 
 void Progress::look(std::uint64_t done, std::uint64_t total) {
   const auto now = m_clock();
-  if (now < m_next || total == 0)
+  if (now < m_next || total == 0) {
     return;
+  }
   m_next = now + kPause;
   const std::uint64_t percent = std::min<std::uint64_t>(100, done * 100 / total);
   const auto filled = static_cast<std::size_t>(percent * kCells / 100);

@@ -23,8 +23,9 @@ class Progress {
 
   /// `done` of `total` are done. Cheap enough to be called for every element.
   void report(std::uint64_t done, std::uint64_t total) {
-    if (m_isOn && (++m_calls & kCallMask) == 0)
+    if (m_isOn && (++m_calls & kCallMask) == 0) {
       look(done, total);
+    }
   }
 
  private:

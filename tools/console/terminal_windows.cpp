@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <memory>
 
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 #include <tools/console/terminal.h>
 
@@ -20,8 +20,9 @@ std::vector<std::string> utf8Arguments(int /*count*/, char** /*arguments*/) {
   int count = 0;
   const std::unique_ptr<LPWSTR, Free> list(CommandLineToArgvW(GetCommandLineW(), &count));
   std::vector<std::string> texts;
-  for (int i = 1; list != nullptr && i < count; ++i)
+  for (int i = 1; list != nullptr && i < count; ++i) {
     texts.push_back(quorvan::toUtf8(list.get()[i]));
+  }
   return texts;
 }
 

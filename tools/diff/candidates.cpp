@@ -32,8 +32,9 @@ void Candidates::add(const std::string& text, const Coordinates& point, std::uin
 
 std::uint64_t Candidates::keyOf(std::uint64_t text, double x, double y, double z) const {
   std::uint64_t key = text;
-  for (const double value : {x, y, z})
+  for (const double value : {x, y, z}) {
     key = mixed(key, hashOf(std::floor(value / m_cell) + 0.0));
+  }
   return key;
 }
 
@@ -45,8 +46,9 @@ std::vector<std::uint64_t> Candidates::keysNear(const std::string& text,
     for (const double dy : {-m_tolerance, m_tolerance}) {
       for (const double dz : {-m_tolerance, m_tolerance}) {
         const std::uint64_t key = keyOf(textKey, point.x + dx, point.y + dy, point.z + dz);
-        if (std::ranges::find(keys, key) == keys.end())
+        if (std::ranges::find(keys, key) == keys.end()) {
           keys.push_back(key);
+        }
       }
     }
   }

@@ -28,19 +28,23 @@ class Candidates {
              const Look& look) {
     for (const std::uint64_t key : keysNear(text, point)) {
       const auto found = m_places.find(key);
-      if (found == m_places.end())
+      if (found == m_places.end()) {
         continue;
+      }
       List& list = found->second;
       // Those at the front that were taken are never looked at again.
-      while (list.first < list.places.size() && !isFree(list.places[list.first]))
+      while (list.first < list.places.size() && !isFree(list.places[list.first])) {
         ++list.first;
+      }
       std::size_t looks = 0;
       for (std::size_t i = list.first; i < list.places.size() && looks < kMostLooks; ++i) {
-        if (!isFree(list.places[i]))
+        if (!isFree(list.places[i])) {
           continue;
+        }
         ++looks;
-        if (look(list.places[i]))
+        if (look(list.places[i])) {
           return;
+        }
       }
     }
   }

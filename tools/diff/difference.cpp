@@ -16,10 +16,11 @@ namespace {
 std::string identityOf(const Element& element, const std::vector<ItemValue>& items) {
   for (const std::string_view name : {"Reference", "Contents"}) {
     const ItemValue* const item = findItem(items, name);
-    if (item != nullptr && !item->isMissing())
+    if (item != nullptr && !item->isMissing()) {
       return std::string(element.className()) + '\n' +
              (item->schema->kind == items::Kind::kLong ? std::to_string(item->integer)
                                                        : item->text);
+    }
   }
   // The control record is the only one of its kind.
   const bool hasPlace = std::ranges::any_of(items, [](const ItemValue& item) {
@@ -35,8 +36,9 @@ Coordinates anchorOf(const Content& content) {
 
 // From the first to the last point: what stays when an element is moved.
 Coordinates spanOf(const Content& content) {
-  if (content.points.empty())
+  if (content.points.empty()) {
     return {};
+  }
   const Coordinates& first = content.points.front();
   const Coordinates& last = content.points.back();
   return {last.x - first.x, last.y - first.y, last.z - first.z};
@@ -80,11 +82,13 @@ class Comparison {
   Candidates candidatesBy(const auto& keyOf) {
     Candidates candidates(m_tolerance);
     for (const Element& element : m_after.elements()) {
-      if (!m_isOpenAfter[element.place])
+      if (!m_isOpenAfter[element.place]) {
         continue;
+      }
       const Key key = keyOf(m_readAfter, element);
-      if (!key.first.empty())
+      if (!key.first.empty()) {
         candidates.add(key.first, key.second, element.place);
+      }
     }
     return candidates;
   }
@@ -104,8 +108,9 @@ class Comparison {
       const Content& content = m_readBefore.read(element);
       candidates.visit(content.discrete, anchorOf(content), isFree(), [&](std::uint32_t place) {
         const Element& other = m_after.elements()[place];
-        if (!areEqual(content, m_readAfter.read(other), m_tolerance))
+        if (!areEqual(content, m_readAfter.read(other), m_tolerance)) {
           return false;
+        }
         take(element, other);
         return true;
       });
@@ -119,8 +124,9 @@ class Comparison {
     };
     Candidates candidates = candidatesBy(keyOf);
     for (const Element& element : m_before.elements()) {
-      if (!m_isOpenBefore[element.place])
+      if (!m_isOpenBefore[element.place]) {
         continue;
+      }
       const Content& content = m_readBefore.read(element);
       Difference nearest{DifferenceKind::kMoved, &element, nullptr, {}, {}};
       candidates.visit(content.discrete, spanOf(content), isFree(), [&](std::uint32_t place) {
@@ -147,8 +153,9 @@ class Comparison {
   }
 
   Key identityKey(ContentReader& reader, const Element& element) {
-    if (element.schema == nullptr)
+    if (element.schema == nullptr) {
       return {};
+    }
     return {identityOf(element, reader.items(element)), {}};
   }
 
@@ -157,11 +164,13 @@ class Comparison {
       return (this->*keyOf)(reader, element);
     });
     for (const Element& element : m_before.elements()) {
-      if (!m_isOpenBefore[element.place])
+      if (!m_isOpenBefore[element.place]) {
         continue;
+      }
       const Key key = (this->*keyOf)(m_readBefore, element);
-      if (key.first.empty())
+      if (key.first.empty()) {
         continue;
+      }
       Difference closest{DifferenceKind::kChanged, &element, nullptr, {}, {}};
       candidates.visit(key.first, key.second, isFree(), [&](std::uint32_t place) {
         const Element& other = m_after.elements()[place];
@@ -184,20 +193,23 @@ class Comparison {
     const auto old = m_readBefore.texts(before);
     const auto now = m_readAfter.texts(after);
     for (std::size_t i = 0; i < old.size() && i < now.size(); ++i) {
-      if (old[i].second != now[i].second)
+      if (old[i].second != now[i].second) {
         changes.push_back({old[i].first, old[i].second, now[i].second});
+      }
     }
     return changes;
   }
 
   void collectRest() {
     for (const Element& element : m_before.elements()) {
-      if (m_isOpenBefore[element.place])
+      if (m_isOpenBefore[element.place]) {
         m_differences.push_back({DifferenceKind::kDeleted, &element, nullptr, {}, {}});
+      }
     }
     for (const Element& element : m_after.elements()) {
-      if (m_isOpenAfter[element.place])
+      if (m_isOpenAfter[element.place]) {
         m_differences.push_back({DifferenceKind::kAdded, nullptr, &element, {}, {}});
+      }
     }
   }
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <tools/files/transfer_file.h>
 #include <tools/model/item_value.h>
-#include <tools/model/transfer_file.h>
 
 namespace quorvan::tool {
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include <tools/listing/item_cells.h>
 #include <tools/model/bar.h>
-#include <tools/text/item_cells.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -24,11 +24,13 @@ bool areNear(const Coordinates& a, const Coordinates& b, double tolerance) {
 
 bool haveEqualNumbers(const Content& a, const Content& b, double tolerance) {
   if (a.discrete != b.discrete || a.numbers.size() != b.numbers.size() ||
-      a.points.size() != b.points.size())
+      a.points.size() != b.points.size()) {
     return false;
+  }
   for (std::size_t i = 0; i < a.numbers.size(); ++i) {
-    if (!areNear(a.numbers[i], b.numbers[i], tolerance))
+    if (!areNear(a.numbers[i], b.numbers[i], tolerance)) {
       return false;
+    }
   }
   return true;
 }
@@ -43,18 +45,20 @@ const Content& ContentReader::read(const Element& element) {
   m_content.discrete.assign(element.className());
   m_content.numbers.clear();
   m_content.points.clear();
-  if (element.schema == nullptr)
+  if (element.schema == nullptr) {
     return m_content;
+  }
   const std::vector<ItemValue>& items = m_reader.read(element);
   const bool isSeries = element.className() == kRepartitionClass;
   for (const ItemValue& item : items) {
     m_content.discrete += kSeparator;
-    if (isSeries && item.schema->name == kIndexItem)
+    if (isSeries && item.schema->name == kIndexItem) {
       m_content.discrete += repeatedBar(items);
-    else if (item.isMissing())
+    } else if (item.isMissing()) {
       m_content.discrete += '-';
-    else
+    } else {
       add(item);
+    }
   }
   return m_content;
 }
@@ -93,15 +97,17 @@ void ContentReader::add(const ItemValue& item) {
 
 std::vector<std::pair<std::string, std::string>> ContentReader::texts(const Element& element) {
   std::vector<std::pair<std::string, std::string>> texts;
-  if (element.schema == nullptr)
+  if (element.schema == nullptr) {
     return texts;
+  }
   const std::vector<ItemValue>& items = m_reader.read(element);
   const bool isSeries = element.className() == kRepartitionClass;
   for (const ItemValue& item : items) {
-    if (isSeries && item.schema->name == kIndexItem)
+    if (isSeries && item.schema->name == kIndexItem) {
       texts.emplace_back("repeated bar", repeatedBar(items));
-    else
+    } else {
       texts.emplace_back(displayName(*item.schema), item.isMissing() ? "-" : itemCell(item));
+    }
   }
   return texts;
 }
@@ -110,32 +116,37 @@ std::string ContentReader::repeatedBar(const std::vector<ItemValue>& items) {
   const Repartition series = toRepartition(items);
   const Element* const target = m_index.find(series.className, series.index);
   const auto shape = barShapeOf(series.className);
-  if (target == nullptr || !shape)
+  if (target == nullptr || !shape) {
     return "none";
+  }
   const Bar bar = toBar(*shape, m_target.read(*target));
   return "mark " + std::to_string(bar.reference) + ", diameter " + rounded(bar.diameter, 3) + ' ' +
          bar.grade;
 }
 
 bool areEqual(const Content& a, const Content& b, double tolerance) {
-  if (!haveEqualNumbers(a, b, tolerance))
+  if (!haveEqualNumbers(a, b, tolerance)) {
     return false;
+  }
   for (std::size_t i = 0; i < a.points.size(); ++i) {
-    if (!areNear(a.points[i], b.points[i], tolerance))
+    if (!areNear(a.points[i], b.points[i], tolerance)) {
       return false;
+    }
   }
   return true;
 }
 
 bool areMoved(const Content& a, const Content& b, double tolerance, Coordinates& by) {
-  if (a.points.empty() || !haveEqualNumbers(a, b, tolerance))
+  if (a.points.empty() || !haveEqualNumbers(a, b, tolerance)) {
     return false;
+  }
   by = {b.points.front().x - a.points.front().x, b.points.front().y - a.points.front().y,
         b.points.front().z - a.points.front().z};
   for (std::size_t i = 1; i < a.points.size(); ++i) {
     const Coordinates& point = a.points[i];
-    if (!areNear({point.x + by.x, point.y + by.y, point.z + by.z}, b.points[i], tolerance))
+    if (!areNear({point.x + by.x, point.y + by.y, point.z + by.z}, b.points[i], tolerance)) {
       return false;
+    }
   }
   return true;
 }

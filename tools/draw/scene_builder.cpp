@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include <tools/draw/element_shapes.h>
-#include <tools/draw/legend.h>
-#include <tools/draw/mark_labels.h>
-#include <tools/draw/title_block.h>
+#include <tools/draw/labels/legend.h>
+#include <tools/draw/labels/mark_labels.h>
+#include <tools/draw/labels/title_block.h>
+#include <tools/draw/shapes/element_shapes.h>
 #include <tools/model/item_reader.h>
 
 namespace quorvan::tool {
@@ -24,13 +24,16 @@ AngleUnit guessAngleUnit(const TransferFile& file) {
   ItemReader reader(file);
   bool isAny = false;
   for (const Element& element : file.elements()) {
-    if (element.schema == nullptr)
+    if (element.schema == nullptr) {
       continue;
+    }
     for (const ItemValue& item : reader.read(element)) {
-      if (!isAngle(item.schema->name))
+      if (!isAngle(item.schema->name)) {
         continue;
-      if (std::abs(item.number) > kFullTurn)
+      }
+      if (std::abs(item.number) > kFullTurn) {
         return AngleUnit::kDegrees;
+      }
       isAny = isAny || item.number != 0.0;
     }
   }
@@ -56,13 +59,15 @@ class Builder {
     const std::uint64_t total = m_file.elements().size();
     for (const Element& element : m_file.elements()) {
       progress.report(element.place, 2 * total);
-      if (isText(element))
+      if (isText(element)) {
         draw(element);
+      }
     }
     for (const Element& element : m_file.elements()) {
       progress.report(total + element.place, 2 * total);
-      if (element.schema != nullptr && !isText(element))
+      if (element.schema != nullptr && !isText(element)) {
         draw(element);
+      }
     }
     m_labels.draw(m_sink);
     drawLegend(m_options, m_sink);
@@ -96,24 +101,28 @@ class Builder {
   }
 
   void drawBarElement(const Element& element, const Bar& bar) {
-    if (isOff(bar.isHidden))
+    if (isOff(bar.isHidden)) {
       return;
+    }
     m_sink.begin(element.place, bar.isHidden);
-    if (bar.isLink())
+    if (bar.isLink()) {
       drawLink(bar, m_sink);
-    else
+    } else {
       drawBar(bar, m_sink);
+    }
     m_labels.look(element, bar, m_sheet);
   }
 
   void drawSeries(const Element& element, const Repartition& series) {
-    if (isOff(series.isHidden))
+    if (isOff(series.isHidden)) {
       return;
+    }
     m_sink.begin(element.place, series.isHidden);
     const Element* const target = m_index.find(series.className, series.index);
     const auto shape = barShapeOf(series.className);
-    if (target == nullptr || !shape)
+    if (target == nullptr || !shape) {
       return drawRepartition(series, nullptr, m_sink);
+    }
     const Bar bar = toBar(*shape, m_targets.read(*target));
     drawRepartition(series, &bar, m_sink);
   }

@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include <tools/console/console.h>
-#include <tools/draw/draw_options.h>
-#include <tools/draw/scene.h>
-#include <tools/model/transfer_file.h>
+#include <tools/draw/scene/draw_options.h>
+#include <tools/draw/scene/scene.h>
+#include <tools/files/transfer_file.h>
 
 namespace quorvan::tool {
 

@@ -64,10 +64,12 @@ void setLine(Bar& bar, const Items& items) {
     default:
       bar.line = {items.point("Point1"), items.point("Point2")};
   }
-  if (bar.shape == BarShape::kL || bar.shape == BarShape::kU || bar.shape == BarShape::kFrameRect)
+  if (bar.shape == BarShape::kL || bar.shape == BarShape::kU || bar.shape == BarShape::kFrameRect) {
     bar.line.push_back(items.point("Point3"));
-  if (bar.shape == BarShape::kU || bar.shape == BarShape::kFrameRect)
+  }
+  if (bar.shape == BarShape::kU || bar.shape == BarShape::kFrameRect) {
     bar.line.push_back(across(bar.line[0], bar.line[1], bar.line[2]));
+  }
   bar.isClosed = bar.shape == BarShape::kFrameRect || bar.shape == BarShape::kStirrup;
 }
 
@@ -75,16 +77,18 @@ void setLine(Bar& bar, const Items& items) {
 
 std::optional<BarShape> barShapeOf(std::string_view className) noexcept {
   for (const NamedShape& known : kShapes) {
-    if (known.className == className)
+    if (known.className == className) {
       return known.shape;
+    }
   }
   return std::nullopt;
 }
 
 std::string_view shapeName(BarShape shape) noexcept {
   for (const NamedShape& known : kShapes) {
-    if (known.shape == shape)
+    if (known.shape == shape) {
       return known.name;
+    }
   }
   return {};
 }
@@ -109,12 +113,15 @@ Bar toBar(BarShape shape, const std::vector<ItemValue>& values) {
 
 double lengthOf(const Bar& bar) noexcept {
   double length = bar.hooks[0].length + bar.hooks[1].length;
-  if (bar.shape == BarShape::kFrameCirc)
+  if (bar.shape == BarShape::kFrameCirc) {
     return length + 2.0 * std::numbers::pi * bar.radius + bar.overlap;
-  for (std::size_t i = 1; i < bar.line.size(); ++i)
+  }
+  for (std::size_t i = 1; i < bar.line.size(); ++i) {
     length += distance(bar.line[i - 1], bar.line[i]);
-  if (bar.isClosed && !bar.line.empty())
+  }
+  if (bar.isClosed && !bar.line.empty()) {
     length += distance(bar.line.back(), bar.line.front());
+  }
   return length;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <quorvan/elements/items/item_schema.h>
+#include <quorvan/elements/element_classes.h>
 
 #include <tools/console/console.h>
 
@@ -25,8 +25,9 @@ std::string fullClassName(std::string_view name) {
   std::string known;
   for (const items::ElementSchema& element : items::allElements()) {
     const std::string_view shortName = shortClassName(element.className);
-    if (sameLetters(name, element.className) || sameLetters(name, shortName))
+    if (sameLetters(name, element.className) || sameLetters(name, shortName)) {
       return std::string(element.className);
+    }
     known += (known.empty() ? "" : ", ") + std::string(shortName);
   }
   throw Failure('"' + std::string(name) + "\" is not an element class; there are " + known);
@@ -34,8 +35,9 @@ std::string fullClassName(std::string_view name) {
 
 std::string_view shortClassName(std::string_view className) noexcept {
   for (const std::string_view prefix : {"CKtZanto", "CKt"}) {
-    if (className.starts_with(prefix))
+    if (className.starts_with(prefix)) {
       return className.substr(prefix.size());
+    }
   }
   return className;
 }

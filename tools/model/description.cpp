@@ -18,14 +18,18 @@ constexpr int kLengthDecimals = 1;
 std::string describe(const Bar& bar) {
   std::string text = std::string(shapeName(bar.shape)) + ", mark " + std::to_string(bar.reference) +
                      ", diameter " + rounded(bar.diameter, 2);
-  if (!bar.grade.empty())
+  if (!bar.grade.empty()) {
     text += ' ' + bar.grade;
-  if (bar.hasLength() && std::isfinite(lengthOf(bar)))
+  }
+  if (bar.hasLength() && std::isfinite(lengthOf(bar))) {
     text += ", length " + rounded(lengthOf(bar), kLengthDecimals);
-  if (bar.isHidden)
+  }
+  if (bar.isHidden) {
     text += ", hidden";
-  if (bar.shape == BarShape::kFrameCirc)
+  }
+  if (bar.shape == BarShape::kFrameCirc) {
     return text + ", about " + placeText(bar.center);
+  }
   return bar.line.empty() ? text : text + ", at " + placeText(bar.line.front());
 }
 
@@ -42,18 +46,19 @@ std::string describeByItems(const Element& element, const std::vector<ItemValue>
   std::string text(shortClassName(element.className()));
   for (const ItemValue& item : items) {
     const std::string_view name = item.schema->name;
-    if (item.schema->kind == items::Kind::kString)
+    if (item.schema->kind == items::Kind::kString) {
       text += std::string(", ") + std::string(name) + " \"" + item.text + '"';
-    else if (item.schema->kind == items::Kind::kPoint)
+    } else if (item.schema->kind == items::Kind::kPoint) {
       text += std::string(name == "Point2" ? " to " : ", at ") + placeText(item.point);
-    else if (name == "Radius")
+    } else if (name == "Radius") {
       text += ", radius " + rounded(item.number, kPlaceDecimals);
-    else if (!item.points.empty())
+    } else if (!item.points.empty()) {
       text += ", " + std::to_string(item.points.size()) + " points from " +
               placeText(item.points.front());
-    else if (!item.segments.empty())
+    } else if (!item.segments.empty()) {
       text += ", " + std::to_string(item.segments.size()) + " segments from " +
               placeText(item.segments.front().start);
+    }
   }
   return text;
 }
@@ -66,12 +71,15 @@ std::string placeText(const Coordinates& point) {
 }
 
 std::string describe(const Element& element, const std::vector<ItemValue>& items) {
-  if (element.className() == kControlClass)
+  if (element.className() == kControlClass) {
     return "drawing control record";
-  if (const auto shape = barShapeOf(element.className()))
+  }
+  if (const auto shape = barShapeOf(element.className())) {
     return describe(toBar(*shape, items));
-  if (element.className() == kRepartitionClass)
+  }
+  if (element.className() == kRepartitionClass) {
     return describe(toRepartition(items));
+  }
   return describeByItems(element, items);
 }
 

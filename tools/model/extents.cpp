@@ -14,12 +14,14 @@ class Box {
  public:
   // A point without a finite place has no part in the extents.
   void add(const Coordinates& point) {
-    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
+    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) {
       return;
-    if (m_extents)
+    }
+    if (m_extents) {
       m_extents->include(point);
-    else
+    } else {
       m_extents.emplace(point);
+    }
   }
 
   void addAround(const Coordinates& center, double radius) {
@@ -44,23 +46,28 @@ class Box {
 // The circle that the element is, if it is one.
 bool addCircle(const std::vector<ItemValue>& items, Box& box) {
   const ItemValue* const center = findItem(items, "Center");
-  if (center == nullptr || center->isMissing())
+  if (center == nullptr || center->isMissing()) {
     return false;
+  }
   for (const std::string_view name : {"Radius", "FrameRadius"}) {
-    if (const ItemValue* const radius = findItem(items, name))
+    if (const ItemValue* const radius = findItem(items, name)) {
       box.addAround(center->point, radius->number);
+    }
   }
   return true;
 }
 
 void addPoints(const std::vector<ItemValue>& items, Box& box) {
   for (const ItemValue& item : items) {
-    if (item.schema->kind == items::Kind::kPoint && !item.isMissing())
+    if (item.schema->kind == items::Kind::kPoint && !item.isMissing()) {
       box.add(item.point);
-    for (const Coordinates& point : item.points)
+    }
+    for (const Coordinates& point : item.points) {
       box.add(point);
-    for (const Segment& segment : item.segments)
+    }
+    for (const Segment& segment : item.segments) {
       box.addSegment(segment);
+    }
   }
 }
 
@@ -75,13 +82,16 @@ std::optional<Extents> extentsOf(const TransferFile& file) {
   Box box;
   ItemReader reader(file);
   for (const Element& element : file.elements()) {
-    if (element.schema == nullptr)
+    if (element.schema == nullptr) {
       continue;
+    }
     const std::vector<ItemValue>& items = reader.read(element);
-    if (element.className() == kRepartitionClass && !toRepartition(items).hasLine())
+    if (element.className() == kRepartitionClass && !toRepartition(items).hasLine()) {
       continue;
-    if (!addCircle(items, box))
+    }
+    if (!addCircle(items, box)) {
       addPoints(items, box);
+    }
   }
   return box.take();
 }

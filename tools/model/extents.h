@@ -3,8 +3,8 @@
 
 #include <optional>
 
+#include <tools/files/transfer_file.h>
 #include <tools/model/item_value.h>
-#include <tools/model/transfer_file.h>
 
 namespace quorvan::tool {
 

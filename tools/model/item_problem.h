@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include <tools/model/document_tree.h>
+#include <tools/files/document_tree.h>
 
 namespace quorvan::tool {
 

@@ -4,7 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 #include <tools/model/item_text.h>
 #include <tools/model/list_entries.h>
@@ -29,15 +29,18 @@ NamedChildren::NamedChildren(const DocumentTree& tree, const Node& parent)
     : m_tree(tree), m_parent(parent) {
   std::size_t count = 0;
   for (const Node* child = tree.firstChild(parent); child != nullptr;
-       child = tree.nextSibling(*child))
+       child = tree.nextSibling(*child)) {
     ++count;
+  }
   m_hasMany = count > kFewChildren;
-  if (!m_hasMany)
+  if (!m_hasMany) {
     return;
+  }
   m_byName.reserve(count);
   for (const Node* child = tree.firstChild(parent); child != nullptr;
-       child = tree.nextSibling(*child))
+       child = tree.nextSibling(*child)) {
     m_byName.emplace(child->name, child);
+  }
 }
 
 const Node* NamedChildren::find(std::string_view name) const {
@@ -47,8 +50,9 @@ const Node* NamedChildren::find(std::string_view name) const {
   }
   for (const Node* child = m_tree.firstChild(m_parent); child != nullptr;
        child = m_tree.nextSibling(*child)) {
-    if (child->name == name)
+    if (child->name == name) {
       return child;
+    }
   }
   return nullptr;
 }
@@ -63,14 +67,16 @@ class ItemReader::Reading {
     reset(schema, value);
     value.node = m_children.find(schema.name);
     if (value.node == nullptr) {
-      if (!schema.optional || isRequiredList(schema))
+      if (!schema.optional || isRequiredList(schema)) {
         report(ProblemKind::kMissing, m_element.node, schema.name, "", "the item " + name(schema));
+      }
       return;
     }
-    if (isList(schema.kind))
+    if (isList(schema.kind)) {
       readList(schema, value);
-    else
+    } else {
       readScalar(schema, value);
+    }
   }
 
   // Children that are no items, and items that come again.
@@ -79,9 +85,10 @@ class ItemReader::Reading {
     for (const Node* child = m_tree.firstChild(*m_element.node); child != nullptr;
          child = m_tree.nextSibling(*child)) {
       if (!isItem(child->name)) {
-        if (child->name != "#comment")
+        if (child->name != "#comment") {
           report(ProblemKind::kUnknownItem, child, child->name, name(child->name),
                  "only items of " + std::string(m_element.className()));
+        }
       } else if (!seen.insert(child->name).second) {
         report(ProblemKind::kRepeatedItem, child, child->name, "a second " + name(child->name),
                "one item of each name");
@@ -110,15 +117,17 @@ class ItemReader::Reading {
 
   void report(ProblemKind kind, const Node* at, std::string_view item, std::string found,
               std::string expected) {
-    if (m_problems != nullptr)
+    if (m_problems != nullptr) {
       m_problems->push_back({kind, at, std::string(item), std::move(found), std::move(expected)});
+    }
   }
 
   [[nodiscard]] bool isItem(std::string_view child) const {
     for (const items::ItemSchema& schema : m_element.schema->items) {
       if (schema.name == child || (schema.kind == items::Kind::kNumberedPoints &&
-                                   entryNumber(child, schema.stem).has_value()))
+                                   entryNumber(child, schema.stem).has_value())) {
         return true;
+      }
     }
     return false;
   }
@@ -126,8 +135,9 @@ class ItemReader::Reading {
   // The text of the attribute, null (and reported) when the item does not have it.
   const std::string_view* text(const Node& node, std::string_view attribute) {
     const std::string_view* const found = m_tree.attribute(node, attribute);
-    if (found != nullptr)
+    if (found != nullptr) {
       return found;
+    }
     // A point that lacks one coordinate is not of another type.
     const auto others = m_tree.attributes(node);
     const bool isCoordinate =
@@ -143,33 +153,39 @@ class ItemReader::Reading {
 
   void readDouble(const Node& node, std::string_view attribute, double& value) {
     const std::string_view* const found = text(node, attribute);
-    if (found == nullptr)
+    if (found == nullptr) {
       return;
+    }
     value = parseDouble(*found);
-    if (!isDecimalNumber(*found))
+    if (!isDecimalNumber(*found)) {
       report(ProblemKind::kNoNumber, &node, node.name, quoted(attribute, *found),
              "a decimal number with a point");
+    }
   }
 
   void readLong(const Node& node, std::string_view attribute, std::int64_t& value) {
     const std::string_view* const found = text(node, attribute);
-    if (found == nullptr)
+    if (found == nullptr) {
       return;
+    }
     value = parseLong(*found);
-    if (!exactLong(*found))
+    if (!exactLong(*found)) {
       report(ProblemKind::kNoNumber, &node, node.name, quoted(attribute, *found),
              "a whole number of 32 bits");
+    }
   }
 
   void readFlag(const Node& node, bool& value) {
     const std::string_view* const found = text(node, "string");
-    if (found == nullptr)
+    if (found == nullptr) {
       return;
+    }
     const auto flag = flagOf(*found);
     value = flag.value_or(false);
-    if (!flag)
+    if (!flag) {
       report(ProblemKind::kNoFlag, &node, node.name, quoted("string", *found),
              R"("True" or "False")");
+    }
   }
 
   void readAdherence(const Node& node, std::string& value) {
@@ -210,8 +226,9 @@ class ItemReader::Reading {
       case items::Kind::kAdherence:
         return readAdherence(*value.node, value.text);
       default:
-        if (const std::string_view* const found = text(*value.node, "string"))
+        if (const std::string_view* const found = text(*value.node, "string")) {
           value.text = *found;
+        }
     }
   }
 
@@ -226,24 +243,27 @@ class ItemReader::Reading {
     checkCount(schema, *value.node, count, entries, hasSegments ? &bulges : nullptr);
     entries.limit(count);
     bulges.limit(count / 2);
-    if (hasSegments)
+    if (hasSegments) {
       readSegments(entries, bulges, value.segments);
-    else if (schema.kind == items::Kind::kDoubleList)
+    } else if (schema.kind == items::Kind::kDoubleList) {
       readNumbers(entries, value.numbers);
-    else
+    } else {
       readPoints(entries, value.points);
+    }
   }
 
   void checkCount(const items::ItemSchema& schema, const Node& node, std::int64_t count,
                   const ListEntries& entries, const ListEntries* bulges) {
-    if (m_problems == nullptr)
+    if (m_problems == nullptr) {
       return;
+    }
     const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
     const std::string_view attribute = isNumbered ? "long" : "size";
     const std::size_t held = entries.all().size();
     const std::string_view* const announced = m_tree.attribute(node, attribute);
-    if (announced == nullptr)
+    if (announced == nullptr) {
       return;
+    }
     if (!isNumbered && held > kLargestSize) {
       report(ProblemKind::kCountOutOfRange, &node, node.name,
              entriesFound(attribute, *announced, held),
@@ -269,36 +289,42 @@ class ItemReader::Reading {
 
   static std::string countExpected(const items::ItemSchema& schema, const ListEntries& entries) {
     const std::size_t held = entries.all().size();
-    if (held == 0)
+    if (held == 0) {
       return "0";
+    }
     const std::string stem(schema.stem);
     return std::to_string(held) + ", " + stem + "1 to " + stem + std::to_string(held);
   }
 
   void readPoints(const ListEntries& entries, std::vector<Coordinates>& points) {
-    for (const ListEntry& entry : entries.all())
+    for (const ListEntry& entry : entries.all()) {
       readPoint(*entry.node, points.emplace_back());
+    }
   }
 
   void readNumbers(const ListEntries& entries, std::vector<double>& numbers) {
-    for (const ListEntry& entry : entries.all())
+    for (const ListEntry& entry : entries.all()) {
       readDouble(*entry.node, "double", numbers.emplace_back(0.0));
+    }
   }
 
   void readSegments(const ListEntries& points, const ListEntries& bulges,
                     std::vector<Segment>& segments) {
     for (const ListEntry& entry : points.all()) {
       const std::size_t segment = (entry.number - 1) / 2;
-      if (segment > segments.size())
+      if (segment > segments.size()) {
         break;  // what follows a gap belongs to no segment
-      if (segment == segments.size())
+      }
+      if (segment == segments.size()) {
         segments.emplace_back();
+      }
       readPoint(*entry.node,
                 entry.number % 2 == 1 ? segments[segment].start : segments[segment].end);
     }
     for (const ListEntry& entry : bulges.all()) {
-      if (entry.number <= segments.size())
+      if (entry.number <= segments.size()) {
         readPoint(*entry.node, segments[entry.number - 1].bulge);
+      }
     }
   }
 
@@ -312,10 +338,12 @@ const std::vector<ItemValue>& ItemReader::read(const Element& element,
                                                std::vector<ItemProblem>* problems) {
   m_items.resize(element.schema->items.size());
   Reading reading(m_tree, element, problems);
-  for (std::size_t i = 0; i < m_items.size(); ++i)
+  for (std::size_t i = 0; i < m_items.size(); ++i) {
     reading.read(element.schema->items[i], m_items[i]);
-  if (problems != nullptr)
+  }
+  if (problems != nullptr) {
     reading.reportStrangers();
+  }
   return m_items;
 }
 

@@ -7,9 +7,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include <tools/files/transfer_file.h>
 #include <tools/model/item_problem.h>
 #include <tools/model/item_value.h>
-#include <tools/model/transfer_file.h>
 
 namespace quorvan::tool {
 

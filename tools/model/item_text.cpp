@@ -13,13 +13,15 @@ bool isDigit(char unit) noexcept {
 }
 
 void skipDigits(std::string_view& text) noexcept {
-  while (!text.empty() && isDigit(text.front()))
+  while (!text.empty() && isDigit(text.front())) {
     text.remove_prefix(1);
+  }
 }
 
 void skipSign(std::string_view& text) noexcept {
-  if (!text.empty() && (text.front() == '-' || text.front() == '+'))
+  if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
     text.remove_prefix(1);
+  }
 }
 
 bool equalsLower(std::string_view text, std::string_view lower) noexcept {
@@ -48,43 +50,53 @@ bool isDecimalNumber(std::string_view text) noexcept {
     skipDigits(text);
     digits += behindPoint - text.size();
   }
-  if (digits == 0)
+  if (digits == 0) {
     return false;
-  if (text.empty())
+  }
+  if (text.empty()) {
     return true;
+  }
   return (text.front() == 'e' || text.front() == 'E') && isWholeNumber(text.substr(1));
 }
 
 std::optional<std::int32_t> exactLong(std::string_view text) noexcept {
-  if (!isWholeNumber(text))
+  if (!isWholeNumber(text)) {
     return std::nullopt;
-  if (text.front() == '+')
+  }
+  if (text.front() == '+') {
     text.remove_prefix(1);
+  }
   std::int32_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size())
+  if (error != std::errc() || end != text.data() + text.size()) {
     return std::nullopt;
+  }
   return value;
 }
 
 std::optional<bool> flagOf(std::string_view text) noexcept {
-  if (equalsLower(text, "true"))
+  if (equalsLower(text, "true")) {
     return true;
-  if (equalsLower(text, "false"))
+  }
+  if (equalsLower(text, "false")) {
     return false;
+  }
   return std::nullopt;
 }
 
 std::optional<std::uint32_t> entryNumber(std::string_view name, std::string_view stem) noexcept {
-  if (!name.starts_with(stem))
+  if (!name.starts_with(stem)) {
     return std::nullopt;
+  }
   name.remove_prefix(stem.size());
-  if (name.empty() || name.front() == '0' || !isDigit(name.front()))
+  if (name.empty() || name.front() == '0' || !isDigit(name.front())) {
     return std::nullopt;
+  }
   std::uint32_t number = 0;
   const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
-  if (error != std::errc() || end != name.data() + name.size())
+  if (error != std::errc() || end != name.data() + name.size()) {
     return std::nullopt;
+  }
   return number;
 }
 

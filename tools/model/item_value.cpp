@@ -21,8 +21,9 @@ bool isList(items::Kind kind) noexcept {
 
 const ItemValue* findItem(const std::vector<ItemValue>& items, std::string_view name) noexcept {
   for (const ItemValue& item : items) {
-    if (item.schema->name == name)
+    if (item.schema->name == name) {
       return &item;
+    }
   }
   return nullptr;
 }

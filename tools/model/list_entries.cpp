@@ -7,16 +7,19 @@
 namespace quorvan::tool {
 
 ListEntries::ListEntries(const DocumentTree& tree, const Node& parent, std::string_view stem) {
-  if (stem.empty())
+  if (stem.empty()) {
     return;
+  }
   for (const Node* child = tree.firstChild(parent); child != nullptr;
        child = tree.nextSibling(*child)) {
-    if (const auto number = entryNumber(child->name, stem))
+    if (const auto number = entryNumber(child->name, stem)) {
       m_entries.push_back({*number, child});
+    }
   }
   const auto byNumber = [](const ListEntry& a, const ListEntry& b) { return a.number < b.number; };
-  if (!std::is_sorted(m_entries.begin(), m_entries.end(), byNumber))
+  if (!std::is_sorted(m_entries.begin(), m_entries.end(), byNumber)) {
     std::stable_sort(m_entries.begin(), m_entries.end(), byNumber);
+  }
   const auto sameNumber = [](const ListEntry& a, const ListEntry& b) {
     return a.number == b.number;
   };

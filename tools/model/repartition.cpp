@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 #include <tools/text/number_text.h>
 
@@ -28,26 +28,27 @@ Repartition toRepartition(const std::vector<ItemValue>& items) {
   Repartition series;
   for (const ItemValue& item : items) {
     const std::string_view name = item.schema->name;
-    if (name == "Point1")
+    if (name == "Point1") {
       series.start = item.point;
-    else if (name == "Point2")
+    } else if (name == "Point2") {
       series.end = item.point;
-    else if (name == "Axis")
+    } else if (name == "Axis") {
       series.axis = item.point;
-    else if (name == "AxisDistancesTop")
+    } else if (name == "AxisDistancesTop") {
       series.top = item.numbers;
-    else if (name == "AxisDistancesBottom")
+    } else if (name == "AxisDistancesBottom") {
       series.bottom = item.numbers;
-    else if (name == "Positions")
+    } else if (name == "Positions") {
       series.positions = item.numbers;
-    else if (name == "DefClassName")
+    } else if (name == "DefClassName") {
       series.className = item.text;
-    else if (name == "Index")
+    } else if (name == "Index") {
       series.index = item.integer;
-    else if (name == "ViewPoint")
+    } else if (name == "ViewPoint") {
       series.viewPoint = item.integer;
-    else if (name == "Hidden")
+    } else if (name == "Hidden") {
       series.isHidden = item.flag;
+    }
   }
   return series;
 }
@@ -57,13 +58,16 @@ std::string spacingText(const std::vector<double>& spacings) {
   std::size_t runs = 0;
   for (std::size_t at = 0; at < spacings.size();) {
     std::size_t end = at + 1;
-    while (end < spacings.size() && std::abs(spacings[end] - spacings[at]) < kEqualSpacing)
+    while (end < spacings.size() && std::abs(spacings[end] - spacings[at]) < kEqualSpacing) {
       ++end;
-    if (++runs > kMostRuns)
+    }
+    if (++runs > kMostRuns) {
       return text + ", ...";
+    }
     text += text.empty() ? "" : ", ";
-    if (end - at != spacings.size() && end - at > 1)
+    if (end - at != spacings.size() && end - at > 1) {
       text += std::to_string(end - at) + " x ";
+    }
     text += rounded(spacings[at], kSpacingDecimals);
     at = end;
   }
@@ -74,8 +78,9 @@ ElementIndex::ElementIndex(const TransferFile& file) {
   m_elements.reserve(file.elements().size());
   for (const Element& element : file.elements()) {
     const std::string_view index = file.indexOf(element);
-    if (!index.empty())
+    if (!index.empty()) {
       m_elements.emplace(std::pair(element.className(), parseLong(index)), &element);
+    }
   }
 }
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include <tools/files/transfer_file.h>
 #include <tools/model/item_value.h>
-#include <tools/model/transfer_file.h>
 
 namespace quorvan::tool {
 

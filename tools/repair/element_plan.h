@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include <tools/files/transfer_file.h>
 #include <tools/model/repartition.h>
-#include <tools/model/transfer_file.h>
 
 namespace quorvan::tool {
 

@@ -1,6 +1,6 @@
 #include <tools/repair/item_mending.h>
 
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 #include <tools/model/item_text.h>
 
@@ -28,18 +28,21 @@ std::string_view attributeNameOf(items::Kind kind) {
 std::string_view trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos)
+  if (begin == std::string_view::npos) {
     return {};
+  }
   return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
 std::optional<std::string> flagText(std::string_view text) {
   const std::string_view word = trimmed(text);
   const auto flag = flagOf(word);
-  if (flag)
+  if (flag) {
     return *flag ? "True" : "False";
-  if (word == "1" || word == "0")
+  }
+  if (word == "1" || word == "0") {
     return word == "1" ? "True" : "False";
+  }
   return std::nullopt;
 }
 
@@ -48,14 +51,16 @@ std::optional<std::string> valueAs(items::Kind kind, std::string_view text) {
   const std::string_view number = trimmed(text);
   switch (kind) {
     case items::Kind::kDouble:
-      if (isDecimalNumber(number))
+      if (isDecimalNumber(number)) {
         return std::string(number);
+      }
       return withPoint(number);
     case items::Kind::kLong:
     case items::Kind::kColor:
     case items::Kind::kNumericFlag:
-      if (exactLong(number))
+      if (exactLong(number)) {
         return std::string(number);
+      }
       return std::nullopt;
     case items::Kind::kFlag:
       return flagText(text);
@@ -70,27 +75,32 @@ std::optional<MendedAttribute> mend(const DocumentTree& tree, const Node& item,
                                     const items::ItemSchema& schema) {
   const std::string_view name = attributeNameOf(schema.kind);
   const auto attributes = tree.attributes(item);
-  if (name.empty() || attributes.empty())
+  if (name.empty() || attributes.empty()) {
     return std::nullopt;
+  }
   const std::string_view* const right = tree.attribute(item, name);
-  if (schema.kind == items::Kind::kAdherence && tree.attribute(item, "long") != nullptr)
+  if (schema.kind == items::Kind::kAdherence && tree.attribute(item, "long") != nullptr) {
     return MendedAttribute{name,
                            std::string(adherenceOf(parseLong(*tree.attribute(item, "long"))))};
+  }
   const std::string_view text = right == nullptr ? attributes.front().value : *right;
   auto value = valueAs(schema.kind, text);
-  if (!value || (right != nullptr && *value == text))
+  if (!value || (right != nullptr && *value == text)) {
     return std::nullopt;
+  }
   return MendedAttribute{name, std::move(*value)};
 }
 
 std::optional<std::string> withPoint(std::string_view text) {
   std::string number(text);
   const std::size_t comma = number.find(',');
-  if (comma == std::string::npos)
+  if (comma == std::string::npos) {
     return std::nullopt;
+  }
   number[comma] = '.';
-  if (!isDecimalNumber(number))
+  if (!isDecimalNumber(number)) {
     return std::nullopt;
+  }
   return number;
 }
 

@@ -7,7 +7,7 @@
 
 #include <quorvan/elements/items/item_schema.h>
 
-#include <tools/model/document_tree.h>
+#include <tools/files/document_tree.h>
 
 namespace quorvan::tool {
 

@@ -2,13 +2,14 @@
 
 #include <unordered_set>
 
-#include <quorvan/platform/dom.h>
-#include <quorvan/platform/numbers.h>
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/numbers.h>
+#include <quorvan/text/utf8.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 #include <tools/console/terminal.h>
-#include <tools/filing/work_folder.h>
-#include <tools/model/com_use.h>
+#include <tools/files/com_use.h>
+#include <tools/files/work_folder.h>
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
 #include <tools/model/item_text.h>
@@ -28,8 +29,9 @@ class CopyBuilder {
  public:
   explicit CopyBuilder(const TransferFile& file)
       : m_file(file), m_tree(file.tree()), m_plan(file), m_reader(file) {
-    if (dom::createDocument(m_document) < 0)
+    if (dom::createDocument(m_document) < 0) {
       throw Failure("the XML document service of this system cannot be started");
+    }
     dom::append(m_document, dom::createProcessingInstruction(m_document, "xml", kDeclaration));
     m_root = dom::createElement(m_document, "Document");
     dom::append(m_document, m_root);
@@ -37,11 +39,13 @@ class CopyBuilder {
 
   void build() {
     for (const Element& element : m_file.elements()) {
-      if (m_plan.newIndex(element) != 0)
+      if (m_plan.newIndex(element) != 0) {
         copyElement(element);
+      }
     }
-    if (controlRecord(m_file) == nullptr)
+    if (controlRecord(m_file) == nullptr) {
       addControlRecord();
+    }
   }
 
   void save(const std::filesystem::path& path) { dom::save(m_document, fromUtf8(toUtf8(path))); }
@@ -66,10 +70,11 @@ class CopyBuilder {
     const IXMLDOMNodePtr record = createClass(kControlClass, 1);
     for (const items::ItemSchema& item : items::findElement(kControlClass)->items) {
       const IXMLDOMNodePtr node = create(item.name);
-      if (item.kind == items::Kind::kLong)
+      if (item.kind == items::Kind::kLong) {
         dom::addAttribute(m_document, node, "long", std::int32_t{0});
-      else
+      } else {
         addText(node, "string", "");
+      }
       dom::append(record, node);
     }
     dom::append(m_root, record);
@@ -80,11 +85,13 @@ class CopyBuilder {
     std::unordered_set<std::string_view> seen;
     for (const Node* item = m_tree.firstChild(*element.node); item != nullptr;
          item = m_tree.nextSibling(*item)) {
-      if (!item->isElement())
+      if (!item->isElement()) {
         continue;
+      }
       const items::ItemSchema* const schema = schemaOf(element, item->name);
-      if (schema != nullptr && !seen.insert(item->name).second)
+      if (schema != nullptr && !seen.insert(item->name).second) {
         continue;  // nobody reads the second of a name
+      }
       dom::append(copy, schema == nullptr ? copyNode(*item) : copyItem(element, *item, *schema));
     }
     dom::append(m_root, copy);
@@ -93,8 +100,9 @@ class CopyBuilder {
   static const items::ItemSchema* schemaOf(const Element& element, std::string_view name) {
     if (element.schema != nullptr) {
       for (const items::ItemSchema& item : element.schema->items) {
-        if (item.name == name)
+        if (item.name == name) {
           return &item;
+        }
       }
     }
     return nullptr;
@@ -102,8 +110,9 @@ class CopyBuilder {
 
   IXMLDOMNodePtr copyItem(const Element& element, const Node& item,
                           const items::ItemSchema& schema) {
-    if (isList(schema.kind))
+    if (isList(schema.kind)) {
       return copyList(element, item, schema);
+    }
     if (element.className() == kRepartitionClass && schema.name == "Index") {
       if (auto reference = mendedReference(element)) {
         const IXMLDOMNodePtr copy = create(item.name);
@@ -112,8 +121,9 @@ class CopyBuilder {
       }
     }
     const auto mended = mend(m_tree, item, schema);
-    if (!mended)
+    if (!mended) {
       return copyNode(item);
+    }
     const IXMLDOMNodePtr copy = create(item.name);
     addText(copy, mended->name, mended->value);
     return copy;
@@ -123,8 +133,9 @@ class CopyBuilder {
   std::optional<std::int32_t> mendedReference(const Element& element) {
     const Repartition series = toRepartition(m_reader.read(element));
     const std::int64_t index = m_plan.newReference(series.className, series.index);
-    if (index == series.index)
+    if (index == series.index) {
       return std::nullopt;
+    }
     return static_cast<std::int32_t>(index);
   }
 
@@ -143,8 +154,9 @@ class CopyBuilder {
       hasCount = hasCount || isCount;
       addText(copy, one.name, isCount && isCertain ? std::to_string(held) : one.value);
     }
-    if (!hasCount && isCertain)
+    if (!hasCount && isCertain) {
       addText(copy, attribute, std::to_string(held));
+    }
     appendChildren(copy, item);
     return copy;
   }
@@ -152,8 +164,9 @@ class CopyBuilder {
   void appendChildren(const IXMLDOMNodePtr& copy, const Node& node) {
     for (const Node* child = m_tree.firstChild(node); child != nullptr;
          child = m_tree.nextSibling(*child)) {
-      if (child->isElement())
+      if (child->isElement()) {
         dom::append(copy, copyNode(*child));
+      }
     }
   }
 

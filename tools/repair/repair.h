@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include <tools/model/transfer_file.h>
+#include <tools/files/transfer_file.h>
 
 namespace quorvan::tool {
 

@@ -5,8 +5,9 @@ namespace quorvan::tool {
 std::string csvLine(const std::vector<std::string>& fields) {
   std::string line;
   for (const std::string& field : fields) {
-    if (&field != &fields.front())
+    if (&field != &fields.front()) {
       line += ',';
+    }
     if (field.find_first_of(",\"\r\n") == std::string::npos) {
       line += field;
       continue;
@@ -14,8 +15,9 @@ std::string csvLine(const std::vector<std::string>& fields) {
     line += '"';
     for (const char unit : field) {
       line += unit;
-      if (unit == '"')
+      if (unit == '"') {
         line += '"';
+      }
     }
     line += '"';
   }

@@ -14,11 +14,13 @@ constexpr std::size_t kWidth = 100;
 
 // A number that is no JSON number (infinity, from a text of 400 digits) becomes null.
 std::string numberText(const Json& value) {
-  if (!value.is_number_float())
+  if (!value.is_number_float()) {
     return value.dump();
+  }
   const double number = value.get<double>();
-  if (std::isfinite(number) && (number != 0.0 || !std::signbit(number)))
+  if (std::isfinite(number) && (number != 0.0 || !std::signbit(number))) {
     return shortest(number);
+  }
   return value.dump();  // "-0.0"; null for what is not finite
 }
 
@@ -37,8 +39,9 @@ void appendInline(std::string& out, const Json& value) {
     for (const auto& [key, entry] : value.items()) {
       out += isFirst ? "" : ", ";
       isFirst = false;
-      if (value.is_object())
+      if (value.is_object()) {
         out += Json(key).dump() + ": ";
+      }
       appendInline(out, entry);
     }
     out += value.is_array() ? ']' : '}';
@@ -51,8 +54,9 @@ void appendIndented(std::string& out, const Json& value, std::size_t indent) {
   if (!value.is_structured() || !holdsObject(value)) {
     const std::size_t begin = out.size();
     appendInline(out, value);
-    if (!value.is_object() || indent + out.size() - begin <= kWidth)
+    if (!value.is_object() || indent + out.size() - begin <= kWidth) {
       return;
+    }
     out.resize(begin);
   }
   out += value.is_array() ? "[" : "{";
@@ -61,8 +65,9 @@ void appendIndented(std::string& out, const Json& value, std::size_t indent) {
     out += isFirst ? "\n" : ",\n";
     isFirst = false;
     out.append(indent + kIndent, ' ');
-    if (value.is_object())
+    if (value.is_object()) {
       out += Json(key).dump() + ": ";
+    }
     appendIndented(out, entry, indent + kIndent);
   }
   out += '\n';

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
 
 namespace quorvan::tool {
 
@@ -18,8 +18,9 @@ std::string fixed(double value, int decimals) {
   const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                           std::chars_format::fixed, decimals);
   std::string text(buffer.data(), end);
-  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos)
+  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) {
     text.erase(0, 1);
+  }
   return text;
 }
 
@@ -27,8 +28,9 @@ std::string rounded(double value, int decimals) {
   std::string text = fixed(value, decimals);
   if (text.find('.') != std::string::npos) {
     text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.'))
+    if (text.ends_with('.')) {
       text.pop_back();
+    }
   }
   return text;
 }
@@ -38,13 +40,16 @@ std::string runsOf(const std::vector<std::int64_t>& numbers, std::size_t most) {
   std::size_t runs = 0;
   for (std::size_t at = 0; at < numbers.size(); ++runs) {
     std::size_t end = at + 1;
-    while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1)
+    while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1) {
       ++end;
-    if (runs == most)
+    }
+    if (runs == most) {
       return text + ", ...";
+    }
     text += (text.empty() ? "" : ", ") + std::to_string(numbers[at]);
-    if (end - at > 1)
+    if (end - at > 1) {
       text += (end - at == 2 ? ", " : "-") + std::to_string(numbers[end - 1]);
+    }
     at = end;
   }
   return text;

@@ -24,8 +24,9 @@ void printParagraph(std::ostream& out, std::string_view text, std::size_t indent
     }
     line += (line.empty() ? "" : " ") + std::string(word);
   }
-  if (!line.empty())
+  if (!line.empty()) {
     out << std::string(indent, ' ') << line << '\n';
+  }
 }
 
 }  // namespace quorvan::tool

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include <quorvan/platform/utf8.h>
+#include <quorvan/text/utf8.h>
 
 namespace quorvan::tool {
 
@@ -15,8 +15,9 @@ constexpr char32_t kFirstVisibleAbove = 0xA0;
 void appendEscape(std::string& out, char32_t character) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   out += "\\u";
-  for (int shift = 12; shift >= 0; shift -= 4)
+  for (int shift = 12; shift >= 0; shift -= 4) {
     out += kDigits[(character >> shift) & 0xFU];
+  }
 }
 
 // Characters that turn the direction of the text around them.
@@ -34,17 +35,18 @@ std::string printable(std::string_view text) {
   const char* const end = at + text.size();
   while (at != end) {
     const char32_t character = decodeUtf8(at, end);
-    if (character == '\n')
+    if (character == '\n') {
       out += "\\n";
-    else if (character == '\t')
+    } else if (character == '\t') {
       out += "\\t";
-    else if (character == '\r')
+    } else if (character == '\r') {
       out += "\\r";
-    else if (character < ' ' || (character >= kDelete && character < kFirstVisibleAbove) ||
-             turnsText(character))
+    } else if (character < ' ' || (character >= kDelete && character < kFirstVisibleAbove) ||
+               turnsText(character)) {
       appendEscape(out, character);
-    else
+    } else {
       appendUtf8(out, character);
+    }
   }
   return out;
 }
@@ -70,11 +72,13 @@ void Table::addRow(std::vector<std::string> cells) {
 
 void Table::print(std::ostream& out, std::size_t indent) const {
   std::vector<std::string> titles;
-  for (const Column& column : m_columns)
+  for (const Column& column : m_columns) {
     titles.push_back(column.title);
+  }
   printRow(out, indent, titles);
-  for (const auto& row : m_rows)
+  for (const auto& row : m_rows) {
     printRow(out, indent, row);
+  }
 }
 
 void Table::printRow(std::ostream& out, std::size_t indent,
@@ -82,14 +86,16 @@ void Table::printRow(std::ostream& out, std::size_t indent,
   std::string line(indent, ' ');
   for (std::size_t i = 0; i < cells.size(); ++i) {
     const std::string padding(m_columns[i].width - lengthOf(cells[i]), ' ');
-    if (m_columns[i].align == Align::kRight)
+    if (m_columns[i].align == Align::kRight) {
       line += padding + cells[i];
-    else if (i + 1 < cells.size())
+    } else if (i + 1 < cells.size()) {
       line += cells[i] + padding;
-    else
+    } else {
       line += cells[i];
-    if (i + 1 < cells.size())
+    }
+    if (i + 1 < cells.size()) {
       line += "  ";
+    }
   }
   line.erase(line.find_last_not_of(' ') + 1);
   out << line << '\n';

@@ -34,18 +34,6 @@ struct ItemSchema {
   std::string_view stem = {};  // of the entries, for lists
 };
 
-/// One element class: its name and its items in the order of writing.
-struct ElementSchema {
-  std::string_view className;
-  std::span<const ItemSchema> items;
-};
-
-/// All element classes.
-std::span<const ElementSchema> allElements();
-
-/// The element class of that name, or null.
-const ElementSchema* findElement(std::string_view className);
-
 /// Whether no two items bear the same name.
 consteval bool namesDiffer(std::span<const ItemSchema> items) {
   for (std::size_t i = 0; i < items.size(); ++i) {

@@ -39,7 +39,7 @@ int appendItem(const IXMLDOMNodePtr& item, std::vector<Value>& values) {
 /// Reads the points of the open list into `points`; a missing one appends nothing.
 inline int readPoints(CKtFiler& filer, std::uint32_t count, std::vector<CKtPnt3D>& points) {
   const IXMLDOMNodePtr& scope = ItemAccess::scope(filer);
-  filer::ItemsInOrder inOrder(scope);
+  ItemsInOrder inOrder(scope);
   int result = 1;
   const bool complete =
       forEachPresent(inOrder, scope, kPointStem, count,
@@ -186,7 +186,7 @@ struct Segments {
 
   void readSegments(Reading& in, Element& element) const {
     const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
-    filer::ItemsInOrder inOrder(scope);
+    ItemsInOrder inOrder(scope);
     const std::uint32_t segments = element.*count / 2;
     std::uint32_t pointsDone = 0;
     std::uint32_t bulgesDone = 0;
@@ -216,8 +216,8 @@ struct Segments {
     if (done == count) {
       return;
     }
-    const auto rest = filer::numberedChildren(scope, stem, done + 1, count);
-    for (const filer::NumberedItem& entry : rest) {
+    const auto rest = numberedChildren(scope, stem, done + 1, count);
+    for (const NumberedItem& entry : rest) {
       in.result &= appendItem(entry.node, values);
     }
     if (rest.size() < count - done) {
@@ -263,7 +263,7 @@ struct CountedDoubles {
     if (!isBelievable(scope, announced, kLimit)) {
       in.result = 0;
     } else {
-      filer::ItemsInOrder inOrder(scope);
+      ItemsInOrder inOrder(scope);
       const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));
       forEachNumber(inOrder, scope, stem, count, [&](const IXMLDOMNodePtr& item) {
         in.result &= filer::itemValue(item, &in.entry);
@@ -305,7 +305,7 @@ struct NumberedPoints {
       in.result = 0;
       return;
     }
-    filer::ItemsInOrder inOrder(scope);
+    ItemsInOrder inOrder(scope);
     inOrder.next(name);
     const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));
     forEachNumber(inOrder, scope, kPointStem, count, [&](const IXMLDOMNodePtr& item) {

@@ -4,15 +4,15 @@
 #include <cstdint>
 #include <string_view>
 
-#include <quorvan/filer/numbered_items.h>
+#include <quorvan/elements/items/numbered_items.h>
 
 namespace quorvan::items {
 
 /// Calls `take` with the entries `stem`1 to `stem``count` that are there, in ascending order.
 /// Returns whether all of them were. Costs no more than the children of `scope`, whatever `count`.
 template <class Take>
-bool forEachPresent(filer::ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope,
-                    std::string_view stem, std::uint32_t count, const Take& take) {
+bool forEachPresent(ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::string_view stem,
+                    std::uint32_t count, const Take& take) {
   std::uint32_t done = 0;
   while (done < count && inOrder.next(stem, done + 1)) {
     take(inOrder.item());
@@ -21,8 +21,8 @@ bool forEachPresent(filer::ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope,
   if (done == count) {
     return true;
   }
-  const auto rest = filer::numberedChildren(scope, stem, done + 1, count);
-  for (const filer::NumberedItem& entry : rest) {
+  const auto rest = numberedChildren(scope, stem, done + 1, count);
+  for (const NumberedItem& entry : rest) {
     take(entry.node);
   }
   return rest.size() == count - done;
@@ -45,7 +45,7 @@ inline bool isBelievable(const IXMLDOMNodePtr& scope, long count, long limit) {
 /// Calls `take` for each of the entries `stem`1 to `stem``count`, with a null handle for one that
 /// is missing.
 template <class Take>
-void forEachNumber(filer::ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::string_view stem,
+void forEachNumber(ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::string_view stem,
                    std::uint32_t count, const Take& take) {
   std::uint32_t done = 0;
   while (done < count && inOrder.next(stem, done + 1)) {
@@ -55,7 +55,7 @@ void forEachNumber(filer::ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, st
   if (done == count) {
     return;
   }
-  for (const filer::NumberedItem& entry : filer::numberedChildren(scope, stem, done + 1, count)) {
+  for (const NumberedItem& entry : numberedChildren(scope, stem, done + 1, count)) {
     for (; done + 1 < entry.number; ++done) {
       take(IXMLDOMNodePtr());
     }

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <type_traits>
 
-#include <quorvan/elements/bar_attributes.h>
 #include <quorvan/elements/items/filing.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
@@ -267,33 +266,5 @@ struct ReadInReverse {
 
 template <class First, class Second>
 ReadInReverse(First, Second) -> ReadInReverse<First, Second>;
-
-/// The five items that every bar and link ends with.
-inline constexpr std::tuple kBarAttributeRows{
-    Plain{"SteelGrade", &BarAttributes::steelGrade},
-    Adherence{"Adherence", &BarAttributes::adherence}, Plain{"Diameter", &BarAttributes::diameter},
-    Plain{"Reference", &BarAttributes::reference}, OptionalFlag{"Hidden", &BarAttributes::hidden}};
-
-/// The bar attributes as one value member of an element.
-template <class Element>
-struct Attributes {
-  BarAttributes Element::*field;
-
-  static constexpr std::size_t kItems = 5;
-  constexpr std::array<ItemSchema, 5> schema() const {
-    return std::apply([](const auto&... row) { return std::array{row.schema()[0]...}; },
-                      kBarAttributeRows);
-  }
-
-  void write(Writing& out, const Element& element) const {
-    writeRows(kBarAttributeRows, out, element.*field);
-  }
-  void read(Reading& in, Element& element) const {
-    readRows(kBarAttributeRows, in, element.*field);
-  }
-};
-
-template <class Element>
-Attributes(BarAttributes Element::*) -> Attributes<Element>;
 
 }  // namespace quorvan::items

@@ -40,15 +40,17 @@ inline std::string describedPoint(int result, const Point& point) {
 
 inline std::string describedList(int result, const std::vector<Point>& entries, long count) {
   std::string text = describedCount(result, count);
-  for (const Point& entry : entries)
+  for (const Point& entry : entries) {
     text += ' ' + describedPoint(0, entry);
+  }
   return text;
 }
 
 /// Closing may raise what the document service makes of a file that it cannot write.
 inline std::string describedError(Action action, bool isPointer, bool isFail) {
-  if (action == Action::kClose)
+  if (action == Action::kClose) {
     return "raised";
+  }
   return isPointer ? "E_POINTER" : isFail ? "E_FAIL" : "raised";
 }
 

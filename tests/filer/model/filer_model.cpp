@@ -16,44 +16,52 @@ bool isName(const std::string& name) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
   };
-  if (name.empty() || !isLetter(name.front()))
+  if (name.empty() || !isLetter(name.front())) {
     return false;
+  }
   for (const char c : name) {
-    if (!isLetter(c) && !(c >= '0' && c <= '9') && c != '-' && c != '.')
+    if (!isLetter(c) && !(c >= '0' && c <= '9') && c != '-' && c != '.') {
       return false;
+    }
   }
   return true;
 }
 
 void append(Node* parent, Node* child) {
-  if (parent == nullptr)
+  if (parent == nullptr) {
     throw Raised::kPointer;
-  if (parent->kind != Kind::kElement || isSelfOrAbove(*child, *parent))
+  }
+  if (parent->kind != Kind::kElement || isSelfOrAbove(*child, *parent)) {
     throw Raised::kFail;
+  }
   link(*parent, *child);
 }
 
 Node* childNamed(const Node* node, const std::string& name) {
-  if (node == nullptr)
+  if (node == nullptr) {
     return nullptr;
+  }
   for (Node* child : node->children) {
-    if (child->name == name)
+    if (child->name == name) {
       return child;
+    }
   }
   return nullptr;
 }
 
 std::string fixed7(double value) {
-  if (std::isnan(value))
+  if (std::isnan(value)) {
     return "nan";  // without the sign that the C library would give it
+  }
   char text[400];
   const int length = std::snprintf(text, sizeof text, "%.7f", value);
   return {text, static_cast<std::size_t>(length)};
 }
 
 std::string shortest(double value) {
-  if (std::isnan(value))
+  if (std::isnan(value)) {
     return "nan";
+  }
   char text[64];
   return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
@@ -100,14 +108,18 @@ int FilerModel::newFiler(const std::string& path) {
 }
 
 int FilerModel::closeFiler() {
-  if (m_fileName.empty())
+  if (m_fileName.empty()) {
     return 0;
-  if (m_currentClass != nullptr)
+  }
+  if (m_currentClass != nullptr) {
     endClass();
-  if (m_document == nullptr)
+  }
+  if (m_document == nullptr) {
     return 0;
-  if (m_fileName.find('/') != std::string::npos)
+  }
+  if (m_fileName.find('/') != std::string::npos) {
     throw Raised::kNotSaved;
+  }
   m_disk->files[m_fileName] = m_disk->forest.copy(*m_document);
   m_document = nullptr;
   m_fileName.clear();
@@ -119,20 +131,24 @@ int FilerModel::closeFiler() {
 
 void FilerModel::destroy() {
   try {
-    if (m_document != nullptr)
+    if (m_document != nullptr) {
       closeFiler();
+    }
   } catch (Raised) {  // NOLINT(bugprone-empty-catch): a destructor keeps it to itself
   }
 }
 
 int FilerModel::LoadMapFromXml() {
-  if (m_mapLoaded != 0)
+  if (m_mapLoaded != 0) {
     return 1;
+  }
   const Node* const root = GetDocumentRealNode();
-  if (root == nullptr)
+  if (root == nullptr) {
     return 0;
-  for (const Node* child : root->children)
+  }
+  for (const Node* child : root->children) {
     InsertClassNameInMap(child->name);
+  }
   m_mapLoaded = 1;
   return 1;
 }
@@ -142,21 +158,25 @@ int FilerModel::InsertClassNameInMap(const std::string& className) {
 }
 
 Node* FilerModel::GetDocumentRealNode() const {
-  if (m_document == nullptr)
+  if (m_document == nullptr) {
     throw Raised::kPointer;
+  }
   Node* node = m_document->firstChild();
-  if (node != nullptr && node->name == "xml")
+  if (node != nullptr && node->name == "xml") {
     node = node->nextSibling();
+  }
   return node;
 }
 
 // --- class scopes ----------------------------------------------------------------------------
 
 int FilerModel::beginClass(const std::string& className, int version) {
-  if (m_document == nullptr)
+  if (m_document == nullptr) {
     return 0;
-  if (m_currentClass != nullptr)
+  }
+  if (m_currentClass != nullptr) {
     endClass();
+  }
   m_writing = 1;
   if (m_mapLoaded == 0) {
     m_classCounts.clear();
@@ -173,17 +193,20 @@ void FilerModel::CreateClass(const std::string& className, int version) {
 }
 
 int FilerModel::endClass() {
-  if (m_currentClass == nullptr)
+  if (m_currentClass == nullptr) {
     return -1;
+  }
   int result = -1;
   if (m_writing != 0) {
     Node* const root = GetDocumentRealNode();
-    if (root == nullptr)
+    if (root == nullptr) {
       return -1;
+    }
     append(root, m_currentClass);
     const auto counted = m_classCounts.find(m_currentClass->name);
-    if (counted != m_classCounts.end())
+    if (counted != m_classCounts.end()) {
       result = counted->second;
+    }
     m_currentClass = nullptr;
   }
   return m_mapLoaded == 0 ? result + 1 : result;
@@ -192,8 +215,9 @@ int FilerModel::endClass() {
 int FilerModel::beginClass(const std::string& className) {
   m_writing = 0;
   const auto counted = m_classCounts.find(className);
-  if (counted == m_classCounts.end() || counted->second == 0)
+  if (counted == m_classCounts.end() || counted->second == 0) {
     return 0;
+  }
   --counted->second;
   m_mapLoaded = 0;
   return FindClass(className);
@@ -203,8 +227,9 @@ int FilerModel::FindClass(const std::string& className) {
   Node* node = nullptr;
   if (m_currentClass == nullptr || m_currentClass->name != className) {
     const Node* const root = GetDocumentRealNode();
-    if (root == nullptr)
+    if (root == nullptr) {
       return 0;
+    }
     node = root->firstChild();
   } else {
     node = m_currentClass->nextSibling();
@@ -219,8 +244,9 @@ int FilerModel::FindClass(const std::string& className) {
 }
 
 int FilerModel::getLastUsedIndex() const {
-  if (m_currentClass == nullptr)
+  if (m_currentClass == nullptr) {
     return -1;
+  }
   const auto counted = m_classCounts.find(m_currentClass->name);
   return counted == m_classCounts.end() ? 0 : counted->second + 1;
 }
@@ -228,17 +254,20 @@ int FilerModel::getLastUsedIndex() const {
 // --- writing items ---------------------------------------------------------------------------
 
 Node* FilerModel::createElement(const std::string& name) {
-  if (m_document == nullptr)
+  if (m_document == nullptr) {
     throw Raised::kPointer;
-  if (!isName(name))
+  }
+  if (!isName(name)) {
     throw Raised::kFail;
+  }
   return m_disk->forest.make(Kind::kElement, name);
 }
 
 int FilerModel::appendToScope(Node* item) {
   Node* const scope = m_currentVector != nullptr ? m_currentVector : m_currentClass;
-  if (scope == nullptr)
+  if (scope == nullptr) {
     return 0;
+  }
   append(scope, item);
   return 1;
 }
@@ -295,8 +324,9 @@ const Node* FilerModel::findItem(const std::string& name) const {
 int FilerModel::readItem(const std::string& name, double* value) const {
   const Node* const item = findItem(name);
   const std::string* const text = item == nullptr ? nullptr : item->attribute("double");
-  if (text == nullptr)
+  if (text == nullptr) {
     return 0;
+  }
   *value = toDouble(*text);
   return 1;
 }
@@ -304,8 +334,9 @@ int FilerModel::readItem(const std::string& name, double* value) const {
 int FilerModel::readItem(const std::string& name, std::int32_t* value) const {
   const Node* const item = findItem(name);
   const std::string* const text = item == nullptr ? nullptr : item->attribute("long");
-  if (text == nullptr)
+  if (text == nullptr) {
     return 0;
+  }
   *value = toLong(*text);
   return 1;
 }
@@ -313,21 +344,24 @@ int FilerModel::readItem(const std::string& name, std::int32_t* value) const {
 int FilerModel::readItem(const std::string& name, std::string* value) const {
   const Node* const item = findItem(name);
   const std::string* const text = item == nullptr ? nullptr : item->attribute("string");
-  if (text == nullptr)
+  if (text == nullptr) {
     return 0;
+  }
   *value = *text;
   return 1;
 }
 
 int FilerModel::readPoint(const std::string& name, Point* point) const {
   const Node* const item = findItem(name);
-  if (item == nullptr)
+  if (item == nullptr) {
     return 0;
+  }
   for (const auto& [attribute, member] :
        {std::pair{"X", &Point::x}, std::pair{"Y", &Point::y}, std::pair{"Z", &Point::z}}) {
     const std::string* const text = item->attribute(attribute);
-    if (text == nullptr)
+    if (text == nullptr) {
       return 0;
+    }
     point->*member = toDouble(*text);
   }
   return 1;
@@ -337,17 +371,21 @@ int FilerModel::readList(const std::string& name, std::vector<Point>* entries,
                          std::int32_t* count) const {
   const Node* const list = childNamed(m_currentClass, name);
   const std::string* const size = list == nullptr ? nullptr : list->attribute("size");
-  if (size == nullptr)
+  if (size == nullptr) {
     return 0;
+  }
   *count = toLong(*size);
   const Node* child = list->firstChild();
-  if (child == nullptr)
+  if (child == nullptr) {
     return 0;
+  }
   for (std::int32_t done = 0; done < *count && child != nullptr; ++done) {
-    while (child != nullptr && child->name != "point")
+    while (child != nullptr && child->name != "point") {
       child = child->nextSibling();
-    if (child == nullptr)
+    }
+    if (child == nullptr) {
       throw Raised::kPointer;
+    }
     const std::string* const x = child->attribute("X");
     const std::string* const y = child->attribute("Y");
     const std::string* const z = child->attribute("Z");
@@ -364,10 +402,12 @@ int FilerModel::readList(const std::string& name, std::vector<Point>* entries,
 // --- vector scopes ---------------------------------------------------------------------------
 
 int FilerModel::beginVector(const std::string& name, std::int32_t count) {
-  if (m_currentClass == nullptr)
+  if (m_currentClass == nullptr) {
     return 0;
-  if (m_currentVector != nullptr)
+  }
+  if (m_currentVector != nullptr) {
     endVector();
+  }
   m_writing = 1;
   m_currentVector = createElement(name);
   m_currentVector->attributes.emplace_back("size", int16Text(count));
@@ -375,13 +415,16 @@ int FilerModel::beginVector(const std::string& name, std::int32_t count) {
 }
 
 int FilerModel::beginVector(const std::string& name, std::int32_t* count) {
-  if (m_currentClass == nullptr)
+  if (m_currentClass == nullptr) {
     return 0;
-  if (m_currentVector != nullptr)
+  }
+  if (m_currentVector != nullptr) {
     endVector();
+  }
   m_currentVector = childNamed(m_currentClass, name);
-  if (m_currentVector == nullptr)
+  if (m_currentVector == nullptr) {
     return 0;
+  }
   m_writing = 0;
   const std::string* const size = m_currentVector->attribute("size");
   if (size == nullptr) {
@@ -393,10 +436,12 @@ int FilerModel::beginVector(const std::string& name, std::int32_t* count) {
 }
 
 int FilerModel::endVector() {
-  if (m_currentVector == nullptr)
+  if (m_currentVector == nullptr) {
     return 0;
-  if (m_writing != 0)
+  }
+  if (m_writing != 0) {
     append(m_currentClass, m_currentVector);
+  }
   m_currentVector = nullptr;
   return 1;
 }
@@ -405,8 +450,9 @@ int FilerModel::endVector() {
 
 int FilerModel::getClassName(std::string* name) {
   const Node* const root = GetDocumentRealNode();
-  if (root == nullptr || root->firstChild() == nullptr)
+  if (root == nullptr || root->firstChild() == nullptr) {
     return 0;
+  }
   m_currentClass = root->firstChild();
   *name = m_currentClass->name;
   m_currentVector = m_currentClass->firstChild();
@@ -415,19 +461,22 @@ int FilerModel::getClassName(std::string* name) {
 
 int FilerModel::getFirstChildNode(const Node** node) {
   *node = nullptr;
-  if (m_currentClass == nullptr)
+  if (m_currentClass == nullptr) {
     return 0;
+  }
   m_currentVector = m_currentClass->firstChild();
   *node = m_currentVector;
   return m_currentVector != nullptr ? 1 : 0;
 }
 
 int FilerModel::getNextChildNode(const Node** node) {
-  if (m_currentClass == nullptr || m_currentVector == nullptr)
+  if (m_currentClass == nullptr || m_currentVector == nullptr) {
     return 0;
+  }
   m_currentVector = m_currentVector->nextSibling();
-  if (m_currentVector == nullptr)
+  if (m_currentVector == nullptr) {
     return 0;
+  }
   *node = m_currentVector;
   return 1;
 }
@@ -437,34 +486,40 @@ int FilerModel::seek(FilerModel& pattern) {
   m_mapLoaded = 0;
   LoadMapFromXml();
   std::string className;
-  if (pattern.getClassName(&className) == 0)
+  if (pattern.getClassName(&className) == 0) {
     return -1;
+  }
   for (;;) {
-    if (beginClass(className) == 0)
+    if (beginClass(className) == 0) {
       return -1;
+    }
     int match = 1;
     const Node* item = nullptr;
     for (int more = pattern.getFirstChildNode(&item); more != 0;
          more = pattern.getNextChildNode(&item)) {
       match &= findChildMatch(item);
-      if (match == 0)
+      if (match == 0) {
         break;
+      }
     }
-    if (match != 0)
+    if (match != 0) {
       break;
+    }
     endClass();
   }
   int index = -1;
-  if (currentIndex(&index) == 0)
+  if (currentIndex(&index) == 0) {
     index = -1;
+  }
   endClass();
   return index;
 }
 
 int FilerModel::currentIndex(int* index) const {
   const std::string* const text = m_currentClass->attribute("index");
-  if (!m_currentClass->takesAttributes() || text == nullptr)
+  if (!m_currentClass->takesAttributes() || text == nullptr) {
     return 0;
+  }
   *index = toLong(*text);
   return 1;
 }
@@ -475,14 +530,17 @@ int FilerModel::findChildMatch(const Node* item) const {
 }
 
 int FilerModel::CompareNodes(const Node& pattern, const Node& document) {
-  if (!pattern.takesAttributes() || !document.takesAttributes())
+  if (!pattern.takesAttributes() || !document.takesAttributes()) {
     return 0;
+  }
   for (const auto& [name, value] : pattern.attributes) {
     const std::string* const other = document.attribute(name);
-    if (other == nullptr)
+    if (other == nullptr) {
       throw Raised::kPointer;
-    if (*other != value)
+    }
+    if (*other != value) {
       return 0;
+    }
   }
   int result = 1;
   const Node* child = pattern.firstChild();

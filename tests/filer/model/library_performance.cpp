@@ -10,7 +10,7 @@
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/pattern_filer.h>
 #include <quorvan/platform/com_error.h>
-#include <quorvan/platform/dom_handles.h>
+#include <quorvan/xml/handles.h>
 
 namespace quorvan::test::model {
 
@@ -49,10 +49,12 @@ Point plain(const Entry& entry) {
 class LibraryPerformance final : public Performance {
  public:
   LibraryPerformance() {
-    for (const char* path : kScriptFiles)
+    for (const char* path : kScriptFiles) {
       fs::remove(path);
-    for (int filer = 0; filer < kFilers; ++filer)
+    }
+    for (int filer = 0; filer < kFilers; ++filer) {
       at(filer) = made(filer);
+    }
   }
 
   std::string perform(const Call& call) override {
@@ -62,8 +64,9 @@ class LibraryPerformance final : public Performance {
     } catch (const _com_error& error) {
       seen = describedError(call.action, error.Error() == E_POINTER, error.Error() == E_FAIL);
     }
-    for (const auto& filer : m_filers)
+    for (const auto& filer : m_filers) {
       seen += ' ' + std::to_string(filer->getLastUsedIndex());
+    }
     return seen;
   }
 
@@ -73,14 +76,18 @@ class LibraryPerformance final : public Performance {
 
  private:
   std::string describedCall(const Call& call) {
-    if (call.action <= Action::kCopy)
+    if (call.action <= Action::kCopy) {
       return fileCall(call);
-    if (call.action <= Action::kEndVector)
+    }
+    if (call.action <= Action::kEndVector) {
       return scopeCall(call);
-    if (call.action <= Action::kWriteDirections)
+    }
+    if (call.action <= Action::kWriteDirections) {
       return std::to_string(writeCall(call));
-    if (call.action <= Action::kReadDirections)
+    }
+    if (call.action <= Action::kReadDirections) {
       return readCall(call);
+    }
     return patternCall(call);
   }
 
@@ -198,14 +205,16 @@ class LibraryPerformance final : public Performance {
     long count = kUntouched;
     const int result = filer.readItem(name, &entries, &count);
     std::vector<Point> points;
-    for (const Entry& entry : entries)
+    for (const Entry& entry : entries) {
       points.push_back(plain(entry));
+    }
     return describedList(result, points, count);
   }
 
   std::string patternCall(const Call& call) {
-    if (call.action == Action::kSeek)
+    if (call.action == Action::kSeek) {
       return std::to_string(at(call.filer)->seek(&pattern(call.other)));
+    }
     CKtPatternFiler& filer = pattern(call.filer);
     if (call.action == Action::kClassName) {
       CString name = L"untouched";
@@ -220,16 +229,19 @@ class LibraryPerformance final : public Performance {
   }
 
   static std::unique_ptr<CKtFiler> made(int filer) {
-    if (filer >= kFirstPattern)
+    if (filer >= kFirstPattern) {
       return std::make_unique<CKtPatternFiler>();
+    }
     return std::make_unique<CKtFiler>();
   }
 
   static std::unique_ptr<CKtFiler> copied(int filer, const CKtFiler& other) {
-    if (filer < kFirstPattern)
+    if (filer < kFirstPattern) {
       return std::make_unique<CKtFiler>(other);
-    if (const auto* const pattern = dynamic_cast<const CKtPatternFiler*>(&other))
+    }
+    if (const auto* const pattern = dynamic_cast<const CKtPatternFiler*>(&other)) {
       return std::make_unique<CKtPatternFiler>(*pattern);
+    }
     std::unique_ptr<CKtFiler> copy = std::make_unique<CKtPatternFiler>();
     *copy = other;
     return copy;

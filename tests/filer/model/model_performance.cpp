@@ -18,8 +18,9 @@ class ModelPerformance final : public Performance {
     } catch (const Raised raised) {
       seen = describedError(call.action, raised == Raised::kPointer, raised == Raised::kFail);
     }
-    for (const FilerModel& filer : m_filers)
+    for (const FilerModel& filer : m_filers) {
       seen += ' ' + std::to_string(filer.getLastUsedIndex());
+    }
     return seen;
   }
 
@@ -30,14 +31,18 @@ class ModelPerformance final : public Performance {
 
  private:
   std::string describedCall(const Call& call) {
-    if (call.action <= Action::kCopy)
+    if (call.action <= Action::kCopy) {
       return fileCall(call);
-    if (call.action <= Action::kEndVector)
+    }
+    if (call.action <= Action::kEndVector) {
       return scopeCall(call);
-    if (call.action <= Action::kWriteDirections)
+    }
+    if (call.action <= Action::kWriteDirections) {
       return std::to_string(writeCall(call));
-    if (call.action <= Action::kReadDirections)
+    }
+    if (call.action <= Action::kReadDirections) {
       return readCall(call);
+    }
     return patternCall(call);
   }
 
@@ -145,8 +150,9 @@ class ModelPerformance final : public Performance {
 
   std::string patternCall(const Call& call) {
     FilerModel& filer = at(call.filer);
-    if (call.action == Action::kSeek)
+    if (call.action == Action::kSeek) {
       return std::to_string(filer.seek(at(call.other)));
+    }
     if (call.action == Action::kClassName) {
       std::string name = "untouched";
       const int result = filer.getClassName(&name);

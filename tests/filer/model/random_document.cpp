@@ -46,8 +46,9 @@ class Maker {
   }
 
   void addAttribute(Node& node, const std::string& name) {
-    if (node.attribute(name) == nullptr)
+    if (node.attribute(name) == nullptr) {
       node.attributes.emplace_back(name, randomValue(m_random));
+    }
   }
 
   Node* item() {
@@ -65,8 +66,9 @@ class Maker {
         break;
       case 4:
         for (const char* name : {"X", "Y", "Z"}) {
-          if (!m_random.oneIn(6))
+          if (!m_random.oneIn(6)) {
             addAttribute(*item, name);
+          }
         }
         break;
       case 5:
@@ -82,13 +84,16 @@ class Maker {
 
   Node* classElement(int index) {
     Node* const element = m_forest.make(Kind::kElement, randomClassName(m_random));
-    if (!m_random.oneIn(8))
+    if (!m_random.oneIn(8)) {
       element->attributes.emplace_back("version", "1");
-    if (!m_random.oneIn(8))
+    }
+    if (!m_random.oneIn(8)) {
       element->attributes.emplace_back(
           "index", m_random.oneIn(8) ? randomValue(m_random) : std::to_string(index));
-    for (int items = m_random.below(5); items > 0; --items)
+    }
+    for (int items = m_random.below(5); items > 0; --items) {
       link(*element, m_random.oneIn(12) ? *otherNode() : *item());
+    }
     return element;
   }
 
@@ -96,27 +101,31 @@ class Maker {
     static const std::string kNames[] = {"Document", "Document", "Document", "Zeichnung", "A"};
     Node* const root = m_forest.make(Kind::kElement, m_random.pick(kNames));
     int index = 0;
-    for (int left = m_random.below(classes + 1); left > 0; --left)
+    for (int left = m_random.below(classes + 1); left > 0; --left) {
       link(*root, m_random.oneIn(15) ? *otherNode() : *classElement(++index));
+    }
     return root;
   }
 
   void addDeclaration(Node& document) {
-    if (m_random.oneIn(8))
+    if (m_random.oneIn(8)) {
       return;
+    }
     Node* const declaration = m_forest.make(Kind::kDeclaration, "xml");
     declaration->attributes.emplace_back("version", "1.0");
-    if (m_random.oneIn(8))
+    if (m_random.oneIn(8)) {
       declaration->attributes.emplace_back("encoding", "UTF-8");
-    else
+    } else {
       declaration->attributes.emplace_back("encoding", "ISO-8859-1");
+    }
     link(document, *declaration);
   }
 
   // What may be taken for the root.
   void addInFrontOfRoot(Node& document, const Node& root) {
-    if (!m_random.oneIn(25))
+    if (!m_random.oneIn(25)) {
       return;
+    }
     if (!runsUnderWine() && m_random.oneIn(3)) {
       link(document, *m_forest.make(Kind::kDoctype, root.name));
     } else {
@@ -128,16 +137,21 @@ class Maker {
 
   // What may come with an item that was not made by the library.
   void disturb(Node& item) {
-    if (m_random.oneIn(10))
+    if (m_random.oneIn(10)) {
       addAttribute(item, "extra");
-    if (m_random.oneIn(12))
+    }
+    if (m_random.oneIn(12)) {
       addAttribute(item, "long");
-    if (m_random.oneIn(12))
+    }
+    if (m_random.oneIn(12)) {
       std::reverse(item.attributes.begin(), item.attributes.end());
-    if (m_random.oneIn(20))
+    }
+    if (m_random.oneIn(20)) {
       link(item, *otherNode());
-    if (m_random.oneIn(15))
+    }
+    if (m_random.oneIn(15)) {
       link(item, *this->item());
+    }
   }
 
  private:
@@ -146,8 +160,9 @@ class Maker {
       Node* const entry =
           m_forest.make(Kind::kElement, m_random.oneIn(6) ? "vectorPoints" : "point");
       for (const char* name : {"X", "Y", "Z"}) {
-        if (!m_random.oneIn(15))
+        if (!m_random.oneIn(15)) {
           addAttribute(*entry, name);
+        }
       }
       link(list, m_random.oneIn(12) ? *otherNode() : *entry);
     }
@@ -162,8 +177,9 @@ std::vector<const Node*> classElements(const Node& document) {
   std::vector<const Node*> elements;
   for (const Node* root : document.children) {
     for (const Node* child : root->children) {
-      if (child->kind == Kind::kElement)
+      if (child->kind == Kind::kElement) {
         elements.push_back(child);
+      }
     }
   }
   return elements;
@@ -172,26 +188,33 @@ std::vector<const Node*> classElements(const Node& document) {
 void mutate(RandomSource& random, Maker& maker, Node& element) {
   std::vector<Node*>& items = element.children;
   const auto any = [&] { return random.below(static_cast<int>(items.size())); };
-  if (!items.empty() && random.oneIn(2))
+  if (!items.empty() && random.oneIn(2)) {
     items.erase(items.begin() + any());
-  if (!items.empty() && random.oneIn(4))
+  }
+  if (!items.empty() && random.oneIn(4)) {
     items.erase(items.begin() + any());
+  }
   if (!items.empty() && random.oneIn(3)) {
     Node& item = *items[static_cast<std::size_t>(any())];
-    if (!item.attributes.empty())
+    if (!item.attributes.empty()) {
       item.attributes.back().second = randomValue(random);
+    }
   }
   if (!items.empty() && random.oneIn(6)) {
     Node& item = *items[static_cast<std::size_t>(any())];
-    if (item.kind == Kind::kElement)
+    if (item.kind == Kind::kElement) {
       maker.disturb(item);
+    }
   }
-  if (random.oneIn(6))
+  if (random.oneIn(6)) {
     link(element, *maker.item());
-  if (random.oneIn(20))
+  }
+  if (random.oneIn(20)) {
     link(element, *maker.otherNode());
-  if (random.oneIn(5))
+  }
+  if (random.oneIn(5)) {
     std::reverse(items.begin(), items.end());
+  }
 }
 
 }  // namespace
@@ -225,17 +248,21 @@ std::shared_ptr<const Sample> randomPattern(RandomSource& random, const Node& se
   Node* const root = sample->forest.make(Kind::kElement, "Document");
   const std::vector<const Node*> elements = classElements(searched);
   Node* element = nullptr;
-  if (elements.empty() || random.oneIn(12))
+  if (elements.empty() || random.oneIn(12)) {
     element = maker.classElement(1);
-  else
+  } else {
     element = sample->forest.copy(
         *elements[static_cast<std::size_t>(random.below(static_cast<int>(elements.size())))]);
-  if (!random.oneIn(3))
+  }
+  if (!random.oneIn(3)) {
     mutate(random, maker, *element);
-  if (random.oneIn(15))
+  }
+  if (random.oneIn(15)) {
     element->name = "D";
-  if (random.oneIn(30))
+  }
+  if (random.oneIn(30)) {
     link(*root, *maker.otherNode());
+  }
   link(*root, *element);
   link(*document, *root);
   sample->document = document;

@@ -31,8 +31,9 @@ class Composer {
 
   Script calls() {
     putDocuments();
-    for (int left = 30 + m_random.below(90); left > 0; --left)
+    for (int left = 30 + m_random.below(90); left > 0; --left) {
       addAnyCall();
+    }
     addEnd();
     return std::move(m_script);
   }
@@ -41,10 +42,12 @@ class Composer {
     putDocuments();
     add({Action::kOpen, 0, 0, kScriptFiles[0]});
     add({Action::kOpen, 1, 0, kScriptFiles[m_random.below(2)]});
-    if (m_random.oneIn(2))
+    if (m_random.oneIn(2)) {
       add({Action::kAssign, 1, 0});
-    for (int left = 10 + m_random.below(40); left > 0; --left)
+    }
+    for (int left = 10 + m_random.below(40); left > 0; --left) {
       addSearchOrChange();
+    }
     addEnd();
     return std::move(m_script);
   }
@@ -57,18 +60,21 @@ class Composer {
 
   void putDocuments() {
     for (int file = 0; file < 3; ++file) {
-      if (m_random.oneIn(4))
+      if (m_random.oneIn(4)) {
         continue;
+      }
       m_searched = randomDocument(m_random, file == 2 ? 3 : 14);
       add({Action::kPutFile, 0, 0, kScriptFiles[file], "", 0, 0, m_searched});
     }
-    if (m_searched == nullptr)
+    if (m_searched == nullptr) {
       m_searched = randomDocument(m_random, 14);
+    }
   }
 
   std::string anyFile() {
-    if (m_random.oneIn(20))
+    if (m_random.oneIn(20)) {
       return "";
+    }
     return kScriptFiles[m_random.oneIn(20) ? 3 : m_random.below(3)];
   }
 
@@ -76,8 +82,9 @@ class Composer {
     static const std::string kRare[] = {"", "1x", "a b", "#comment", "#text", "\xC3\x89"};
     // Beyond ASCII, names make Wine's document service save files that it reads differently.
     const int rare = runsUnderWine() ? 5 : 6;
-    if (m_random.oneIn(25))
+    if (m_random.oneIn(25)) {
       return kRare[m_random.below(rare)];
+    }
     return isItem != m_random.oneIn(20) ? randomItemName(m_random) : randomClassName(m_random);
   }
 
@@ -99,10 +106,12 @@ class Composer {
       add({Action::kPutFile, 0, 0, kScriptFiles[2], "", 0, 0, sample});
       add({Action::kOpen, pattern, 0, kScriptFiles[2]});
     }
-    for (int times = m_random.oneIn(6) ? 3 : 1; times > 0; --times)
+    for (int times = m_random.oneIn(6) ? 3 : 1; times > 0; --times) {
       add({Action::kSeek, m_random.oneIn(10) ? anyFiler() : m_random.below(2), pattern});
-    if (m_random.oneIn(3))
+    }
+    if (m_random.oneIn(3)) {
       addCall(Action::kNextItem, pattern);
+    }
   }
 
   // The element that is current becomes the last of its document.
@@ -111,8 +120,9 @@ class Composer {
     addCall(Action::kReadClass, filer);
     add({Action::kBeginVector, filer, 0, "V", "", 0, 1});
     add({Action::kEndClass, filer});
-    if (m_random.oneIn(2))
+    if (m_random.oneIn(2)) {
       add({Action::kEndVector, filer});
+    }
   }
 
   // A filer that opens another document goes on with the element that it read in the first: items
@@ -121,8 +131,9 @@ class Composer {
     addSearch();
     add({Action::kAssign, 1, 0});
     add({Action::kOpen, 1, 0, m_random.oneIn(2) ? kScriptFiles[1] : ""});
-    if (m_random.oneIn(2))
+    if (m_random.oneIn(2)) {
       addCall(m_random.pick(kWrites), 1);
+    }
     if (m_random.oneIn(2)) {
       add({Action::kBeginVector, 1, 0, randomItemName(m_random), "", 0, 1});
       add({m_random.oneIn(2) ? Action::kEndVector : Action::kEndClass, 1});
@@ -132,52 +143,56 @@ class Composer {
 
   void addClass(int filer) {
     add({Action::kBeginClass, filer, 0, randomClassName(m_random), "", 0, 1});
-    for (int items = m_random.below(4); items > 0; --items)
+    for (int items = m_random.below(4); items > 0; --items) {
       addCall(m_random.pick(kWrites), filer);
-    if (!m_random.oneIn(6))
+    }
+    if (!m_random.oneIn(6)) {
       add({Action::kEndClass, filer});
+    }
   }
 
   void addAnyCall() {
     const int filer = anyFiler();
     const int kind = m_random.below(100);
-    if (kind < 6)
+    if (kind < 6) {
       add({Action::kOpen, filer, 0, anyFile()});
-    else if (kind < 14)
+    } else if (kind < 14) {
       addCall(m_random.pick(kOwners), filer);
-    else if (kind < 45)
+    } else if (kind < 45) {
       addCall(m_random.pick(kScopes), filer);
-    else if (kind < 65)
+    } else if (kind < 65) {
       addCall(m_random.pick(kWrites), filer);
-    else if (kind < 85)
+    } else if (kind < 85) {
       addCall(m_random.pick(kReads), filer);
-    else if (kind < 90)
+    } else if (kind < 90) {
       addCall(m_random.pick(kPatterns), anyPattern());
-    else if (kind < 93)
+    } else if (kind < 93) {
       add({Action::kSeek, filer, anyPattern()});
-    else
+    } else {
       addClass(filer);
+    }
   }
 
   void addSearchOrChange() {
     const int filer = m_random.below(2);
     const int kind = m_random.below(100);
-    if (kind < 45)
+    if (kind < 45) {
       addSearch();
-    else if (kind < 60)
+    } else if (kind < 60) {
       addClass(filer);
-    else if (kind < 65)
+    } else if (kind < 65) {
       addMove();
-    else if (kind < 68)
+    } else if (kind < 68) {
       addStray();
-    else if (kind < 77)
+    } else if (kind < 77) {
       addCall(m_random.pick(kScopes), filer);
-    else if (kind < 83)
+    } else if (kind < 83) {
       addCall(m_random.pick(kWrites), filer);
-    else if (kind < 92)
+    } else if (kind < 92) {
       addCall(m_random.pick(kReads), filer);
-    else
+    } else {
       addAnyCall();
+    }
   }
 
   // Every filer reads and writes an element of each class, which shows its counts. The first two
@@ -193,10 +208,12 @@ class Composer {
         add({Action::kReadLong, filer, 0, "P"});
       }
     }
-    for (int filer = 0; filer < kFirstPattern; ++filer)
+    for (int filer = 0; filer < kFirstPattern; ++filer) {
       add({Action::kClose, filer});
-    for (int filer = 0; filer < kFilers; ++filer)
+    }
+    for (int filer = 0; filer < kFilers; ++filer) {
       add({Action::kOpen, filer});
+    }
   }
 
   RandomSource m_random;

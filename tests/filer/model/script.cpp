@@ -52,8 +52,9 @@ std::string described(const Call& call) {
                      call.name + "\" other=" + std::to_string(call.other) +
                      " number=" + std::to_string(call.number) +
                      " value=" + std::to_string(call.value) + " text=\"" + call.text + '"';
-  if (call.sample != nullptr)
+  if (call.sample != nullptr) {
     text += '\n' + fileText(*call.sample->document);
+  }
   return text;
 }
 
@@ -66,8 +67,9 @@ std::string filesDifference(Performance& library, Performance& model) {
   for (const char* path : kScriptFiles) {
     const std::string saved = library.file(path);
     const std::string expected = model.file(path);
-    if (saved != expected)
+    if (saved != expected) {
       return std::string(path) + "\n  library: " + saved + "\n  model:   " + expected;
+    }
   }
   return "";
 }
@@ -75,10 +77,12 @@ std::string filesDifference(Performance& library, Performance& model) {
 std::string callDifference(const Call& call, Performance& library, Performance& model) {
   const std::string seen = library.perform(call);
   const std::string expected = model.perform(call);
-  if (seen != expected)
+  if (seen != expected) {
     return described(call) + "\n  library: " + seen + "\n  model:   " + expected;
-  if (maySave(call.action))
+  }
+  if (maySave(call.action)) {
     return filesDifference(library, model);
+  }
   return "";
 }
 
@@ -88,10 +92,11 @@ void takeAway(Script& script, std::size_t size) {
     const std::size_t end = std::min(start + size, script.size());
     Script shorter(script.begin(), script.begin() + static_cast<std::ptrdiff_t>(start));
     shorter.insert(shorter.end(), script.begin() + static_cast<std::ptrdiff_t>(end), script.end());
-    if (difference(shorter).empty())
+    if (difference(shorter).empty()) {
       start = end;
-    else
+    } else {
       script = std::move(shorter);
+    }
   }
 }
 
@@ -102,8 +107,9 @@ std::string difference(const Script& script) {
   const std::unique_ptr<Performance> model = modelPerformance();
   for (std::size_t i = 0; i < script.size(); ++i) {
     const std::string found = callDifference(script[i], *library, *model);
-    if (!found.empty())
+    if (!found.empty()) {
       return "call " + std::to_string(i) + ", " + found;
+    }
   }
   return "";
 }
@@ -112,12 +118,14 @@ std::string shrunk(Script script) {
   std::size_t before = 0;
   do {
     before = script.size();
-    for (std::size_t size = std::max<std::size_t>(before / 2, 1); size > 0; size /= 2)
+    for (std::size_t size = std::max<std::size_t>(before / 2, 1); size > 0; size /= 2) {
       takeAway(script, size);
+    }
   } while (script.size() < before);
   std::string text;
-  for (const Call& call : script)
+  for (const Call& call : script) {
     text += described(call) + '\n';
+  }
   return text + difference(script);
 }
 

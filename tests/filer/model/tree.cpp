@@ -10,12 +10,14 @@ namespace {
 // The code point that begins at `at`, which moves behind it. The text is valid.
 std::uint32_t nextCodePoint(std::string_view utf8, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(utf8[at++]);
-  if (lead < 0x80)
+  if (lead < 0x80) {
     return lead;
+  }
   const int rest = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
   std::uint32_t code = lead & (0x3FU >> rest);
-  for (int i = 0; i < rest; ++i)
+  for (int i = 0; i < rest; ++i) {
     code = (code << 6) | (static_cast<unsigned char>(utf8[at++]) & 0x3FU);
+  }
   return code;
 }
 
@@ -66,8 +68,9 @@ class Writer {
       return;
     }
     m_out += '>';
-    for (const Node* child : node.children)
+    for (const Node* child : node.children) {
       write(*child);
+    }
     m_out += "</";
     writeText(node.name);
     m_out += '>';
@@ -87,20 +90,21 @@ class Writer {
     for (std::size_t at = 0; at < text.size();) {
       const std::size_t start = at;
       const std::uint32_t code = nextCodePoint(text, at);
-      if (code == '&')
+      if (code == '&') {
         m_out += "&amp;";
-      else if (code == '<')
+      } else if (code == '<') {
         m_out += "&lt;";
-      else if (code == '>')
+      } else if (code == '>') {
         m_out += "&gt;";
-      else if (code == '"')
+      } else if (code == '"') {
         m_out += "&quot;";
-      else if (code < 0x20 || (m_isLatin1 && code > 0xFF))
+      } else if (code < 0x20 || (m_isLatin1 && code > 0xFF)) {
         m_out += "&#" + std::to_string(code) + ';';
-      else if (m_isLatin1)
+      } else if (m_isLatin1) {
         m_out += static_cast<char>(code);
-      else
+      } else {
         m_out.append(text, start, at - start);
+      }
     }
   }
 
@@ -110,8 +114,9 @@ class Writer {
 
 bool isLatin1(const Node& document) {
   const Node* const first = document.firstChild();
-  if (first == nullptr || first->kind != Kind::kDeclaration)
+  if (first == nullptr || first->kind != Kind::kDeclaration) {
     return false;
+  }
   const std::string* const encoding = first->attribute("encoding");
   return encoding != nullptr && *encoding == "ISO-8859-1";
 }
@@ -134,8 +139,9 @@ Node* Node::firstChild() const {
 }
 
 Node* Node::nextSibling() const {
-  if (parent == nullptr)
+  if (parent == nullptr) {
     return nullptr;
+  }
   const auto self = std::find(parent->children.begin(), parent->children.end(), this);
   return self + 1 == parent->children.end() ? nullptr : *(self + 1);
 }
@@ -149,8 +155,9 @@ Node* Forest::copy(const Node& node) {
   Node* const copied = make(node.kind, node.name);
   copied->attributes = node.attributes;
   copied->text = node.text;
-  for (const Node* child : node.children)
+  for (const Node* child : node.children) {
     link(*copied, *copy(*child));
+  }
   return copied;
 }
 
@@ -180,8 +187,9 @@ void link(Node& parent, Node& child) {
 
 bool isSelfOrAbove(const Node& node, const Node& below) {
   for (const Node* at = &below; at != nullptr; at = at->parent) {
-    if (at == &node)
+    if (at == &node) {
       return true;
+    }
   }
   return false;
 }

@@ -2,15 +2,16 @@
 //
 // The backend's own operations are compiled in here under another namespace. All that they include
 // has to be included before, because the name is changed for the rest of the file.
-#include <quorvan/platform/dom.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 #include <new>
 
 #include <tests/support/fault_backend/dom_faults.h>
-#include <quorvan/platform/embedded/document.h>
-#include <quorvan/platform/embedded/instruction.h>
-#include <quorvan/platform/embedded/value_text.h>
-#include <quorvan/platform/numbers.h>
+#include <quorvan/text/numbers.h>
+#include <quorvan/xml/embedded/document.h>
+#include <quorvan/xml/embedded/tree/instruction.h>
+#include <quorvan/xml/embedded/tree/value_text.h>
 
 namespace quorvan::genuine {
 using namespace dom;  // NOLINT(google-build-using-namespace): the types of the contract
@@ -22,7 +23,7 @@ using namespace dom;  // NOLINT(google-build-using-namespace): the types of the 
 #pragma GCC diagnostic ignored "-Wunknown-pragmas"
 #endif
 #define dom genuine
-#include <quorvan/platform/embedded/dom.cpp>  // NOLINT(bugprone-suspicious-include)
+#include <quorvan/xml/embedded/dom.cpp>  // NOLINT(bugprone-suspicious-include)
 #undef dom
 #if defined(__GNUC__)
 #pragma GCC diagnostic pop
@@ -45,34 +46,41 @@ Plan plan;
 
 // Whether this call is to fail.
 bool isDue(const char* operation, std::string_view name) {
-  if (!plan.isOn)
+  if (!plan.isOn) {
     return false;
+  }
   ++plan.calls;
-  if (plan.calls < plan.call || (plan.calls > plan.call && !plan.lasts))
+  if (plan.calls < plan.call || (plan.calls > plan.call && !plan.lasts)) {
     return false;
-  if (plan.failed.empty())
+  }
+  if (plan.failed.empty()) {
     plan.failed.append(operation).append(" ").append(name);
+  }
   return true;
 }
 
 [[noreturn]] void raise() {
-  if (plan.fault == DomFault::kBadAlloc)
+  if (plan.fault == DomFault::kBadAlloc) {
     throw std::bad_alloc();
+  }
   platform::raiseComError(plan.fault == DomFault::kFail ? E_FAIL : E_OUTOFMEMORY);
 }
 
 // For an operation that fails by raising alone.
 void meet(const char* operation, std::string_view name = {}) {
-  if (plan.fault != DomFault::kNothing && isDue(operation, name))
+  if (plan.fault != DomFault::kNothing && isDue(operation, name)) {
     raise();
+  }
 }
 
 // For one that may also return nothing: whether it is to do that.
 bool returnsNothing(const char* operation, std::string_view name) {
-  if (!isDue(operation, name))
+  if (!isDue(operation, name)) {
     return false;
-  if (plan.fault != DomFault::kNothing)
+  }
+  if (plan.fault != DomFault::kNothing) {
     raise();
+  }
   return true;
 }
 
@@ -104,8 +112,9 @@ using test::returnsNothing;
 HRESULT createDocument(IXMLDOMDocumentPtr& document) {
   document = nullptr;
   try {
-    if (returnsNothing("createDocument", {}))
+    if (returnsNothing("createDocument", {})) {
       return S_OK;
+    }
   } catch (const _com_error& error) {
     return error.Error();
   } catch (const std::bad_alloc&) {
@@ -125,8 +134,9 @@ void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability du
 }
 
 IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {
-  if (returnsNothing("createElement", name.text()))
+  if (returnsNothing("createElement", name.text())) {
     return nullptr;
+  }
   return genuine::createElement(document, name);
 }
 

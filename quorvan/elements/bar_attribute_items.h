@@ -1,0 +1,39 @@
+// The items that every bar and link ends with. Not installed.
+#pragma once
+
+#include <tuple>
+
+#include <quorvan/elements/bar_attributes.h>
+#include <quorvan/elements/items/scalar_rows.h>
+
+namespace quorvan::items {
+
+/// The five items that every bar and link ends with.
+inline constexpr std::tuple kBarAttributeRows{
+    Plain{"SteelGrade", &BarAttributes::steelGrade},
+    Adherence{"Adherence", &BarAttributes::adherence}, Plain{"Diameter", &BarAttributes::diameter},
+    Plain{"Reference", &BarAttributes::reference}, OptionalFlag{"Hidden", &BarAttributes::hidden}};
+
+/// The bar attributes as one value member of an element.
+template <class Element>
+struct Attributes {
+  BarAttributes Element::*field;
+
+  static constexpr std::size_t kItems = 5;
+  constexpr std::array<ItemSchema, 5> schema() const {
+    return std::apply([](const auto&... row) { return std::array{row.schema()[0]...}; },
+                      kBarAttributeRows);
+  }
+
+  void write(Writing& out, const Element& element) const {
+    writeRows(kBarAttributeRows, out, element.*field);
+  }
+  void read(Reading& in, Element& element) const {
+    readRows(kBarAttributeRows, in, element.*field);
+  }
+};
+
+template <class Element>
+Attributes(BarAttributes Element::*) -> Attributes<Element>;
+
+}  // namespace quorvan::items

@@ -1,0 +1,34 @@
+#include <quorvan/export/filing/scratch_search.h>
+
+#include <quorvan/export/filing/filing_state.h>
+#include <quorvan/platform/file_deletion.h>
+
+namespace quorvan {
+
+namespace {
+
+constexpr const wchar_t* kScratchPath = L"TempFiler.xml";
+
+// Deletes the scratch file when the search begins and when it is over. It must outlive the pattern
+// filer, whose destructor saves it when an error comes before closeFiler.
+class ScratchFile {
+ public:
+  ScratchFile() { platform::deleteFile(kScratchPath); }
+  ~ScratchFile() { platform::deleteFile(kScratchPath); }
+  ScratchFile(const ScratchFile&) = delete;
+  ScratchFile& operator=(const ScratchFile&) = delete;
+};
+
+}  // namespace
+
+int indexInFile(const WritePattern& writePattern) {
+  const ScratchFile scratch;
+  CKtPatternFiler pattern;
+  pattern.newFiler(kScratchPath);
+  writePattern(pattern);
+  const int found = theFiler.seek(&pattern);
+  pattern.closeFiler();
+  return found;
+}
+
+}  // namespace quorvan

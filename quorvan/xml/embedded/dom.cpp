@@ -1,0 +1,224 @@
+// The contract of dom.h over the embedded document: each operation finds its tree and hands on.
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
+
+#include <new>
+
+#include <quorvan/text/numbers.h>
+#include <quorvan/xml/embedded/document.h>
+#include <quorvan/xml/embedded/tree/instruction.h>
+#include <quorvan/xml/embedded/tree/value_text.h>
+
+namespace quorvan::dom {
+
+namespace {
+
+using embedded::Document;
+using embedded::Node;
+using embedded::Ref;
+using embedded::Tree;
+using embedded::Value;
+using embedded::WideValue;
+
+// The node of a handle that was found not to be null.
+struct Place {
+  explicit Place(const IXMLDOMNodePtr& handle)
+      : tree(Tree::of(handle)), ref(Tree::nodeOf(handle)) {}
+
+  [[nodiscard]] const Node& node() const noexcept { return tree.node(ref); }
+
+  Tree& tree;
+  Ref ref;
+};
+
+bool put(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element, const Name& name,
+         const Value& value) {
+  static_cast<void>(Document::of(document));
+  const Place place(element);
+  if (!place.node().hasAttributeMap()) {
+    return false;
+  }
+  if (place.node().isDeclaration()) {
+    embedded::putDeclarationPart(place.tree, place.ref, name, value.text);
+  } else {
+    place.tree.putAttribute(place.ref, name, value);
+  }
+  return true;
+}
+
+bool putNumber(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element, const Name& name,
+               std::int32_t value) {
+  char digits[kShortestCapacity];
+  const char* const end = formatLong(digits, value);
+  return put(document, element, name, {{digits, static_cast<std::size_t>(end - digits)}, true});
+}
+
+void appendTo(Tree& tree, Ref parent, const IXMLDOMNodePtr& child) {
+  const Place place(child);
+  if (&place.tree == &tree) {
+    tree.append(parent, place.ref);
+  } else {
+    tree.adopt(parent, place.tree, place.ref);
+  }
+}
+
+}  // namespace
+
+// --- documents -----------------------------------------------------------------------------
+
+HRESULT createDocument(IXMLDOMDocumentPtr& document) {
+  document = nullptr;
+  try {
+    document = Document::create();
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
+  return S_OK;
+}
+
+bool load(const IXMLDOMDocumentPtr& document, const CString& path) {
+  return Document::of(document).load(path);
+}
+
+void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability durability) {
+  Document::of(document).save(path, durability);
+}
+
+// --- building ------------------------------------------------------------------------------
+
+IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {
+  Tree& tree = Document::of(document).tree();
+  return tree.handle(tree.createElement(name));
+}
+
+IXMLDOMNodePtr createProcessingInstruction(const IXMLDOMDocumentPtr& document, const Name& target,
+                                           std::string_view data) {
+  Tree& tree = Document::of(document).tree();
+  return tree.handle(embedded::createInstruction(tree, target, data));
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, std::int16_t value) {
+  return putNumber(document, element, name, value);
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, std::int32_t value) {
+  return putNumber(document, element, name, value);
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, AsciiText value) {
+  return put(document, element, name, {value.text, true});
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, std::wstring_view value) {
+  return put(document, element, name, WideValue(value).value());
+}
+
+void append(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& child) {
+  Tree& tree = Document::of(document).tree();
+  appendTo(tree, tree.document(), child);
+}
+
+void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child) {
+  const Place place(parent);
+  appendTo(place.tree, place.ref, child);
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, std::span<const NewAttribute> attributes) {
+  Tree& tree = Document::of(document).tree();
+  const Place place(parent);
+  if (&place.tree == &tree && place.node().isElement()) {
+    tree.appendElement(place.ref, name, attributes);
+    return true;
+  }
+  const IXMLDOMNodePtr element = dom::createElement(document, name);
+  for (const NewAttribute& attribute : attributes) {
+    dom::addAttribute(document, element, attribute.name, attribute.value);
+  }
+  append(parent, element);
+  return true;
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, const Name& attribute, std::wstring_view value) {
+  Tree& tree = Document::of(document).tree();
+  const Place place(parent);
+  if (&place.tree == &tree && place.node().isElement()) {
+    tree.appendElement(place.ref, name, attribute, WideValue(value).value());
+    return true;
+  }
+  const IXMLDOMNodePtr element = dom::createElement(document, name);
+  dom::addAttribute(document, element, attribute, value);
+  append(parent, element);
+  return true;
+}
+
+// --- walking -------------------------------------------------------------------------------
+
+IXMLDOMNodePtr firstChild(const IXMLDOMDocumentPtr& document) {
+  Tree& tree = Document::of(document).tree();
+  return tree.handle(tree.node(tree.document()).firstChild);
+}
+
+IXMLDOMNodePtr firstChild(const IXMLDOMNodePtr& node) {
+  const Place place(node);
+  return place.tree.handle(place.node().firstChild);
+}
+
+IXMLDOMNodePtr nextSibling(const IXMLDOMNodePtr& node) {
+  const Place place(node);
+  return place.tree.handle(place.node().next);
+}
+
+IXMLDOMNodePtr firstChildNamed(const IXMLDOMNodePtr& node, const Name& name) {
+  const Place place(node);
+  return place.tree.handle(
+      place.tree.firstChildNamed(place.ref, place.tree.nodes().names().find(name)));
+}
+
+IXMLDOMNodePtr nextSiblingNamed(const IXMLDOMNodePtr& node, const Name& name) {
+  const Place place(node);
+  return place.tree.handle(
+      place.tree.nextSiblingNamed(place.ref, place.tree.nodes().names().find(name)));
+}
+
+NodeName nodeName(const IXMLDOMNodePtr& node) {
+  const Place place(node);
+  return NodeName(place.tree.nodes().names()[place.node().name()].name());
+}
+
+bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
+  return nodeName(node).view() == name;
+}
+
+bool hasAttributes(const IXMLDOMNodePtr& node) {
+  return Place(node).node().hasAttributeMap();
+}
+
+bool attribute(const IXMLDOMNodePtr& node, const Name& name, AttributeValue& value) {
+  const Place place(node);
+  if (!place.node().hasAttributeMap()) {
+    return false;
+  }
+  embedded::ValueWalk values = place.tree.nodes().values(place.ref);
+  if (!values.find(place.tree.nodes().names().find(name))) {
+    return false;
+  }
+  value = AttributeValue(values.value().text);
+  return true;
+}
+
+void countChildNames(const IXMLDOMNodePtr& node, ChildNameCounts& counts) {
+  const Place place(node);
+  place.tree.countChildNames(place.ref, counts);
+}
+
+std::uint64_t revision(const IXMLDOMDocumentPtr& document) {
+  return Document::of(document).tree().revision();
+}
+
+}  // namespace quorvan::dom

@@ -1,0 +1,58 @@
+// The XML parser of the embedded document: expat, strict and bounded.
+//
+// No external entity is ever opened; a reference to one makes the document not well-formed, as an
+// undeclared entity does. Entities may make a document larger within limits.h only.
+#pragma once
+
+#include <expat.h>
+
+#include <cstddef>
+#include <exception>
+
+#include <quorvan/xml/embedded/files/file_source.h>
+
+namespace quorvan::embedded {
+
+class ExpatParser {
+ public:
+  enum class Names { kAsTheyAre, kWithNamespaces };
+
+  /// Raises std::bad_alloc.
+  explicit ExpatParser(Names names);
+  ExpatParser(const ExpatParser&) = delete;
+  ExpatParser& operator=(const ExpatParser&) = delete;
+  ~ExpatParser();
+
+  /// To set handlers and their argument, and to ask within a handler.
+  [[nodiscard]] XML_Parser raw() const noexcept { return m_parser; }
+
+  /// Parses from where the file stands to its end. False when it is not well-formed, or refuse()
+  /// was called. Raises what reading or a guarded handler raised, std::bad_alloc when memory runs
+  /// out.
+  bool parse(FileSource& file);
+
+  /// Stops parsing: the document is to count as not well-formed.
+  void refuse() noexcept;
+
+  /// Runs the body of a handler, through which nothing may be raised: it is raised by parse().
+  /// Does nothing once parsing has been stopped.
+  template <class Body>
+  void guard(const Body& body) noexcept {
+    if (m_isStopped) {
+      return;
+    }
+    try {
+      body();
+    } catch (...) {
+      m_raised = std::current_exception();
+      refuse();
+    }
+  }
+
+ private:
+  XML_Parser m_parser;
+  std::exception_ptr m_raised;
+  bool m_isStopped = false;
+};
+
+}  // namespace quorvan::embedded

@@ -1,0 +1,312 @@
+#include <quorvan/xml/embedded/reading/expat_reader.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <quorvan/xml/embedded/reading/expat_parser.h>
+#include <quorvan/xml/embedded/reading/limits.h>
+#include <quorvan/xml/embedded/reading/raw_start_tag.h>
+#include <quorvan/xml/embedded/reading/tree_builder.h>
+#include <quorvan/xml/embedded/tree/value_text.h>
+
+namespace quorvan::embedded {
+
+namespace {
+
+constexpr std::string_view kDoctypeBegin = "<!DOCTYPE";
+constexpr std::string_view kSpaceName = "xml:space";
+
+// Line ends as LF.
+std::string normalised(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] != '\r') {
+      result += text[at];
+    } else if (at + 1 == text.size() || text[at + 1] != '\n') {
+      result += '\n';
+    }
+  }
+  return result;
+}
+
+// The name in "<!DOCTYPE name ...>".
+std::string_view doctypeName(std::string_view source) noexcept {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  source.remove_prefix(kDoctypeBegin.size());
+  source.remove_prefix(std::min(source.find_first_not_of(kBlanks), source.size()));
+  return source.substr(0, source.find_first_of(" \t\r\n[>"));
+}
+
+class Reader {
+ public:
+  explicit Reader(Tree& tree);
+
+  bool read(FileSource& file) { return m_parser.parse(file); }
+  // Whether a name has a prefix, which the parser has not looked into.
+  [[nodiscard]] bool hasPrefix() const noexcept { return m_hasPrefix; }
+
+ private:
+  static Reader& self(void* reader) noexcept { return *static_cast<Reader*>(reader); }
+
+  void setMarkupHandlers();
+  void setTextHandlers();
+  void setDoctypeHandlers();
+
+  void declaration(const char* version, const char* encoding, int standalone);
+  void startElement(const char* name, const char** attributes);
+  void addAttributes(Ref element, const char** attributes, int count);
+  void addRawAttributes(Ref element, const char** attributes, int count);
+  void addAttribute(Ref element, const char* name, std::string_view value);
+  void followSpaceRule(const char** attributes, int count);
+  void text(std::string_view characters);
+  void comment(const char* text);
+  void instruction(const char* target, const char* data);
+  void source(std::string_view piece);
+  void endDoctype();
+  [[nodiscard]] bool mayHideSpace() const;
+
+  NameId nameOf(const char* name);
+
+  ExpatParser m_parser{ExpatParser::Names::kAsTheyAre};
+  TreeBuilder m_builder;
+  bool m_hasPrefix = false;
+  bool m_isOpenWorld = false;  // declarations may stand where nobody looks
+  bool m_isInCData = false;
+  bool m_isInDoctype = false;
+  bool m_isInTag = false;
+  std::string m_cdata;
+  std::string m_doctype;
+  std::string m_tag;
+};
+
+Reader::Reader(Tree& tree) : m_builder(tree) {
+  XML_SetUserData(m_parser.raw(), this);
+  setMarkupHandlers();
+  setTextHandlers();
+  setDoctypeHandlers();
+}
+
+void Reader::setMarkupHandlers() {
+  XML_Parser const parser = m_parser.raw();
+  XML_SetXmlDeclHandler(
+      parser, [](void* reader, const char* version, const char* encoding, int standalone) {
+        Reader& me = self(reader);
+        me.m_parser.guard([&] { me.declaration(version, encoding, standalone); });
+      });
+  XML_SetStartElementHandler(parser, [](void* reader, const char* name, const char** attributes) {
+    Reader& me = self(reader);
+    me.m_parser.guard([&] { me.startElement(name, attributes); });
+  });
+  XML_SetEndElementHandler(parser, [](void* reader, const char* /*name*/) {
+    Reader& me = self(reader);
+    me.m_parser.guard([&] { me.m_builder.closeElement(); });
+  });
+  XML_SetProcessingInstructionHandler(parser,
+                                      [](void* reader, const char* target, const char* data) {
+                                        Reader& me = self(reader);
+                                        me.m_parser.guard([&] { me.instruction(target, data); });
+                                      });
+  XML_SetCommentHandler(parser, [](void* reader, const char* text) {
+    Reader& me = self(reader);
+    me.m_parser.guard([&] { me.comment(text); });
+  });
+}
+
+void Reader::setTextHandlers() {
+  XML_Parser const parser = m_parser.raw();
+  XML_SetCharacterDataHandler(parser, [](void* reader, const char* text, int length) {
+    Reader& me = self(reader);
+    me.m_parser.guard([&] { me.text({text, static_cast<std::size_t>(length)}); });
+  });
+  XML_SetStartCdataSectionHandler(parser, [](void* reader) { self(reader).m_isInCData = true; });
+  XML_SetEndCdataSectionHandler(parser, [](void* reader) {
+    Reader& me = self(reader);
+    me.m_isInCData = false;
+    me.m_parser.guard([&] { me.m_builder.addNode(NodeType::kCData, kCDataName, me.m_cdata); });
+    me.m_cdata.clear();
+  });
+}
+
+void Reader::setDoctypeHandlers() {
+  XML_Parser const parser = m_parser.raw();
+  // What has no handler of its own comes here as it stands in the file; entities are replaced.
+  XML_SetDefaultHandlerExpand(parser, [](void* reader, const char* text, int length) {
+    Reader& me = self(reader);
+    me.m_parser.guard([&] { me.source({text, static_cast<std::size_t>(length)}); });
+  });
+  XML_SetEndDoctypeDeclHandler(parser, [](void* reader) {
+    Reader& me = self(reader);
+    me.m_parser.guard([&] { me.endDoctype(); });
+  });
+  XML_SetNotStandaloneHandler(parser, [](void* reader) {
+    self(reader).m_isOpenWorld = true;
+    return static_cast<int>(XML_STATUS_OK);
+  });
+  XML_SetSkippedEntityHandler(parser, [](void* reader, const char* /*name*/, int isParameter) {
+    if (isParameter == 0) {
+      self(reader).m_parser.refuse();
+    }
+  });
+}
+
+NameId Reader::nameOf(const char* name) {
+  const std::string_view text(name);
+  m_hasPrefix = m_hasPrefix || text.find(':') != std::string_view::npos;
+  return m_builder.tree().nodes().names().intern(dom::Name(text));
+}
+
+void Reader::declaration(const char* version, const char* encoding, int standalone) {
+  Declaration parts;
+  parts.version = version;
+  if (encoding != nullptr) {
+    parts.encoding = encoding;
+  }
+  if (standalone >= 0) {
+    parts.standalone = standalone == 1 ? "yes" : "no";
+  }
+  if (isDeclarationPart("version", parts.version)) {
+    m_builder.addDeclaration(parts);
+  } else {
+    m_parser.refuse();
+  }
+}
+
+void Reader::startElement(const char* name, const char** attributes) {
+  // Attributes that a DOCTYPE adds to those in the file are left there.
+  const int count = XML_GetSpecifiedAttributeCount(m_parser.raw()) / 2;
+  if (m_builder.depth() == kMaxDepth || count > static_cast<int>(kMaxAttributes)) {
+    m_parser.refuse();
+    return;
+  }
+  const Ref element = m_builder.createElement(nameOf(name));
+  if (count != 0 && (m_isOpenWorld || mayHideSpace())) {
+    addRawAttributes(element, attributes, count);
+  } else {
+    addAttributes(element, attributes, count);
+  }
+  m_builder.openElement(element);
+  followSpaceRule(attributes, count);
+}
+
+void Reader::addAttributes(Ref element, const char** attributes, int count) {
+  for (int i = 0; i < count; ++i) {
+    addAttribute(element, attributes[2 * i], attributes[2 * i + 1]);
+  }
+}
+
+void Reader::addRawAttributes(Ref element, const char** attributes, int count) {
+  m_tag.clear();
+  m_isInTag = true;
+  XML_DefaultCurrent(m_parser.raw());
+  m_isInTag = false;
+  RawStartTag tag(m_tag);
+  for (int i = 0; i < count; ++i) {
+    const char* const parsed = attributes[2 * i + 1];
+    const std::optional<RawValue> raw = tag.next();
+    if (raw && m_isOpenWorld && raw->hasDeclaredEntity()) {
+      // The parser leaves out what it finds no declaration for.
+      m_parser.refuse();
+      return;
+    }
+    const std::optional<std::string> kept = raw ? raw->keepingSpace(parsed) : std::nullopt;
+    addAttribute(element, attributes[2 * i], kept ? std::string_view(*kept) : parsed);
+  }
+}
+
+void Reader::addAttribute(Ref element, const char* name, std::string_view value) {
+  m_builder.tree().nodes().put(element, nameOf(name), {value, isPlain(value)});
+}
+
+void Reader::followSpaceRule(const char** attributes, int count) {
+  for (int i = 0; i < count; ++i) {
+    if (attributes[2 * i] != kSpaceName) {
+      continue;
+    }
+    const std::string_view rule = attributes[2 * i + 1];
+    if (rule == "preserve" || rule == "default") {
+      m_builder.preserveSpace(rule == "preserve");
+    }
+  }
+}
+
+// Whether the start tag may hold a tab or line end that the parser has turned into a blank.
+bool Reader::mayHideSpace() const {
+  int offset = 0;
+  int size = 0;
+  const char* const input = XML_GetInputContext(m_parser.raw(), &offset, &size);
+  const int length = XML_GetCurrentByteCount(m_parser.raw());
+  if (input == nullptr || length == 0) {
+    return true;
+  }
+  const std::string_view tag(input + offset, static_cast<std::size_t>(length));
+  return tag.find_first_of("\t\n\r") != std::string_view::npos;
+}
+
+void Reader::text(std::string_view characters) {
+  if (m_isInCData) {
+    m_cdata.append(characters);
+  } else {
+    m_builder.addText(characters);
+  }
+}
+
+void Reader::comment(const char* text) {
+  if (m_isInDoctype) {
+    XML_DefaultCurrent(m_parser.raw());
+  } else {
+    m_builder.addNode(NodeType::kComment, kCommentName, text);
+  }
+}
+
+void Reader::instruction(const char* target, const char* data) {
+  if (m_isInDoctype) {
+    XML_DefaultCurrent(m_parser.raw());
+    return;
+  }
+  const NameId name = m_builder.tree().nodes().names().intern(dom::Name(std::string_view(target)));
+  m_builder.addNode(NodeType::kInstruction, name, data);
+}
+
+void Reader::source(std::string_view piece) {
+  if (m_isInTag) {
+    m_tag.append(piece);
+  } else if (m_isInDoctype) {
+    m_doctype.append(piece);
+  } else if (piece == kDoctypeBegin && m_builder.depth() == 0) {
+    m_isInDoctype = true;
+    m_doctype = piece;
+  }
+}
+
+void Reader::endDoctype() {
+  m_isInDoctype = false;
+  m_doctype += '>';
+  const NameId name = m_builder.tree().nodes().names().intern(dom::Name(doctypeName(m_doctype)));
+  m_builder.addNode(NodeType::kDoctype, name, normalised(m_doctype));
+}
+
+}  // namespace
+
+Tree::Owned readWithExpat(FileSource& file) {
+  Tree::Owned tree = Tree::create();
+  bool hasPrefix = false;
+  {
+    Reader reader(*tree);
+    if (!reader.read(file)) {
+      return nullptr;
+    }
+    hasPrefix = reader.hasPrefix();
+  }
+  if (hasPrefix) {
+    file.rewind();
+    if (!ExpatParser(ExpatParser::Names::kWithNamespaces).parse(file)) {
+      return nullptr;
+    }
+  }
+  return tree;
+}
+
+}  // namespace quorvan::embedded

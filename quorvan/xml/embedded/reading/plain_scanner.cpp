@@ -1,0 +1,373 @@
+#include <quorvan/xml/embedded/reading/plain_scanner.h>
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+#include <quorvan/xml/embedded/files/file_window.h>
+#include <quorvan/xml/embedded/reading/limits.h>
+#include <quorvan/xml/embedded/reading/name_cache.h>
+#include <quorvan/xml/embedded/reading/plain_text.h>
+#include <quorvan/xml/embedded/reading/tree_builder.h>
+#include <quorvan/xml/embedded/tree/declaration.h>
+#include <quorvan/xml/embedded/tree/encoding.h>
+#include <quorvan/xml/embedded/tree/value_text.h>
+
+namespace quorvan::embedded {
+
+namespace {
+
+enum CharacterClass : std::uint8_t { kOther, kNameStart, kNamePart, kBlank };
+
+constexpr std::array<std::uint8_t, 256> makeClasses() {
+  std::array<std::uint8_t, 256> classes = {};
+  for (std::size_t unit = 0; unit < 128; ++unit) {
+    const auto lower = static_cast<char>(unit | 0x20U);
+    if ((lower >= 'a' && lower <= 'z') || unit == '_') {
+      classes[unit] = kNameStart;
+    }
+    if ((unit >= '0' && unit <= '9') || unit == '-' || unit == '.') {
+      classes[unit] = kNamePart;
+    }
+    if (unit == ' ' || unit == '\t' || unit == '\n' || unit == '\r') {
+      classes[unit] = kBlank;
+    }
+  }
+  return classes;
+}
+
+constexpr std::array<std::uint8_t, 256> kClasses = makeClasses();
+
+std::uint8_t classOf(char unit) noexcept {
+  return kClasses[static_cast<unsigned char>(unit)];
+}
+
+const char* skipBlanks(const char* at) noexcept {
+  while (classOf(*at) == kBlank) {
+    ++at;
+  }
+  return at;
+}
+
+std::string_view textBetween(const char* begin, const char* end) noexcept {
+  return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+// Whether the text begins at `at`; the bytes compared must be readable.
+bool startsWith(const char* at, std::string_view text) noexcept {
+  return std::memcmp(at, text.data(), text.size()) == 0;
+}
+
+// The first byte from `at` on that is not plain.
+const char* endOfPlain(const char* at) noexcept {
+  if constexpr (std::endian::native == std::endian::little) {
+    for (;; at += sizeof(std::uint64_t)) {
+      std::uint64_t bytes = 0;
+      std::memcpy(&bytes, at, sizeof bytes);
+      if (const std::uint64_t marks = markNotPlain(bytes); marks != 0) {
+        return at + std::countr_zero(marks) / 8;
+      }
+    }
+  } else {
+    while (isPlain({at, 1})) {
+      ++at;
+    }
+    return at;
+  }
+}
+
+class PlainScanner {
+ public:
+  PlainScanner(FileSource& file, Tree& tree)
+      : m_window(file), m_builder(tree), m_names(tree.nodes().names()) {}
+
+  // False when there is anything beyond the plain form.
+  bool scan();
+
+ private:
+  // What became of a part of the file.
+  enum class Step : std::uint8_t {
+    kTaken,
+    kCut,    // it goes on where nothing has been read yet
+    kOther,  // beyond the plain form
+  };
+
+  bool scanDeclaration();
+  Step scanPart();
+  Step scanStartTag();
+  Step scanAttributes(Ref element);
+  Step scanValue(Ref element, NameId name);
+  Step scanEndTag();
+  Step scanComment();
+  Step scanText();
+
+  // Behind the name that begins at m_at; null when none begins there.
+  [[nodiscard]] const char* endOfName() const noexcept;
+  // A byte that does not fit: either the part is cut there, or it is beyond the plain form.
+  [[nodiscard]] Step stepAt(const char* at) const noexcept {
+    return at >= m_window.end() ? Step::kCut : Step::kOther;
+  }
+  // The first occurrence of the text, null if there is none.
+  [[nodiscard]] const char* find(const char* from, std::string_view text) const noexcept;
+
+  FileWindow m_window;
+  TreeBuilder m_builder;
+  NameCache m_names;
+  PlainText m_text;
+  const char* m_at = nullptr;
+  bool m_hasRoot = false;
+};
+
+bool PlainScanner::scan() {
+  if (!m_window.moveOn(m_window.begin())) {
+    return false;
+  }
+  m_at = m_window.begin();
+  if (!scanDeclaration()) {
+    return false;
+  }
+  for (;;) {
+    const char* const part = m_at;
+    Step step = Step::kCut;
+    if (m_at != m_window.end()) {
+      step = scanPart();
+    }
+    if (step == Step::kOther) {
+      return false;
+    }
+    if (step == Step::kCut) {
+      const bool isEnd = !m_window.moveOn(part);
+      m_at = m_window.begin();
+      if (isEnd) {
+        return m_at == m_window.end() && m_hasRoot && m_builder.depth() == 0;
+      }
+    }
+  }
+}
+
+bool PlainScanner::scanDeclaration() {
+  constexpr std::string_view kBegin = "<?xml";
+  if (!startsWith(m_at, kBegin)) {
+    return true;
+  }
+  const char* const data = m_at + kBegin.size();
+  const char* const end = find(data, "?>");
+  if (end == nullptr || classOf(*data) != kBlank) {
+    return false;
+  }
+  const std::optional<Declaration> parts = parseDeclaration(textBetween(data, end));
+  if (!parts) {
+    return false;
+  }
+  if (!parts->encoding.empty()) {
+    const std::optional<Encoding> encoding = encodingNamed(parts->encoding);
+    if (encoding == Encoding::kLatin1) {
+      m_text.setLatin1();
+    } else if (encoding != Encoding::kUtf8) {
+      return false;
+    }
+  }
+  m_builder.addDeclaration(*parts);
+  m_at = end + 2;
+  return true;
+}
+
+PlainScanner::Step PlainScanner::scanPart() {
+  if (*m_at != '<') {
+    return scanText();
+  }
+  const char next = m_at[1];
+  if (next == '/') {
+    return scanEndTag();
+  }
+  if (next == '!') {
+    return scanComment();
+  }
+  return scanStartTag();
+}
+
+const char* PlainScanner::endOfName() const noexcept {
+  const char* at = m_at;
+  if (classOf(*at) != kNameStart) {
+    return nullptr;
+  }
+  do {
+    ++at;
+  } while (classOf(*at) == kNameStart || classOf(*at) == kNamePart);
+  return at;
+}
+
+PlainScanner::Step PlainScanner::scanStartTag() {
+  ++m_at;
+  const char* const end = endOfName();
+  if (end == nullptr) {
+    return stepAt(m_at);
+  }
+  if (end >= m_window.end()) {
+    return Step::kCut;
+  }
+  if (m_builder.depth() == 0 ? m_hasRoot : m_builder.depth() == kMaxDepth) {
+    return Step::kOther;
+  }
+  const Ref element = m_builder.createElement(m_names.idOf(textBetween(m_at, end)));
+  m_at = end;
+  const Step step = scanAttributes(element);
+  if (step != Step::kTaken) {
+    m_builder.takeBack(element);
+    return step;
+  }
+  m_hasRoot = true;
+  if (m_at[0] == '/') {
+    m_builder.addEmptyElement(element);
+    m_at += 2;
+  } else {
+    m_builder.openElement(element);
+    m_at += 1;
+  }
+  return Step::kTaken;
+}
+
+// Up to the end of the tag, which is not passed.
+PlainScanner::Step PlainScanner::scanAttributes(Ref element) {
+  for (std::size_t count = 0;; ++count) {
+    const char* const stop = skipBlanks(m_at);
+    if (*stop == '>' || (*stop == '/' && stop[1] == '>')) {
+      m_at = stop;
+      return Step::kTaken;
+    }
+    if (stop == m_at || count == kMaxAttributes) {
+      return stepAt(*stop == '/' ? stop + 1 : stop);
+    }
+    m_at = stop;
+    const char* const end = endOfName();
+    if (end == nullptr) {
+      return stepAt(*stop == '/' ? stop + 1 : stop);
+    }
+    if (end[0] != '=' || end[1] != '"') {
+      return stepAt(end[0] == '=' ? end + 1 : end);
+    }
+    const NameId name = m_names.idOf(textBetween(m_at, end));
+    m_at = end + 2;
+    const Step step = scanValue(element, name);
+    if (step != Step::kTaken) {
+      return step;
+    }
+  }
+}
+
+PlainScanner::Step PlainScanner::scanValue(Ref element, NameId name) {
+  NodeStore& nodes = m_builder.tree().nodes();
+  const char* end = endOfPlain(m_at);
+  if (*end == '"') {
+    if (!nodes.putNew(element, name, {textBetween(m_at, end), true})) {
+      return Step::kOther;
+    }
+    m_at = end + 1;
+    return Step::kTaken;
+  }
+  end = find(end, "\"");
+  if (end == nullptr) {
+    return Step::kCut;
+  }
+  const auto text = m_text.decode(textBetween(m_at, end), PlainText::Place::kAttribute);
+  if (!text || !nodes.putNew(element, name, {*text, isPlain(*text)})) {
+    return Step::kOther;
+  }
+  m_at = end + 1;
+  return Step::kTaken;
+}
+
+PlainScanner::Step PlainScanner::scanEndTag() {
+  if (m_builder.depth() == 0) {
+    return Step::kOther;
+  }
+  m_at += 2;
+  const char* const end = endOfName();
+  if (end == nullptr) {
+    return stepAt(m_at);
+  }
+  const char* const stop = skipBlanks(end);
+  if (*stop != '>') {
+    return stepAt(stop);
+  }
+  if (textBetween(m_at, end) != m_builder.openName()) {
+    return Step::kOther;
+  }
+  m_builder.closeElement();
+  m_at = stop + 1;
+  return Step::kTaken;
+}
+
+PlainScanner::Step PlainScanner::scanComment() {
+  constexpr std::string_view kBegin = "<!--";
+  if (!startsWith(m_at, kBegin)) {
+    return m_window.end() - m_at < static_cast<std::ptrdiff_t>(kBegin.size()) ? Step::kCut
+                                                                              : Step::kOther;
+  }
+  const char* const text = m_at + kBegin.size();
+  const char* const end = find(text, "--");
+  if (end == nullptr || end + 2 == m_window.end()) {
+    return Step::kCut;
+  }
+  if (end[2] != '>') {
+    return Step::kOther;
+  }
+  const auto decoded = m_text.decode(textBetween(text, end), PlainText::Place::kComment);
+  if (!decoded) {
+    return Step::kOther;
+  }
+  m_builder.addNode(NodeType::kComment, kCommentName, *decoded);
+  m_at = end + 3;
+  return Step::kTaken;
+}
+
+PlainScanner::Step PlainScanner::scanText() {
+  const char* end = skipBlanks(m_at);
+  if (*end == '<') {
+    if (m_builder.depth() != 0) {
+      m_builder.addSpace();
+    }
+    m_at = end;
+    return Step::kTaken;
+  }
+  if (m_builder.depth() == 0) {
+    // Outside the root there are blanks only, and they may end with the file.
+    if (end < m_window.end()) {
+      return Step::kOther;
+    }
+    m_at = end;
+    return Step::kTaken;
+  }
+  end = find(end, "<");
+  if (end == nullptr) {
+    return Step::kCut;
+  }
+  const std::string_view raw = textBetween(m_at, end);
+  const auto text = m_text.decode(raw, PlainText::Place::kText);
+  if (!text || raw.find("]]>") != std::string_view::npos) {
+    return Step::kOther;
+  }
+  m_builder.addText(*text);
+  m_at = end;
+  return Step::kTaken;
+}
+
+const char* PlainScanner::find(const char* from, std::string_view text) const noexcept {
+  const std::size_t at = textBetween(from, m_window.end()).find(text);
+  return at == std::string_view::npos ? nullptr : from + at;
+}
+
+}  // namespace
+
+Tree::Owned scanPlain(FileSource& file) {
+  Tree::Owned tree = Tree::create();
+  if (!PlainScanner(file, *tree).scan()) {
+    return nullptr;
+  }
+  return tree;
+}
+
+}  // namespace quorvan::embedded

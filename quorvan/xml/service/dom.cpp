@@ -1,0 +1,311 @@
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+#include <quorvan/text/utf8.h>
+#include <quorvan/xml/character_rules.h>
+#include <quorvan/xml/name_rules.h>
+#include <quorvan/xml/service/document_file.h>
+#include <quorvan/xml/service/node_access.h>
+#include <quorvan/xml/service/tree_rules.h>
+
+namespace quorvan::dom {
+
+namespace {
+
+using service::Bstr;
+using service::check;
+using service::found;
+using service::Owned;
+
+// The oldest, version-independent document class.
+constexpr CLSID kDocumentClass = {
+    0x2933BF90, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
+// In-process server, in-process handler, local server, remote server.
+constexpr DWORD kClassContext = 23;
+
+// COM unloads a service after the last CoUninitialize, nodes held or not, and a filer releases its
+// nodes after that call: the code that ends them has to stay.
+void keepServiceLoaded(IUnknown& object) {
+  const auto* const code = *reinterpret_cast<const wchar_t* const*>(&object);
+  HMODULE module = nullptr;
+  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN, code,
+                       &module);
+}
+
+Bstr wide(std::string_view utf8) {
+  return Bstr(fromUtf8(utf8).view());
+}
+
+// The service makes whatever it is given into a node, and a file that cannot be read.
+void requireName(const Name& name) {
+  if (!dom::isXmlName(name.text())) {
+    platform::raiseComError(E_FAIL);
+  }
+}
+
+// Names are ASCII as a rule: those compare without a detour.
+bool isSameName(std::wstring_view service, std::string_view utf8) {
+  const bool same =
+      std::equal(service.begin(), service.end(), utf8.begin(), utf8.end(),
+                 [](wchar_t a, char b) { return a < 0x80 && static_cast<char>(a) == b; });
+  return same || (service.size() < utf8.size() && toUtf8(service) == utf8);
+}
+
+IXMLDOMNodePtr handle(IXMLDOMNode* node) {
+  return IXMLDOMNodePtr(node, false);
+}
+
+IXMLDOMNodePtr handleIf(HRESULT result, IXMLDOMNode* node) {
+  IXMLDOMNodePtr owned = handle(node);
+  return found(result) ? owned : IXMLDOMNodePtr();
+}
+
+VARIANT textValue(const Bstr& text) {
+  VARIANT value;
+  ::VariantInit(&value);
+  V_VT(&value) = VT_BSTR;
+  V_BSTR(&value) = text.get();
+  return value;
+}
+
+bool addAttributeValue(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                       const Name& name, const VARIANT& value) {
+  IXMLDOMDocument& service = *document;
+  const Owned<IXMLDOMNamedNodeMap> map = service::attributeMap(*element);
+  if (map == nullptr) {
+    return false;
+  }
+  requireName(name);
+  IXMLDOMAttribute* created = nullptr;
+  check(service.createAttribute(wide(name.text()).get(), &created));
+  const Owned<IXMLDOMAttribute> attribute(created);
+  if (attribute == nullptr) {
+    return false;
+  }
+  check(attribute->put_value(value));
+  IXMLDOMNode* placed = nullptr;
+  check(map->setNamedItem(attribute.get(), &placed));
+  const Owned<IXMLDOMNode> owned(placed);
+  return true;
+}
+
+void appendChild(IXMLDOMNode& parent, IXMLDOMNode& child) {
+  service::requireAppendable(parent, child);
+  service::takeOut(child);
+  IXMLDOMNode* appended = nullptr;
+  check(parent.appendChild(&child, &appended));
+  const Owned<IXMLDOMNode> owned(appended);
+}
+
+IXMLDOMNodePtr firstNamed(IXMLDOMNodePtr node, const Name& name) {
+  while (node != nullptr && !nodeNameIs(node, name)) {
+    node = nextSibling(node);
+  }
+  return node;
+}
+
+}  // namespace
+
+// --- documents -----------------------------------------------------------------------------
+
+HRESULT createDocument(IXMLDOMDocumentPtr& document) {
+  document = nullptr;
+  IXMLDOMDocument* created = nullptr;
+  const HRESULT result =
+      ::CoCreateInstance(kDocumentClass, nullptr, kClassContext, __uuidof(IXMLDOMDocument),
+                         reinterpret_cast<void**>(&created));
+  if (SUCCEEDED(result)) {
+    document = IXMLDOMDocumentPtr(created, false);
+    keepServiceLoaded(*created);
+  }
+  return result;
+}
+
+bool load(const IXMLDOMDocumentPtr& document, const CString& path) {
+  return service::loadFile(*document, path);
+}
+
+void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability durability) {
+  service::saveFile(*document, path, durability);
+}
+
+// --- building ------------------------------------------------------------------------------
+
+IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {
+  IXMLDOMDocument& service = *document;
+  requireName(name);
+  IXMLDOMElement* element = nullptr;
+  check(service.createElement(wide(name.text()).get(), &element));
+  return handle(element);
+}
+
+IXMLDOMNodePtr createProcessingInstruction(const IXMLDOMDocumentPtr& document, const Name& target,
+                                           std::string_view data) {
+  IXMLDOMDocument& service = *document;
+  requireName(target);
+  IXMLDOMProcessingInstruction* instruction = nullptr;
+  check(service.createProcessingInstruction(wide(target.text()).get(), wide(data).get(),
+                                            &instruction));
+  return handle(instruction);
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, std::int16_t value) {
+  VARIANT number;
+  ::VariantInit(&number);
+  V_VT(&number) = VT_I2;
+  V_I2(&number) = value;
+  return addAttributeValue(document, element, name, number);
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, std::int32_t value) {
+  VARIANT number;
+  ::VariantInit(&number);
+  V_VT(&number) = VT_I4;
+  V_I4(&number) = value;
+  return addAttributeValue(document, element, name, number);
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, AsciiText value) {
+  return addAttributeValue(document, element, name, textValue(wide(value.text)));
+}
+
+bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
+                  const Name& name, std::wstring_view value) {
+  const Bstr text = dom::isXmlText(value) ? Bstr(value) : Bstr(dom::toXmlText(value));
+  return addAttributeValue(document, element, name, textValue(text));
+}
+
+void append(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& child) {
+  appendChild(*document, *child);
+}
+
+void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child) {
+  appendChild(*parent, *child);
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, std::span<const NewAttribute> attributes) {
+  const IXMLDOMNodePtr element = createElement(document, name);
+  if (element == nullptr) {
+    return false;
+  }
+  for (const NewAttribute& attribute : attributes) {
+    if (!addAttribute(document, element, attribute.name, attribute.value)) {
+      return false;
+    }
+  }
+  append(parent, element);
+  return true;
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, const Name& attribute, std::wstring_view value) {
+  const IXMLDOMNodePtr element = createElement(document, name);
+  if (element == nullptr || !addAttribute(document, element, attribute, value)) {
+    return false;
+  }
+  append(parent, element);
+  return true;
+}
+
+// --- walking -------------------------------------------------------------------------------
+
+IXMLDOMNodePtr firstChild(const IXMLDOMDocumentPtr& document) {
+  IXMLDOMNode* child = nullptr;
+  const HRESULT result = document->get_firstChild(&child);
+  return handleIf(result, child);
+}
+
+IXMLDOMNodePtr firstChild(const IXMLDOMNodePtr& node) {
+  // What the service lists below a DOCTYPE are its declarations, not children.
+  if (service::nodeType(*node) == NODE_DOCUMENT_TYPE) {
+    return {};
+  }
+  IXMLDOMNode* child = nullptr;
+  const HRESULT result = node->get_firstChild(&child);
+  return handleIf(result, child);
+}
+
+IXMLDOMNodePtr nextSibling(const IXMLDOMNodePtr& node) {
+  IXMLDOMNode* sibling = nullptr;
+  const HRESULT result = node->get_nextSibling(&sibling);
+  return handleIf(result, sibling);
+}
+
+IXMLDOMNodePtr firstChildNamed(const IXMLDOMNodePtr& node, const Name& name) {
+  return firstNamed(firstChild(node), name);
+}
+
+IXMLDOMNodePtr nextSiblingNamed(const IXMLDOMNodePtr& node, const Name& name) {
+  return firstNamed(nextSibling(node), name);
+}
+
+NodeName nodeName(const IXMLDOMNodePtr& node) {
+  return NodeName(toUtf8(service::nodeNameText(*node).view()));
+}
+
+bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
+  const Bstr text = service::nodeNameText(*node);
+  return isSameName(text.view(), name.text());
+}
+
+bool hasAttributes(const IXMLDOMNodePtr& node) {
+  return service::attributeMap(*node) != nullptr;
+}
+
+bool attribute(const IXMLDOMNodePtr& node, const Name& name, AttributeValue& value) {
+  const Owned<IXMLDOMNamedNodeMap> map = service::attributeMap(*node);
+  if (map == nullptr) {
+    return false;
+  }
+  IXMLDOMNode* entry = nullptr;
+  const bool has = found(map->getNamedItem(wide(name.text()).get(), &entry));
+  const Owned<IXMLDOMNode> owned(entry);
+  if (!has || entry == nullptr) {
+    return false;
+  }
+  value = AttributeValue(service::valueText(*entry));
+  return true;
+}
+
+void countChildNames(const IXMLDOMNodePtr& node, ChildNameCounts& counts) {
+  std::unordered_map<std::string, int> children;
+  std::vector<const std::string*> order;
+  for (IXMLDOMNodePtr child = firstChild(node); child != nullptr; child = nextSibling(child)) {
+    const auto [entry, isNew] = children.try_emplace(std::string(nodeName(child).view().text()), 0);
+    if (isNew) {
+      order.push_back(&entry->first);
+    }
+    ++entry->second;
+  }
+  for (const std::string* name : order) {
+    counts.count(Name(*name), children[*name]);
+  }
+}
+
+// The service's nodes can be changed past this contract, through their own interfaces: nothing
+// about the tree may be remembered.
+std::uint64_t revision(const IXMLDOMDocumentPtr& document) {
+  static_cast<void>(*document);
+  return 0;
+}
+
+}  // namespace quorvan::dom
+
+namespace quorvan {
+
+CString nodeName(const IXMLDOMNodePtr& node) {
+  if (node == nullptr) {
+    return {};
+  }
+  return CString(service::nodeNameText(*node).view());
+}
+
+}  // namespace quorvan

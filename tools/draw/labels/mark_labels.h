@@ -1,0 +1,45 @@
+// Bar marks: which bars get one, and where it finds room.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <unordered_map>
+#include <vector>
+
+#include <tools/draw/scene/draw_options.h>
+#include <tools/draw/shapes/shape_sink.h>
+#include <tools/files/transfer_file.h>
+#include <tools/model/bar.h>
+
+namespace quorvan::tool {
+
+class MarkLabels {
+ public:
+  MarkLabels(const TransferFile& file, Marks marks);
+
+  /// Looks at a bar that is drawn.
+  void look(const Element& element, const Bar& bar, const Sheet& sheet);
+
+  /// Draws the marks of the bars looked at.
+  void draw(ShapeSink& sink);
+
+ private:
+  struct Labelled {
+    std::uint32_t element;
+    std::int64_t mark;
+    double diameter;
+    bool isHidden;
+    double size;  // of the bar on the sheet
+    PlanePoint from;
+    PlanePoint to;
+  };
+
+  void drawOne(const Labelled& bar, ShapeSink& sink);
+
+  Marks m_marks;
+  std::set<std::string> m_texts;  // that the drawing has
+  std::vector<Labelled> m_bars;
+  std::unordered_map<std::int64_t, std::size_t> m_places;  // of the marks among m_bars
+};
+
+}  // namespace quorvan::tool

@@ -1,0 +1,152 @@
+#include <tools/draw/page/html_page.h>
+
+#include <tools/draw/page/page_parts.h>
+#include <tools/draw/writers/svg_writer.h>
+#include <tools/listing/item_cells.h>
+#include <tools/model/description.h>
+#include <tools/model/item_reader.h>
+#include <tools/model/repartition.h>
+#include <tools/schedule/bar_sources.h>
+#include <tools/text/json_text.h>
+#include <tools/text/number_text.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+// JSON that can stand in a script: what would end it, or is markup in XML, is written out.
+std::string scriptJson(const Json& value) {
+  std::string out;
+  for (const char unit : inlineJson(value)) {
+    if (unit == '<') {
+      out += "\\u003c";
+    } else if (unit == '>') {
+      out += "\\u003e";
+    } else if (unit == '&') {
+      out += "\\u0026";
+    } else {
+      out += unit;
+    }
+  }
+  return out;
+}
+
+// The marks by which elements are found: that of a bar, and of a repartition that of its bar.
+class MarkFinder {
+ public:
+  explicit MarkFinder(const TransferFile& file) : m_index(file), m_targets(file) {}
+
+  Json of(const Element& element, const std::vector<ItemValue>& items) {
+    if (const auto shape = barShapeOf(element.className())) {
+      return toBar(*shape, items).reference;
+    }
+    if (element.className() != kRepartitionClass) {
+      return {};
+    }
+    const Repartition series = toRepartition(items);
+    const Element* const target = m_index.find(series.className, series.index);
+    const auto shape = barShapeOf(series.className);
+    if (target == nullptr || !shape) {
+      return {};
+    }
+    return toBar(*shape, m_targets.read(*target)).reference;
+  }
+
+ private:
+  ElementIndex m_index;
+  ItemReader m_targets;
+};
+
+// [class, index, description, mark or null, [[item, value], ...]]
+Json elementData(const TransferFile& file, const Element& element, ItemReader& reader,
+                 MarkFinder& marks) {
+  Json mark;
+  Json rows = Json::array();
+  std::string description = std::string(element.className());
+  if (element.schema != nullptr) {
+    const std::vector<ItemValue>& items = reader.read(element);
+    description = describe(element, items);
+    mark = marks.of(element, items);
+    for (const ItemValue& item : items) {
+      rows.push_back(Json::array({displayName(*item.schema), itemCell(item)}));
+    }
+  }
+  return Json::array(
+      {element.className(), file.indexOf(element), description, std::move(mark), std::move(rows)});
+}
+
+void writeElements(const TransferFile& file, std::ostream& out) {
+  ItemReader reader(file);
+  MarkFinder marks(file);
+  out << "{\"elements\": [";
+  const char* separator = "\n";
+  for (const Element& element : file.elements()) {
+    out << separator << scriptJson(elementData(file, element, reader, marks));
+    separator = ",\n";
+  }
+  out << "\n]";
+}
+
+Json placesOf(const BarRow& row) {
+  Json places = Json::array();
+  for (const SourceElements& source : row.sources) {
+    for (const Element* const element : source.elements) {
+      places.push_back(element->place);
+    }
+  }
+  for (const Element* const element : row.endOn) {
+    places.push_back(element->place);
+  }
+  return places;
+}
+
+void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& out) {
+  const BarList list = makeBarList(file, unit);
+  Json rows = Json::array();
+  for (const BarRow& row : list.rows) {
+    const std::string mass =
+        row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), 2) : "\u2013";
+    rows.push_back({{"mark", row.mark},
+                    {"shape", shapeName(row.shape)},
+                    {"grade", row.grade},
+                    {"diameter", rounded(row.diameter, 2)},
+                    {"number", row.number()},
+                    {"length", row.hasLength ? fixed(row.length, unit.decimals) : "\u2013"},
+                    {"mass", mass},
+                    {"places", placesOf(row)}});
+  }
+  out << ",\n\"bars\": " << scriptJson(rows) << ",\n\"mass\": " << scriptJson(fixed(list.mass, 2))
+      << ",\n\"convention\": "
+      << scriptJson(std::string(kLengthConvention) + " " + std::string(kNumberConvention)) << "}";
+}
+
+}  // namespace
+
+void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
+                   std::ostream& out) {
+  std::string_view rest = kPageTemplate;
+  while (!rest.empty()) {
+    const std::size_t begin = rest.find("{{");
+    const std::size_t end = rest.find("}}", begin);
+    out << rest.substr(0, begin);
+    if (begin == std::string_view::npos || end == std::string_view::npos) {
+      break;
+    }
+    const std::string_view part = rest.substr(begin + 2, end - begin - 2);
+    rest.remove_prefix(end + 2);
+    if (part == "title") {
+      out << xmlText(scene.title);
+    } else if (part == "style") {
+      out << kPageStyle;
+    } else if (part == "script") {
+      out << kPageScript;
+    } else if (part == "drawing") {
+      writeSvg(scene, {true}, out);
+    } else if (part == "data") {
+      writeElements(file, out);
+      writeBars(file, unit, out);
+    }
+  }
+}
+
+}  // namespace quorvan::tool

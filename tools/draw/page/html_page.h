@@ -1,0 +1,18 @@
+// A scene as one page that needs nothing else: to move about in, with layers, a search by
+// reference, the items of each element and the bar list.
+#pragma once
+
+#include <ostream>
+
+#include <tools/draw/scene/scene.h>
+#include <tools/files/transfer_file.h>
+#include <tools/schedule/bar_list.h>
+
+namespace quorvan::tool {
+
+/// Writes well-formed XHTML that is HTML as well. It loads nothing from anywhere, and forbids
+/// itself to.
+void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
+                   std::ostream& out);
+
+}  // namespace quorvan::tool

@@ -1,0 +1,32 @@
+// What the elements look like, a function a kind.
+#pragma once
+
+#include <vector>
+
+#include <tools/draw/shapes/shape_sink.h>
+#include <tools/model/bar.h>
+#include <tools/model/item_value.h>
+#include <tools/model/repartition.h>
+
+namespace quorvan::tool {
+
+/// Lines, circles, texts, filled polygons, meshes and formwork. Nothing for other classes.
+void drawGraphic(std::string_view className, const std::vector<ItemValue>& items, ShapeSink& sink);
+
+/// Bars, and bars seen end-on.
+void drawBar(const Bar& bar, ShapeSink& sink);
+
+/// Frames and stirrups.
+void drawLink(const Bar& link, ShapeSink& sink);
+
+/// A repartition with the bar that it repeats, which may be null: the bars where they lie, and a
+/// dimension line across them with a mark at each.
+void drawRepartition(const Repartition& series, const Bar* bar, ShapeSink& sink);
+
+/// The width of the pen for a bar of that diameter.
+double penOf(double diameter, double least, const Sheet& sheet) noexcept;
+
+/// The radius, on its axis, to which a bar is bent: a mandrel of four diameters.
+double bendRadius(const Bar& bar, const Sheet& sheet) noexcept;
+
+}  // namespace quorvan::tool

@@ -1,0 +1,147 @@
+#include <tools/draw/shapes/element_shapes.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr double kMeshLettering = 2.5;  // mm
+constexpr double kLeastHeight = 0.1;    // mm
+
+const ItemValue& itemOf(const std::vector<ItemValue>& items, std::string_view name) {
+  static const ItemValue kNone;
+  const ItemValue* const found = findItem(items, name);
+  return found == nullptr ? kNone : *found;
+}
+
+Color colorIn(const std::vector<ItemValue>& items, const ShapeSink& sink) {
+  return colorOf(itemOf(items, "Color").integer, sink.context().colors);
+}
+
+Path outlineOf(const std::vector<Coordinates>& points, const Sheet& sheet) {
+  Path path;
+  for (const Coordinates& point : points) {
+    if (path.steps().empty()) {
+      path.moveTo(sheet.place(point));
+    } else {
+      path.lineTo(sheet.place(point));
+    }
+  }
+  if (!path.steps().empty()) {
+    path.close();
+  }
+  return path;
+}
+
+void drawLine(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  Path path;
+  path.moveTo(sink.sheet().place(itemOf(items, "Point1").point));
+  path.lineTo(sink.sheet().place(itemOf(items, "Point2").point));
+  sink.addPath(Layer::kLines, {colorIn(items, sink), pen::kThin}, std::move(path));
+}
+
+void drawCircle(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  sink.addCircle(Layer::kCircles, {colorIn(items, sink), pen::kThin},
+                 sink.sheet().place(itemOf(items, "Center").point),
+                 itemOf(items, "Radius").number * sink.sheet().factor());
+}
+
+AlignX alignXOf(std::int64_t justification) {
+  return justification == 1 ? AlignX::kCentre : justification == 2 ? AlignX::kRight : AlignX::kLeft;
+}
+
+AlignY alignYOf(std::int64_t justification) {
+  return justification == 1 ? AlignY::kMiddle : justification == 2 ? AlignY::kTop : AlignY::kBase;
+}
+
+void drawText(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  Lettering text;
+  text.text = itemOf(items, "Contents").text;
+  text.at = sink.sheet().place(itemOf(items, "Location").point);
+  text.height = std::max(kLeastHeight, itemOf(items, "Height").number * sink.sheet().factor());
+  text.angle = sink.context().radians(itemOf(items, "Angle").number);
+  text.alignX = alignXOf(itemOf(items, "JustificationX").integer);
+  text.alignY = alignYOf(itemOf(items, "JustificationY").integer);
+  sink.taken().take(boxesOf(text));
+  sink.addText(Layer::kTexts, colorIn(items, sink), std::move(text));
+}
+
+void drawFill(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  sink.addPath(Layer::kFills, {colorIn(items, sink), 0.0, true},
+               outlineOf(itemOf(items, "Vector").points, sink.sheet()));
+}
+
+// The outline of the sheet, its diagonal, and on that its name.
+void drawMesh(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  const std::vector<Coordinates>& points = itemOf(items, "Vector").points;
+  if (points.empty()) {
+    return;
+  }
+  sink.addPath(Layer::kMeshes, {ink::kMeshes, pen::kMedium}, outlineOf(points, sink.sheet()));
+  const PlanePoint first = sink.sheet().place(points.front());
+  const PlanePoint across = sink.sheet().place(points[points.size() / 2]);
+  Path diagonal;
+  diagonal.moveTo(first);
+  diagonal.lineTo(across);
+  sink.addPath(Layer::kMeshes, {ink::kMeshes, pen::kThin}, std::move(diagonal));
+  PlanePoint direction = directionOf(across - first);
+  if (direction.x < 0.0) {
+    direction = direction * -1.0;
+  }
+  const std::string& reference = itemOf(items, "Reference").text;
+  const std::string& type = itemOf(items, "Type").text;
+  Lettering name;
+  name.text = reference + (reference.empty() || type.empty() ? "" : " \u2013 ") + type;
+  name.height = kMeshLettering;
+  name.angle = std::atan2(direction.y, direction.x);
+  name.alignX = AlignX::kCentre;
+  std::vector<PlanePoint> places;
+  for (const double share : {0.5, 0.35, 0.65, 0.2, 0.8}) {
+    places.push_back(first + (across - first) * share + leftOf(direction));
+  }
+  sink.addLabel(Layer::kMeshes, ink::kMeshes, std::move(name), places);
+}
+
+// The segments that join each other make one path.
+void drawFormwork(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  const Style style{ink::kFormwork, pen::kMedium};
+  Path path;
+  const Coordinates* last = nullptr;
+  for (const Segment& segment : itemOf(items, "Vector").segments) {
+    const PlanePoint start = sink.sheet().place(segment.start);
+    const PlanePoint end = sink.sheet().place(segment.end);
+    if (last == nullptr || *last != segment.start) {
+      path.moveTo(start);
+    }
+    if (segment.bulge == Coordinates()) {
+      path.lineTo(end);
+    } else {
+      path.arcThrough((start + end) * 0.5 + sink.sheet().direction(segment.bulge), end);
+    }
+    last = &segment.end;
+  }
+  sink.addPath(Layer::kFormwork, style, std::move(path));
+}
+
+struct Graphic {
+  std::string_view className;
+  void (*draw)(const std::vector<ItemValue>&, ShapeSink&);
+};
+
+constexpr Graphic kGraphics[] = {{"CKtZantoLine", drawLine}, {"CKtZantoCircle", drawCircle},
+                                 {"CKtZantoText", drawText}, {"CKtFilledPolygon", drawFill},
+                                 {"CKtZantoMesh", drawMesh}, {"CKtZantoFormwork", drawFormwork}};
+
+}  // namespace
+
+void drawGraphic(std::string_view className, const std::vector<ItemValue>& items, ShapeSink& sink) {
+  for (const Graphic& known : kGraphics) {
+    if (known.className == className) {
+      return known.draw(items, sink);
+    }
+  }
+}
+
+}  // namespace quorvan::tool

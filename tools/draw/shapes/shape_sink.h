@@ -1,0 +1,103 @@
+// Collects the shapes of a scene, each kind of element by kind.
+#pragma once
+
+#include <cstdint>
+#include <numbers>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <tools/draw/scene/draw_options.h>
+#include <tools/draw/scene/occupancy.h>
+#include <tools/draw/scene/scene.h>
+#include <tools/draw/scene/sheet.h>
+
+namespace quorvan::tool {
+
+/// Line widths on paper, in mm.
+namespace pen {
+inline constexpr double kFine = 0.13;
+inline constexpr double kThin = 0.18;
+inline constexpr double kMedium = 0.35;
+inline constexpr double kThickest = 60.0;  // a bar of any size at 1:1
+inline constexpr double kLeastBar = 0.5;
+inline constexpr double kLeastLink = 0.3;
+}  // namespace pen
+
+/// The colours that the program gives by itself.
+namespace ink {
+inline constexpr Color kFormwork{40, 40, 40};
+inline constexpr Color kBars{176, 18, 30};
+inline constexpr Color kLinks{20, 80, 170};
+inline constexpr Color kRepartitions{0, 110, 90};
+inline constexpr Color kMeshes{120, 60, 160};
+inline constexpr Color kMarks{20, 40, 120};
+inline constexpr Color kTitle{0, 0, 0};
+}  // namespace ink
+
+/// What is fixed for the whole drawing.
+struct DrawContext {
+  const Sheet& sheet;
+  ColorScheme colors;
+  AngleUnit angles;
+  HiddenBars hidden;
+
+  [[nodiscard]] double radians(double angle) const noexcept {
+    return angles == AngleUnit::kDegrees ? angle * std::numbers::pi / 180.0 : angle;
+  }
+};
+
+class ShapeSink {
+ public:
+  explicit ShapeSink(const DrawContext& context) : m_context(context) {}
+
+  [[nodiscard]] const DrawContext& context() const noexcept { return m_context; }
+  [[nodiscard]] const Sheet& sheet() const noexcept { return m_context.sheet; }
+
+  /// The element that what follows belongs to.
+  void begin(std::uint32_t element, bool isHidden = false) {
+    m_element = element;
+    m_isHidden = isHidden;
+    m_hasHidden = m_hasHidden || isHidden;
+  }
+
+  void addPath(Layer layer, const Style& style, Path path);
+  void addCircle(Layer layer, const Style& style, PlanePoint center, double radius);
+  void addText(Layer layer, Color color, Lettering lettering) {
+    addText(layer, Style{color, 0.0, true}, std::move(lettering));
+  }
+  void addText(Layer layer, const Style& style, Lettering lettering);
+
+  /// Adds a text that the program puts there by itself, at the first of the places where it covers
+  /// no other text; at the first of all if there is none.
+  void addLabel(Layer layer, Color color, Lettering lettering, std::span<const PlanePoint> places);
+
+  /// What texts and marks cover. The texts of the drawing come first, wherever they stand in it.
+  [[nodiscard]] Occupancy& taken() noexcept { return m_taken; }
+
+  [[nodiscard]] bool has(Layer layer) const noexcept {
+    return !m_layers[static_cast<std::size_t>(layer)].empty();
+  }
+  [[nodiscard]] bool hasHidden() const noexcept { return m_hasHidden; }
+
+  /// The shapes, by layer.
+  [[nodiscard]] std::vector<Shape> take();
+  /// Elements with a shape that cannot be drawn, because it has no finite place.
+  [[nodiscard]] std::uint64_t leftOut() const noexcept { return m_leftOut; }
+
+ private:
+  [[nodiscard]] Shape shapeOn(Layer layer, Shape::Kind kind, const Style& style) const;
+  void leaveOut();
+
+  DrawContext m_context;
+  Occupancy m_taken;
+  std::vector<Shape> m_layers[kLayers];
+  std::uint32_t m_element = kNoElement;
+  bool m_isHidden = false;
+  bool m_hasHidden = false;
+  std::uint32_t m_lastLeftOut = kNoElement;
+  std::uint64_t m_leftOut = 0;
+};
+
+}  // namespace quorvan::tool

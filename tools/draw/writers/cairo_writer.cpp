@@ -1,0 +1,196 @@
+#include <tools/draw/writers/cairo_writer.h>
+
+#include <cairo-pdf.h>
+#include <cairo.h>
+
+#include <cmath>
+#include <memory>
+#include <numbers>
+
+#include <tools/console/console.h>
+#include <tools/console/terminal.h>
+#include <tools/draw/scene/lettering_metrics.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kPointsPerInch = 72.0;
+constexpr double kMostPixels = 30000.0;  // cairo's limit is a little higher
+
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
+
+// Draws on a context whose unit is the millimetre, y downwards.
+class Painter {
+ public:
+  Painter(cairo_t* context, const Scene& scene) : m_context(context), m_scene(scene) {}
+
+  void paint() {
+    cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
+    cairo_paint(m_context);
+    cairo_set_line_cap(m_context, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
+    cairo_select_font_face(m_context, "Arial", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    for (const Shape& shape : m_scene.shapes) {
+      paint(shape);
+    }
+  }
+
+ private:
+  void paint(const Shape& shape) {
+    const Color& color = shape.style.color;
+    setInk(color);
+    if (shape.kind == Shape::Kind::kText) {
+      return paintText(shape);
+    }
+    cairo_new_path(m_context);
+    if (shape.kind == Shape::Kind::kCircle) {
+      cairo_arc(m_context, shape.center.x, down(shape.center.y), shape.radius, 0.0,
+                2.0 * std::numbers::pi);
+    } else {
+      trace(shape.path);
+    }
+    if (shape.style.isFilled) {
+      cairo_fill(m_context);
+      return;
+    }
+    if (shape.style.isOnPaper) {
+      cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
+      cairo_fill_preserve(m_context);
+      setInk(color);
+    }
+    stroke(shape.style);
+  }
+
+  void setInk(const Color& color) {
+    cairo_set_source_rgb(m_context, color.red / 255.0, color.green / 255.0, color.blue / 255.0);
+  }
+
+  void stroke(const Style& style) {
+    const double dashes[] = {dashOf(style.width), dashOf(style.width) * 0.75};
+    cairo_set_dash(m_context, dashes, style.isDashed ? 2 : 0, 0.0);
+    cairo_set_line_cap(m_context, style.isDashed ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_width(m_context, style.width);
+    cairo_stroke(m_context);
+  }
+
+  void trace(const Path& path) {
+    PlanePoint at;
+    for (const PathStep& step : path.steps()) {
+      switch (step.kind) {
+        case PathStep::Kind::kMove:
+          cairo_move_to(m_context, step.to.x, down(step.to.y));
+          break;
+        case PathStep::Kind::kLine:
+          cairo_line_to(m_context, step.to.x, down(step.to.y));
+          break;
+        case PathStep::Kind::kArc:
+          traceArc(step, at);
+          break;
+        case PathStep::Kind::kClose:
+          cairo_close_path(m_context);
+          continue;
+      }
+      at = step.to;
+    }
+  }
+
+  void traceArc(const PathStep& step, PlanePoint from) {
+    const PlanePoint out = from - step.center;
+    const double begin = std::atan2(-out.y, out.x);
+    const double end = begin - step.sweep;
+    const auto arc = step.sweep > 0.0 ? cairo_arc_negative : cairo_arc;
+    arc(m_context, step.center.x, down(step.center.y), lengthOf(out), begin, end);
+  }
+
+  void paintText(const Shape& shape) {
+    const Lettering& text = shape.lettering;
+    const PlanePoint base = baseOf(text);
+    cairo_save(m_context);
+    cairo_translate(m_context, base.x, down(base.y));
+    cairo_rotate(m_context, -text.angle);
+    cairo_set_font_size(m_context, fontSizeOf(text.height));
+    cairo_text_extents_t extents;
+    cairo_text_extents(m_context, text.text.c_str(), &extents);
+    const double share = text.alignX == AlignX::kCentre  ? 0.5
+                         : text.alignX == AlignX::kRight ? 1.0
+                                                         : 0.0;
+    const double begin = -share * extents.x_advance;
+    if (shape.style.isOnPaper) {
+      blankAround(text, begin);
+    }
+    setInk(shape.style.color);
+    cairo_move_to(m_context, begin, 0.0);
+    cairo_show_text(m_context, text.text.c_str());
+    cairo_restore(m_context);
+  }
+
+  void blankAround(const Lettering& text, double begin) {
+    cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
+    cairo_new_path(m_context);
+    cairo_move_to(m_context, begin, 0.0);
+    cairo_text_path(m_context, text.text.c_str());
+    cairo_set_dash(m_context, nullptr, 0, 0.0);
+    cairo_set_line_width(m_context, haloOf(text.height));
+    cairo_stroke(m_context);
+  }
+
+  [[nodiscard]] double down(double y) const { return m_scene.height - y; }
+
+  cairo_t* m_context;
+  const Scene& m_scene;
+};
+
+void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre) {
+  const Context context(cairo_create(surface.get()), cairo_destroy);
+  cairo_scale(context.get(), unitsPerMillimetre, unitsPerMillimetre);
+  Painter(context.get(), scene).paint();
+  cairo_show_page(context.get());
+  const cairo_status_t status = cairo_status(context.get());
+  if (status != CAIRO_STATUS_SUCCESS) {
+    throw Failure(std::string("the picture cannot be drawn: ") + cairo_status_to_string(status));
+  }
+}
+
+void check(cairo_status_t status, const std::filesystem::path& path) {
+  if (status != CAIRO_STATUS_SUCCESS) {
+    throw Failure(toUtf8(path) + ": cannot be written: " + cairo_status_to_string(status));
+  }
+}
+
+}  // namespace
+
+void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::path& path) {
+  const double scale = dotsPerInch / kMillimetresPerInch;
+  const double width = std::ceil(scene.width * scale);
+  const double height = std::ceil(scene.height * scale);
+  if (!(width <= kMostPixels && height <= kMostPixels)) {
+    throw Failure(toUtf8(path) +
+                  ": the picture would have more than 30000 points a side; "
+                  "take a smaller sheet or --dpi");
+  }
+  const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width),
+                                                   static_cast<int>(height)),
+                        cairo_surface_destroy);
+  paintOn(surface, scene, scale);
+  check(cairo_surface_write_to_png(surface.get(), toUtf8(path).c_str()), path);
+}
+
+void writePdf(const Scene& scene, const std::filesystem::path& path) {
+  const double scale = kPointsPerInch / kMillimetresPerInch;
+  const Surface surface(
+      cairo_pdf_surface_create(toUtf8(path).c_str(), scene.width * scale, scene.height * scale),
+      cairo_surface_destroy);
+  check(cairo_surface_status(surface.get()), path);
+  cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, scene.title.c_str());
+  // The same drawing gives the same bytes.
+  cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE,
+                                 "2000-01-01T00:00:00Z");
+  paintOn(surface, scene, scale);
+  cairo_surface_finish(surface.get());
+  check(cairo_surface_status(surface.get()), path);
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,14 @@
+// A scene as PNG or PDF. Only where the build has cairo.
+#pragma once
+
+#include <filesystem>
+
+#include <tools/draw/scene/scene.h>
+
+namespace quorvan::tool {
+
+/// Raises Failure when the file cannot be written.
+void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::path& path);
+void writePdf(const Scene& scene, const std::filesystem::path& path);
+
+}  // namespace quorvan::tool

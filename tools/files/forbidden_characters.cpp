@@ -1,0 +1,78 @@
+#include <tools/files/forbidden_characters.h>
+
+#include <charconv>
+#include <string_view>
+
+namespace quorvan::tool {
+
+namespace {
+
+constexpr std::string_view kReplacement = "&#65533;";
+
+bool isForbidden(std::uint64_t character) {
+  if (character < 0x20) {
+    return character != '\t' && character != '\n' && character != '\r';
+  }
+  return (character >= 0xD800 && character <= 0xDFFF) || character == 0xFFFE ||
+         character == 0xFFFF || character > 0x10FFFF;
+}
+
+// Length of the forbidden character that the text begins with; 0 for any other beginning.
+std::size_t forbiddenLength(std::string_view text, bool isSingleByte) {
+  const auto first = static_cast<unsigned char>(text.front());
+  if (first < 0x20) {
+    return isForbidden(first) ? 1 : 0;
+  }
+  if (!isSingleByte && (text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF"))) {
+    return 3;
+  }
+  if (!text.starts_with("&#")) {
+    return 0;
+  }
+  const bool isHexadecimal = text.starts_with("&#x");
+  const char* const digits = text.data() + (isHexadecimal ? 3 : 2);
+  const char* const textEnd = text.data() + text.size();
+  std::uint64_t character = 0;
+  const auto [end, error] = std::from_chars(digits, textEnd, character, isHexadecimal ? 16 : 10);
+  if (end == digits || end == textEnd || *end != ';') {
+    return 0;
+  }
+  if (error == std::errc() && !isForbidden(character)) {
+    return 0;
+  }
+  return static_cast<std::size_t>(end - text.data()) + 1;
+}
+
+}  // namespace
+
+CleanedSource withoutForbiddenCharacters(const std::string& bytes, const SourceEncoding& encoding) {
+  CleanedSource cleaned;
+  if (encoding.isUtf16) {
+    cleaned.bytes = bytes;
+    return cleaned;
+  }
+  Position position{1, 1};
+  const std::string_view text = bytes;
+  for (std::size_t at = 0; at < text.size();) {
+    const char unit = text[at];
+    if (const std::size_t length = forbiddenLength(text.substr(at), encoding.isSingleByte)) {
+      cleaned.bytes += kReplacement;
+      cleaned.places.push_back(position);
+      position.column += unit == '&' ? static_cast<std::uint32_t>(length) : 1U;
+      at += length;
+      continue;
+    }
+    cleaned.bytes += unit;
+    ++at;
+    if (unit == '\n' || (unit == '\r' && (at == text.size() || text[at] != '\n'))) {
+      ++position.line;
+      position.column = 1;
+    } else if (unit != '\r' &&
+               (encoding.isSingleByte || (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U)) {
+      ++position.column;
+    }
+  }
+  return cleaned;
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,102 @@
+#include <tools/files/transfer_file.h>
+
+#include <fstream>
+#include <unordered_map>
+#include <utility>
+
+#include <tools/console/terminal.h>
+#include <tools/files/forbidden_characters.h>
+#include <tools/files/temporary_folder.h>
+#include <tools/files/tree_loader.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+std::string whereAndWhy(const std::string& file, const Refusal& refusal) {
+  std::string text = file;
+  if (refusal.position.line != 0) {
+    text +=
+        ':' + std::to_string(refusal.position.line) + ':' + std::to_string(refusal.position.column);
+  }
+  return text + ": not well-formed: " + refusal.reason;
+}
+
+}  // namespace
+
+NotWellFormed::NotWellFormed(const std::string& file, Refusal refusal)
+    : Failure(whereAndWhy(file, refusal)), m_refusal(std::move(refusal)) {}
+
+TransferFile::TransferFile(const std::string& name, Console& console, Tolerance tolerance)
+    : m_name(name) {
+  const std::filesystem::path path = toPath(name);
+  Progress progress(console, "reading " + name);
+  std::vector<Position> positions;
+  {
+    const std::string bytes = readBytes(path);
+    m_size = bytes.size();
+    m_encoding = encodingOf(bytes);
+    positions = startTagPositions(plainText(bytes, m_encoding), m_encoding.isSingleByte, progress);
+  }
+  if (!load(path, positions, progress)) {
+    const std::string bytes = readBytes(path);
+    if (tolerance == Tolerance::kNone || !loadCleaned(bytes, positions, progress)) {
+      throw NotWellFormed(m_name, findRefusal(path, bytes));
+    }
+  }
+  collectElements();
+  if (!m_nodeBeforeRoot.empty() && tolerance == Tolerance::kNone) {
+    console.err << name << ": warning: \"" << m_nodeBeforeRoot
+                << "\" stands before the root element: programs that read this file find no "
+                   "element in it\n";
+  }
+}
+
+bool TransferFile::load(const std::filesystem::path& path, const std::vector<Position>& positions,
+                        Progress& progress) {
+  DocumentLoad loaded = loadDocument(path, positions, progress);
+  m_tree = std::move(loaded.tree);
+  m_nodeBeforeRoot = std::move(loaded.nodeBeforeRoot);
+  return loaded.isWellFormed;
+}
+
+bool TransferFile::loadCleaned(const std::string& bytes, const std::vector<Position>& positions,
+                               Progress& progress) {
+  CleanedSource cleaned = withoutForbiddenCharacters(bytes, m_encoding);
+  if (cleaned.places.empty()) {
+    return false;
+  }
+  const TemporaryFolder folder(std::filesystem::temp_directory_path());
+  const std::filesystem::path copy = folder.path() / "cleaned.xml";
+  std::ofstream(copy, std::ios::binary) << cleaned.bytes;
+  m_forbiddenCharacters = std::move(cleaned.places);
+  return load(copy, positions, progress);
+}
+
+void TransferFile::collectElements() {
+  std::unordered_map<std::string_view, std::uint32_t> counts;
+  for (const Node* node = m_tree.firstChild(m_tree.root()); node != nullptr;
+       node = m_tree.nextSibling(*node)) {
+    if (!node->isElement()) {
+      continue;
+    }
+    m_elements.push_back({node, items::findElement(node->name), ++counts[node->name],
+                          static_cast<std::uint32_t>(m_elements.size())});
+  }
+}
+
+std::string_view TransferFile::indexOf(const Element& element) const noexcept {
+  const std::string_view* const text = m_tree.attribute(*element.node, "index");
+  return text == nullptr ? std::string_view() : *text;
+}
+
+const Element* controlRecord(const TransferFile& file) {
+  for (auto element = file.elements().rbegin(); element != file.elements().rend(); ++element) {
+    if (element->is(items::ElementClass::kDrawingControl)) {
+      return &*element;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,162 @@
+#include <tools/files/tree_loader.h>
+
+#include <quorvan/text/utf8.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
+
+#include <tools/console/terminal.h>
+#include <tools/files/com_use.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+// Depths below the root element: class elements, items, entries of lists.
+constexpr std::size_t kDeepest = 3;
+
+// Copies the nodes below the root in document order. What lies deeper than entries of lists is
+// looked at only to count its elements.
+class TreeCopy {
+ public:
+  TreeCopy(DocumentTree& tree, const std::vector<Position>& positions, Progress& progress)
+      : m_tree(tree), m_positions(positions), m_progress(progress) {}
+
+  void copy(const IXMLDOMNodePtr& root) {
+    m_levels.push_back({add(root), 0, root});
+    IXMLDOMNodePtr next = dom::firstChild(root);
+    while (!m_levels.empty()) {
+      if (next == nullptr) {
+        next = dom::nextSibling(m_levels.back().node);
+        m_levels.pop_back();
+        if (m_levels.empty()) {
+          break;
+        }
+        continue;
+      }
+      m_levels.push_back({append(next), 0, next});
+      next = dom::firstChild(next);
+    }
+  }
+
+  // Whether every element found its position.
+  [[nodiscard]] bool isComplete() const { return m_elements == m_positions.size(); }
+
+ private:
+  struct Level {
+    std::uint32_t number;
+    std::uint32_t lastChild;
+    IXMLDOMNodePtr node;
+  };
+
+  // Adds the node as the next child of the level above; gives its number, 0 when it lies too deep.
+  std::uint32_t append(const IXMLDOMNodePtr& node) {
+    if (m_levels.size() > kDeepest) {
+      countElement(node);
+      return 0;
+    }
+    Level& parent = m_levels.back();
+    const std::uint32_t number = add(node);
+    if (parent.lastChild == 0) {
+      m_tree.node(parent.number).firstChild = number;
+    } else {
+      m_tree.node(parent.lastChild).nextSibling = number;
+    }
+    parent.lastChild = number;
+    return number;
+  }
+
+  std::uint32_t add(const IXMLDOMNodePtr& node) {
+    const dom::NodeName name = dom::nodeName(node);
+    const bool isElement = dom::hasAttributes(node);
+    const std::uint32_t number =
+        m_tree.addNode(name.view().text(), isElement ? countElement(node) : Position());
+    if (isElement) {
+      for (dom::AttributeCursor cursor(node); cursor.next();) {
+        m_value.clear();
+        cursor.value().appendTo(m_value);
+        m_tree.addAttribute(cursor.name().text(), m_value);
+      }
+    }
+    return number;
+  }
+
+  Position countElement(const IXMLDOMNodePtr& node) {
+    if (!dom::hasAttributes(node)) {
+      return {};
+    }
+    m_progress.report(m_elements, m_positions.size());
+    const std::size_t place = m_elements++;
+    return place < m_positions.size() ? m_positions[place] : Position();
+  }
+
+  DocumentTree& m_tree;
+  const std::vector<Position>& m_positions;
+  Progress& m_progress;
+  std::vector<Level> m_levels;
+  std::size_t m_elements = 0;
+  std::string m_value;
+};
+
+std::string hexadecimal(HRESULT result) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text = "0x";
+  for (int shift = 28; shift >= 0; shift -= 4) {
+    text += kDigits[(static_cast<std::uint32_t>(result) >> shift) & 0xFU];
+  }
+  return text;
+}
+
+// The root element; sets what readers take for it instead when something stands before it.
+IXMLDOMNodePtr rootOf(const IXMLDOMDocumentPtr& document, std::string& nodeBeforeRoot) {
+  for (IXMLDOMNodePtr node = dom::firstChild(document); node != nullptr;
+       node = dom::nextSibling(node)) {
+    if (dom::nodeNameIs(node, "xml")) {
+      continue;
+    }
+    if (dom::hasAttributes(node)) {
+      return node;
+    }
+    if (nodeBeforeRoot.empty()) {
+      nodeBeforeRoot = dom::nodeName(node).view().text();
+    }
+  }
+  return nullptr;
+}
+
+DocumentLoad tryLoading(const std::filesystem::path& path, const std::vector<Position>& positions,
+                        Progress& progress) {
+  DocumentLoad result;
+  IXMLDOMDocumentPtr document;
+  if (dom::createDocument(document) < 0) {
+    throw Failure("the XML document service of this system cannot be started");
+  }
+  if (!dom::load(document, fromUtf8(toUtf8(path)))) {
+    return result;
+  }
+  const IXMLDOMNodePtr root = rootOf(document, result.nodeBeforeRoot);
+  if (root == nullptr) {
+    return result;
+  }
+  TreeCopy copy(result.tree, positions, progress);
+  copy.copy(root);
+  if (!copy.isComplete()) {
+    result.tree.forgetPositions();
+  }
+  result.isWellFormed = true;
+  return result;
+}
+
+}  // namespace
+
+DocumentLoad loadDocument(const std::filesystem::path& path, const std::vector<Position>& positions,
+                          Progress& progress) {
+  const ComUse com;
+  try {
+    return tryLoading(path, positions, progress);
+  } catch (const _com_error& error) {
+    throw Failure(toUtf8(path) + ": the XML document service failed with " +
+                  hexadecimal(error.Error()));
+  }
+}
+
+}  // namespace quorvan::tool

@@ -1,0 +1,96 @@
+#include <tools/listing/file_summary.h>
+
+#include <map>
+#include <set>
+#include <unordered_map>
+#include <utility>
+
+#include <tools/model/control_members.h>
+#include <tools/model/item_reader.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+std::vector<ClassCount> countClasses(const TransferFile& file) {
+  std::vector<ClassCount> classes;
+  std::unordered_map<std::string_view, std::size_t> places;
+  for (const Element& element : file.elements()) {
+    const auto [known, isNew] = places.emplace(element.className(), classes.size());
+    if (isNew) {
+      classes.push_back({element.className(), element.schema != nullptr, 0});
+    }
+    ++classes[known->second].count;
+  }
+  return classes;
+}
+
+std::optional<ControlSummary> summarizeControl(const TransferFile& file, ItemReader& reader) {
+  const Element* const record = controlRecord(file);
+  if (record == nullptr) {
+    return std::nullopt;
+  }
+  const std::vector<ItemValue>& items = reader.read(*record);
+  return ControlSummary{findItem(items, "DrawingName")->text, findItem(items, "ZantoVersion")->text,
+                        findItem(items, "ServicePack")->integer,
+                        findItem(items, "CheckSum")->integer};
+}
+
+SeriesSummary summarizeSeries(const TransferFile& file, const Element& element,
+                              const ElementIndex& index, ItemReader& reader) {
+  const Repartition series = toRepartition(reader.read(element));
+  SeriesSummary summary;
+  summary.index = file.indexOf(element);
+  summary.className = series.className;
+  summary.barIndex = series.index;
+  summary.number = series.number();
+  summary.spacings = series.spacings();
+  summary.isHidden = series.isHidden;
+  const Element* const bar = index.find(series.className, series.index);
+  if (bar != nullptr && bar->schema != nullptr) {
+    const ItemValue* const reference = findItem(reader.read(*bar), "Reference");
+    if (reference != nullptr && reference->schema->kind == items::Kind::kLong) {
+      summary.reference = reference->integer;
+    }
+  }
+  return summary;
+}
+
+// What is counted element by element.
+void countElements(const TransferFile& file, ItemReader& reader, FileSummary& summary) {
+  std::map<std::pair<double, std::string>, BarCount> bars;
+  std::set<std::int64_t> references;
+  const ElementIndex index(file);
+  for (const Element& element : file.elements()) {
+    if (const auto shape = barShapeOf(element.className())) {
+      const Bar bar = toBar(*shape, reader.read(element));
+      ++bars[{bar.diameter, bar.grade}].elements;
+      references.insert(bar.reference);
+      summary.hidden += bar.isHidden ? 1U : 0U;
+    } else if (element.className() == kRepartitionClass) {
+      summary.repartitions.push_back(summarizeSeries(file, element, index, reader));
+      summary.hidden += summary.repartitions.back().isHidden ? 1U : 0U;
+    }
+  }
+  for (const BarSum& sum : makeBarList(file, kLengthUnits[0]).sums) {
+    bars[{sum.diameter, sum.grade}].number = sum.number;
+  }
+  for (auto& [key, count] : bars) {
+    summary.bars.push_back({key.first, key.second, count.elements, count.number});
+  }
+  summary.references.assign(references.begin(), references.end());
+}
+
+}  // namespace
+
+FileSummary summarize(const TransferFile& file) {
+  ItemReader reader(file);
+  FileSummary summary;
+  summary.control = summarizeControl(file, reader);
+  summary.classes = countClasses(file);
+  countElements(file, reader, summary);
+  summary.extents = extentsOf(file);
+  return summary;
+}
+
+}  // namespace quorvan::tool
