@@ -5,8 +5,7 @@
 #include <new>
 #include <sstream>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/arguments.h>
 
 namespace quorvan::tool {
 
@@ -36,20 +35,10 @@ int parseAndRun(CLI::App& program, std::vector<std::string> arguments, Run& run)
 }  // namespace
 
 int runProgram(const std::vector<std::string>& arguments, Console& console) {
-  CLI::App program(std::string(kProgramDescription), "quorvan");
-  program.require_subcommand(1);
-  program.set_version_flag("--version", "quorvan " QUORVAN_VERSION);
-  program.footer(std::string(kProgramFooter));
   Run run{console};
-  addInfo(program, run);
-  addList(program, run);
-  addBars(program, run);
-  addCheck(program, run);
-  addDraw(program, run);
-  addDiff(program, run);
-  addWrite(program, run);
+  const std::unique_ptr<CLI::App> program = programArguments(run);
   try {
-    return parseAndRun(program, arguments, run);
+    return parseAndRun(*program, arguments, run);
   } catch (const Failure& failure) {
     console.err << "quorvan: " << failure.what() << '\n';
   } catch (const std::bad_alloc&) {

@@ -5,27 +5,30 @@
 #include <tests/support/saved_file.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
+#include <tools/commands/command_table.h>
 
 namespace {
 
 using quorvan::test::runTool;
-
-const char* const kCommands[] = {"info", "list", "bars", "check", "draw", "diff", "write"};
+using quorvan::tool::Command;
 
 TEST(ToolProgram, AnswersHelpOnItsOutput) {
   const auto run = runTool({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
-  for (const char* const command : kCommands) {
-    EXPECT_NE(run.out.find(std::string("  ") + command + " "), std::string::npos) << command;
+  for (const Command* const command : quorvan::tool::allCommands()) {
+    EXPECT_NE(run.out.find("  " + std::string(command->name) + " "), std::string::npos)
+        << command->name;
   }
 }
 
 TEST(ToolProgram, ShowsExamplesInTheHelpOfEveryCommand) {
-  for (const char* const command : kCommands) {
-    const auto run = runTool({command, "--help"});
+  for (const Command* const command : quorvan::tool::allCommands()) {
+    const auto run = runTool({std::string(command->name), "--help"});
     EXPECT_EQ(run.status, 0);
-    EXPECT_NE(run.out.find(std::string("Examples:\n  quorvan ")), std::string::npos) << command;
+    EXPECT_NE(run.out.find("Examples:\n  quorvan " + std::string(command->name) + ' '),
+              std::string::npos)
+        << command->name;
   }
 }
 

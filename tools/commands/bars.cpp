@@ -2,8 +2,7 @@
 
 #include <memory>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
 #include <tools/schedule/bar_list.h>
@@ -206,20 +205,34 @@ void listBars(const BarsArguments& arguments, Console& console) {
   }
 }
 
+void addBarsOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<BarsArguments>();
+  command.add_option("FILE", arguments->file, "Transfer file")->required();
+  CLI::Option* const unit =
+      command.add_option("--unit", arguments->unit, "Unit of the drawing's lengths: mm, cm or m")
+          ->capture_default_str();
+  run.words[unit] = {"mm", "cm", "m"};
+  CLI::Option* const json =
+      command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)");
+  command.add_flag("--csv", arguments->asCsv, "As CSV, a line a row")->excludes(json);
+  command.callback([arguments, &run] { listBars(*arguments, run.console); });
+}
+
 }  // namespace
 
-void addBars(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<BarsArguments>();
-  CLI::App* const command =
-      program.add_subcommand("bars", "The bar list: marks, numbers, lengths, masses");
-  command->add_option("FILE", arguments->file, "Transfer file")->required();
-  command->add_option("--unit", arguments->unit, "Unit of the drawing's lengths: mm, cm or m")
-      ->capture_default_str();
-  CLI::Option* const json =
-      command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)");
-  command->add_flag("--csv", arguments->asCsv, "As CSV, a line a row")->excludes(json);
-  command->footer(std::string(kBarsExamples));
-  command->callback([arguments, &run] { listBars(*arguments, run.console); });
-}
+constinit const Command kBarsCommand = {
+    .name = "bars",
+    .summary = "The bar list: marks, numbers, lengths, masses",
+    .description =
+        "The bar list: mark, shape, grade, adherence, diameter, number, length, total length, "
+        "mass, and the elements that each row came from; sums by diameter and grade. The "
+        "convention for lengths and numbers stands on top.",
+    .examples =
+        "quorvan bars beam.xml\n"
+        "quorvan bars beam.xml --csv > bars.csv\n"
+        "quorvan bars plan-in-metres.xml --unit m",
+    .exitCodes = {},
+    .addOptions = addBarsOptions,
+};
 
 }  // namespace quorvan::tool

@@ -5,8 +5,7 @@
 #include <memory>
 
 #include <tools/check/checker.h>
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/console/terminal.h>
 #include <tools/files/work_folder.h>
 #include <tools/repair/repair.h>
@@ -179,23 +178,36 @@ int check(const CheckArguments& arguments, Console& console) {
   return report(results, arguments.asJson, console.out);
 }
 
+void addCheckOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<CheckArguments>();
+  command.add_option("FILE", arguments->files, "Transfer files")->required();
+  command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/check.schema.json)");
+  command.add_flag("--repair", arguments->repairs,
+                   "Write a mended copy, check it and report what is left");
+  command.add_option("-o,--output", arguments->output, "Name of the mended copy");
+  command
+      .add_option("--diameters", arguments->diameters,
+                  "Standard sizes in the drawing's unit, instead of those of EN 10080 in mm")
+      ->delimiter(',');
+  command.callback([arguments, &run] { run.status = check(*arguments, run.console); });
+}
+
 }  // namespace
 
-void addCheck(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<CheckArguments>();
-  CLI::App* const command =
-      program.add_subcommand("check", "What is wrong with files, and how to mend it");
-  command->add_option("FILE", arguments->files, "Transfer files")->required();
-  command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/check.schema.json)");
-  command->add_flag("--repair", arguments->repairs,
-                    "Write a mended copy, check it and report what is left");
-  command->add_option("-o,--output", arguments->output, "Name of the mended copy");
-  command
-      ->add_option("--diameters", arguments->diameters,
-                   "Standard sizes in the drawing's unit, instead of those of EN 10080 in mm")
-      ->delimiter(',');
-  command->footer(std::string(kCheckExamples));
-  command->callback([arguments, &run] { run.status = check(*arguments, run.console); });
-}
+constinit const Command kCheckCommand = {
+    .name = "check",
+    .summary = "What is wrong with files, and how to mend it",
+    .description =
+        "Numbered findings with line, column, class, index and item, what was found and "
+        "expected, and how to mend it. A mended copy is never written over the file itself.",
+    .examples =
+        "quorvan check beam.xml\n"
+        "quorvan check --json *.xml > findings.json\n"
+        "quorvan check --diameters 8,10,12,16,20,25 beam.xml\n"
+        "quorvan check broken.xml --repair -o mended.xml",
+    .exitCodes = {"no warnings (notes at most)", "warnings",
+                  "errors or a file that cannot be read"},
+    .addOptions = addCheckOptions,
+};
 
 }  // namespace quorvan::tool

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/diff/difference.h>
 #include <tools/model/class_names.h>
 #include <tools/model/description.h>
@@ -152,19 +151,30 @@ int diff(const DiffArguments& arguments, Console& console) {
   return differences.empty() ? kSuccess : kFindings;
 }
 
+void addDiffOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<DiffArguments>();
+  command.add_option("BEFORE", arguments->before, "Transfer file")->required();
+  command.add_option("AFTER", arguments->after, "Transfer file to compare with it")->required();
+  command
+      .add_option("--tolerance", arguments->tolerance, "Numbers that differ by no more are equal")
+      ->capture_default_str();
+  command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/diff.schema.json)");
+  command.callback([arguments, &run] { run.status = diff(*arguments, run.console); });
+}
+
 }  // namespace
 
-void addDiff(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<DiffArguments>();
-  CLI::App* const command = program.add_subcommand("diff", "What two drawings differ by");
-  command->add_option("BEFORE", arguments->before, "Transfer file")->required();
-  command->add_option("AFTER", arguments->after, "Transfer file to compare with it")->required();
-  command
-      ->add_option("--tolerance", arguments->tolerance, "Numbers that differ by no more are equal")
-      ->capture_default_str();
-  command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/diff.schema.json)");
-  command->footer(std::string(kDiffExamples));
-  command->callback([arguments, &run] { run.status = diff(*arguments, run.console); });
-}
+constinit const Command kDiffCommand = {
+    .name = "diff",
+    .summary = "What two drawings differ by",
+    .description =
+        "What two drawings differ by: deleted, added, moved and changed elements. They are "
+        "compared by content, not by index.",
+    .examples =
+        "quorvan diff beam-a.xml beam-b.xml\n"
+        "quorvan diff --tolerance 0.5 --json old.xml new.xml",
+    .exitCodes = {"equal", "different", "a file that cannot be read"},
+    .addOptions = addDiffOptions,
+};
 
 }  // namespace quorvan::tool

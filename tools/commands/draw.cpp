@@ -3,8 +3,7 @@
 #include <fstream>
 #include <memory>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/page/html_page.h>
 #include <tools/draw/scene/sheet.h>
@@ -129,52 +128,78 @@ void draw(const DrawArguments& arguments, Console& console) {
   folder.moveToTarget();
 }
 
-void addStyleOptions(CLI::App& command, DrawArguments& arguments) {
+// Every name of the values, and what else the option takes.
+template <class Value, std::size_t Count>
+std::vector<std::string> namesOf(const Named<Value> (&values)[Count],
+                                 std::vector<std::string> names = {}) {
+  for (const Named<Value>& one : values) {
+    names.emplace_back(one.name);
+  }
+  return names;
+}
+
+void addStyleOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
+  oneOf(command.add_option("--colors", arguments.colors,
+                           "What colour numbers are: auto, index, rgb, bgr"),
+        {"auto", "index", "rgb", "bgr"}, run)
+      ->capture_default_str();
+  oneOf(command.add_option("--angles", arguments.angles, "What angles are: auto, deg, rad"),
+        namesOf(kAngleUnits, {"auto"}), run)
+      ->capture_default_str();
+  oneOf(command.add_option("--hidden", arguments.hidden, "Hidden bars: dashed, off, solid"),
+        namesOf(kHiddenBars), run)
+      ->capture_default_str();
+  oneOf(command.add_option("--marks", arguments.marks,
+                           "Bar marks: auto (those that no text names), all, none"),
+        namesOf(kMarks), run)
+      ->capture_default_str();
+}
+
+void addSheetOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
+  CLI::Option* const sheet =
+      command.add_option("--sheet", arguments.sheet,
+                         "A0 to A5, upright A0u to A5u, or width x height in mm; A3 unless given");
+  run.words[sheet] = {"A0", "A1", "A2", "A3", "A4", "A5", "A0u", "A1u", "A2u", "A3u", "A4u", "A5u"};
+  command.add_option("--scale", arguments.scale, "25 for 1:25; the largest usual one unless given")
+      ->check(CLI::PositiveNumber);
+  oneOf(command.add_option("--unit", arguments.unit, "Unit of the drawing's lengths: mm, cm or m"),
+        {"mm", "cm", "m"}, run)
+      ->capture_default_str();
+  oneOf(command.add_option("--plane", arguments.plane, "What is seen: xy, xz or yz"),
+        namesOf(kPlanes), run)
+      ->capture_default_str();
+}
+
+void addDrawOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<DrawArguments>();
+  command.add_option("FILE", arguments->file, "Transfer file")->required();
   command
-      .add_option("--colors", arguments.colors, "What colour numbers are: auto, index, rgb, bgr")
-      ->check(CLI::IsMember({"auto", "index", "rgb", "bgr"}))
+      .add_option("-o,--output", arguments->output,
+                  "Picture to write; its ending says the form: .svg .html .png .pdf")
+      ->required();
+  addSheetOptions(command, *arguments, run);
+  addStyleOptions(command, *arguments, run);
+  command.add_option("--dpi", arguments->dotsPerInch, "Fineness of a PNG")
+      ->check(CLI::Range(10.0, 1200.0))
       ->capture_default_str();
-  command.add_option("--angles", arguments.angles, "What angles are: auto, deg, rad")
-      ->check(CLI::IsMember({"auto", "deg", "rad"}))
-      ->capture_default_str();
-  command.add_option("--hidden", arguments.hidden, "Hidden bars: dashed, off, solid")
-      ->check(CLI::IsMember({"dashed", "off", "solid"}))
-      ->capture_default_str();
-  command
-      .add_option("--marks", arguments.marks,
-                  "Bar marks: auto (those that no text names), all, none")
-      ->check(CLI::IsMember({"auto", "all", "none"}))
-      ->capture_default_str();
+  command.callback([arguments, &run] { draw(*arguments, run.console); });
 }
 
 }  // namespace
 
-void addDraw(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<DrawArguments>();
-  CLI::App* const command =
-      program.add_subcommand("draw", "The drawing as SVG, HTML page, PNG or PDF");
-  command->add_option("FILE", arguments->file, "Transfer file")->required();
-  command
-      ->add_option("-o,--output", arguments->output,
-                   "Picture to write; its ending says the form: .svg .html .png .pdf")
-      ->required();
-  command->add_option("--sheet", arguments->sheet,
-                      "A0 to A5, upright A0u to A5u, or width x height in mm; A3 unless given");
-  command
-      ->add_option("--scale", arguments->scale, "25 for 1:25; the largest usual one unless given")
-      ->check(CLI::PositiveNumber);
-  command->add_option("--unit", arguments->unit, "Unit of the drawing's lengths: mm, cm or m")
-      ->check(CLI::IsMember({"mm", "cm", "m"}))
-      ->capture_default_str();
-  command->add_option("--plane", arguments->plane, "What is seen: xy, xz or yz")
-      ->check(CLI::IsMember({"xy", "xz", "yz"}))
-      ->capture_default_str();
-  addStyleOptions(*command, *arguments);
-  command->add_option("--dpi", arguments->dotsPerInch, "Fineness of a PNG")
-      ->check(CLI::Range(10.0, 1200.0))
-      ->capture_default_str();
-  command->footer(std::string(kDrawExamples));
-  command->callback([arguments, &run] { draw(*arguments, run.console); });
-}
+constinit const Command kDrawCommand = {
+    .name = "draw",
+    .summary = "The drawing as SVG, HTML page, PNG or PDF",
+    .description =
+        "The drawing as the detailer draws it. The ending of the picture's name says the form: "
+        ".svg, .html, .png or .pdf.",
+    .examples =
+        "quorvan draw beam.xml -o beam.svg\n"
+        "quorvan draw beam.xml -o beam.html            a page to move about in\n"
+        "quorvan draw beam.xml -o beam.pdf --sheet A1 --scale 25\n"
+        "quorvan draw beam.xml -o beam.png --hidden off --marks all --dpi 300",
+    .exitCodes = {},
+    .addOptions = addDrawOptions,
+};
 
 }  // namespace quorvan::tool

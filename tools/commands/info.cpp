@@ -2,8 +2,7 @@
 
 #include <memory>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/listing/file_summary.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
@@ -186,16 +185,27 @@ void showInfo(const InfoArguments& arguments, Console& console) {
   }
 }
 
+void addInfoOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<InfoArguments>();
+  command.add_option("FILE", arguments->files, "Transfer files")->required();
+  command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/info.schema.json)");
+  command.callback([arguments, &run] { showInfo(*arguments, run.console); });
+}
+
 }  // namespace
 
-void addInfo(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<InfoArguments>();
-  CLI::App* const command =
-      program.add_subcommand("info", "What files hold, in figures: name, classes, bars, extents");
-  command->add_option("FILE", arguments->files, "Transfer files")->required();
-  command->add_flag("--json", arguments->asJson, "As JSON (docs/schema/info.schema.json)");
-  command->footer(std::string(kInfoExamples));
-  command->callback([arguments, &run] { showInfo(*arguments, run.console); });
-}
+constinit const Command kInfoCommand = {
+    .name = "info",
+    .summary = "What files hold, in figures: name, classes, bars, extents",
+    .description =
+        "Drawing name, producing version, service pack and check sum; elements by class; bars "
+        "by diameter and grade; references; hidden elements; repartitions with number and "
+        "spacing; extents; encoding.",
+    .examples =
+        "quorvan info beam.xml\n"
+        "quorvan info --json *.xml > inventory.json",
+    .exitCodes = {},
+    .addOptions = addInfoOptions,
+};
 
 }  // namespace quorvan::tool

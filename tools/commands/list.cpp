@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/listing/element_to_json.h>
 #include <tools/listing/item_cells.h>
 #include <tools/model/class_names.h>
@@ -209,22 +208,36 @@ void list(const ListArguments& arguments, Console& console) {
   }
 }
 
+void addListOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<ListArguments>();
+  command.add_option("FILE", arguments->file, "Transfer file")->required();
+  CLI::Option* const className = command.add_option(
+      "CLASS", arguments->className, "Only elements of this class; \"CKtZanto\" may be left out");
+  run.words[className] = shortClassNames();
+  CLI::Option* const json = command.add_flag("--json", arguments->asJson,
+                                             "As drawing JSON (docs/schema/drawing.schema.json)");
+  command
+      .add_flag("--csv", arguments->asCsv,
+                "As CSV: a line an element for one CLASS, else a line an item")
+      ->excludes(json);
+  command.callback([arguments, &run] { list(*arguments, run.console); });
+}
+
 }  // namespace
 
-void addList(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<ListArguments>();
-  CLI::App* const command = program.add_subcommand("list", "Every element with its items");
-  command->add_option("FILE", arguments->file, "Transfer file")->required();
-  command->add_option("CLASS", arguments->className,
-                      "Only elements of this class; \"CKtZanto\" may be left out");
-  CLI::Option* const json = command->add_flag("--json", arguments->asJson,
-                                              "As drawing JSON (docs/schema/drawing.schema.json)");
-  command
-      ->add_flag("--csv", arguments->asCsv,
-                 "As CSV: a line an element for one CLASS, else a line an item")
-      ->excludes(json);
-  command->footer(std::string(kListExamples));
-  command->callback([arguments, &run] { list(*arguments, run.console); });
-}
+constinit const Command kListCommand = {
+    .name = "list",
+    .summary = "Every element with its items",
+    .description =
+        "Every element with its items, as tables, CSV or drawing JSON. Only those of CLASS if "
+        "it is given.",
+    .examples =
+        "quorvan list beam.xml                       every element, a table a class\n"
+        "quorvan list beam.xml StraightBar           one class\n"
+        "quorvan list beam.xml LBar --csv > l.csv    a column an item\n"
+        "quorvan list beam.xml --json > beam.json    what `quorvan write` takes",
+    .exitCodes = {},
+    .addOptions = addListOptions,
+};
 
 }  // namespace quorvan::tool

@@ -7,8 +7,7 @@
 #include <quorvan/platform/com_error.h>
 #include <quorvan/text/utf8.h>
 
-#include <tools/commands/commands.h>
-#include <tools/commands/help_texts.h>
+#include <tools/commands/command_table.h>
 #include <tools/console/progress.h>
 #include <tools/console/terminal.h>
 #include <tools/drawing/drawing_file.h>
@@ -88,17 +87,26 @@ void write(const WriteArguments& arguments, Console& console) {
   folder.moveToTarget();
 }
 
+void addWriteOptions(CLI::App& command, Run& run) {
+  const auto arguments = std::make_shared<WriteArguments>();
+  command
+      .add_option("DRAWING", arguments->drawing, "Drawing JSON (docs/schema/drawing.schema.json)")
+      ->required();
+  command.add_option("-o,--output", arguments->output, "Transfer file to write")->required();
+  command.callback([arguments, &run] { write(*arguments, run.console); });
+}
+
 }  // namespace
 
-void addWrite(CLI::App& program, Run& run) {
-  const auto arguments = std::make_shared<WriteArguments>();
-  CLI::App* const command = program.add_subcommand("write", "A JSON drawing as a transfer file");
-  command
-      ->add_option("DRAWING", arguments->drawing, "Drawing JSON (docs/schema/drawing.schema.json)")
-      ->required();
-  command->add_option("-o,--output", arguments->output, "Transfer file to write")->required();
-  command->footer(std::string(kWriteExamples));
-  command->callback([arguments, &run] { write(*arguments, run.console); });
-}
+constinit const Command kWriteCommand = {
+    .name = "write",
+    .summary = "A JSON drawing as a transfer file",
+    .description = "A JSON drawing, as `quorvan list --json` gives it, as a transfer file.",
+    .examples =
+        "quorvan write beam.json -o beam.xml\n"
+        "quorvan list old.xml --json > d.json && quorvan write d.json -o new.xml",
+    .exitCodes = {},
+    .addOptions = addWriteOptions,
+};
 
 }  // namespace quorvan::tool

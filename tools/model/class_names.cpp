@@ -42,4 +42,12 @@ std::string_view shortClassName(std::string_view className) noexcept {
   return className;
 }
 
+std::vector<std::string> shortClassNames() {
+  std::vector<std::string> result;
+  for (const items::ElementSchema& element : items::allElements()) {
+    result.emplace_back(shortClassName(element.className));
+  }
+  return result;
+}
+
 }  // namespace quorvan::tool

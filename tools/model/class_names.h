@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvan::tool {
 
@@ -12,5 +13,8 @@ std::string fullClassName(std::string_view name);
 
 /// The name without "CKtZanto" or "CKt".
 std::string_view shortClassName(std::string_view className) noexcept;
+
+/// The names of all element classes without "CKtZanto" or "CKt".
+std::vector<std::string> shortClassNames();
 
 }  // namespace quorvan::tool
