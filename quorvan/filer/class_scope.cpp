@@ -135,15 +135,3 @@ int CKtFiler::getLastUsedIndex() {
   const int* const counted = m_classCounts.find(name);
   return counted != nullptr ? changedCount(*counted, 1) : 0;
 }
-
-IXMLDOMNodePtr CKtFiler::GetNamedChild(const IXMLDOMNodePtr& node, const dom::Name& name) {
-  return node == nullptr ? IXMLDOMNodePtr() : dom::firstChildNamed(node, name);
-}
-
-IXMLDOMNodePtr CKtFiler::FindCurrentNodeNamedChild(const dom::Name& name) {
-  return GetNamedChild(m_currentClass, name);
-}
-
-IXMLDOMNodePtr CKtFiler::FindChildNodeNamedChild(const dom::Name& name) {
-  return GetNamedChild(m_currentVector, name);
-}

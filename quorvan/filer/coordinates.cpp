@@ -1,6 +1,7 @@
 #include <quorvan/filer/coordinates.h>
 
 #include <quorvan/text/numbers.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::filer {
 
@@ -20,6 +21,27 @@ bool appendCoordinates(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr&
   return dom::appendElement(document, parent, name, attributes);
 }
 
+template <class Geometry>
+int readCoordinates(const IXMLDOMNodePtr& item, Geometry* geometry) {
+  if (item == nullptr || !dom::hasAttributes(item)) {
+    return 0;
+  }
+  dom::AttributeValue value;
+  if (!dom::attribute(item, "X", value)) {
+    return 0;
+  }
+  geometry->X(value.toDouble());
+  if (!dom::attribute(item, "Y", value)) {
+    return 0;
+  }
+  geometry->Y(value.toDouble());
+  if (!dom::attribute(item, "Z", value)) {
+    return 0;
+  }
+  geometry->Z(value.toDouble());
+  return 1;
+}
+
 }  // namespace
 
 bool appendPoint(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
@@ -30,6 +52,26 @@ bool appendPoint(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& paren
 bool appendVector(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                   const dom::Name& name, double x, double y, double z) {
   return appendCoordinates<kShortestCapacity, formatShortest>(document, parent, name, x, y, z);
+}
+
+int itemValue(const IXMLDOMNodePtr& item, CKtPnt3D* point) {
+  return readCoordinates(item, point);
+}
+
+int itemValue(const IXMLDOMNodePtr& item, CKtVect3D* vector) {
+  return readCoordinates(item, vector);
+}
+
+bool entryValue(const IXMLDOMNodePtr& entry, CKtPnt3D& point) {
+  dom::AttributeValue x;
+  dom::AttributeValue y;
+  dom::AttributeValue z;
+  if (!dom::hasAttributes(entry) || !dom::attribute(entry, "X", x) ||
+      !dom::attribute(entry, "Y", y) || !dom::attribute(entry, "Z", z)) {
+    return false;
+  }
+  point.XYZ(x.toDouble(), y.toDouble(), z.toDouble());
+  return true;
 }
 
 }  // namespace quorvan::filer

@@ -1,6 +1,8 @@
 // Points and vectors as elements with the attributes "X", "Y" and "Z". Not installed.
 #pragma once
 
+#include <quorvan/geometry/point.h>
+#include <quorvan/geometry/vector.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
@@ -16,5 +18,15 @@ bool appendPoint(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& paren
 /// double loses digits and follows the user's decimal separator.
 bool appendVector(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                   const dom::Name& name, double x, double y, double z);
+
+/// Reads a single point or vector. 1, or 0 when `item` is null, takes no attributes or lacks a
+/// coordinate. Coordinates are stored as soon as they are read: with "Y" missing the new x is in
+/// place.
+int itemValue(const IXMLDOMNodePtr& item, CKtPnt3D* point);
+int itemValue(const IXMLDOMNodePtr& item, CKtVect3D* vector);
+
+/// Reads an entry of a list, all of it or nothing. False, leaving `point` alone, when `entry` takes
+/// no attributes or lacks a coordinate; raises E_POINTER for a null one.
+bool entryValue(const IXMLDOMNodePtr& entry, CKtPnt3D& point);
 
 }  // namespace quorvan::filer

@@ -1,7 +1,6 @@
 // Single points and vectors: one element with the attributes "X", "Y" and "Z".
 #include <quorvan/filer/coordinates.h>
 #include <quorvan/filer/filer.h>
-#include <quorvan/filer/item_values.h>
 
 namespace dom = quorvan::dom;
 using quorvan::filer::appendPoint;

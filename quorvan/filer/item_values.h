@@ -1,8 +1,6 @@
-// What an item element holds, given the element itself. Not installed.
+// What a scalar item holds, given its element. Not installed.
 #pragma once
 
-#include <quorvan/geometry/point.h>
-#include <quorvan/geometry/vector.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
@@ -17,9 +15,5 @@ inline constexpr dom::Name kStringKind = "string";
 int itemValue(const IXMLDOMNodePtr& item, double* value);
 int itemValue(const IXMLDOMNodePtr& item, long* value);
 int itemValue(const IXMLDOMNodePtr& item, CString* value);
-
-/// Coordinates are stored as soon as they are read: with "Y" missing the new x is in place.
-int itemValue(const IXMLDOMNodePtr& item, CKtPnt3D* point);
-int itemValue(const IXMLDOMNodePtr& item, CKtVect3D* vector);
 
 }  // namespace quorvan::filer

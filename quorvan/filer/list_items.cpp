@@ -33,18 +33,6 @@ int writeList(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& currentC
   return 1;
 }
 
-bool readEntry(const IXMLDOMNodePtr& child, CKtPnt3D& point) {
-  dom::AttributeValue x;
-  dom::AttributeValue y;
-  dom::AttributeValue z;
-  if (!dom::hasAttributes(child) || !dom::attribute(child, "X", x) ||
-      !dom::attribute(child, "Y", y) || !dom::attribute(child, "Z", z)) {
-    return false;
-  }
-  point.XYZ(x.toDouble(), y.toDouble(), z.toDouble());
-  return true;
-}
-
 CKtPnt3D makeEntry(const CKtPnt3D& point, const std::vector<CKtPnt3D>*) {
   return point;
 }
@@ -61,7 +49,7 @@ bool readEntries(IXMLDOMNodePtr child, long count, std::vector<Entry>* entries) 
       child = dom::nextSibling(child);
     }
     CKtPnt3D point;
-    if (!readEntry(child, point)) {
+    if (!quorvan::filer::entryValue(child, point)) {
       return false;
     }
     entries->push_back(makeEntry(point, entries));

@@ -9,22 +9,6 @@
 namespace dom = quorvan::dom;
 namespace filer = quorvan::filer;
 
-// Items go into the open vector; without one, into the current class.
-const IXMLDOMNodePtr& CKtFiler::itemScope() const {
-  return m_currentVector != nullptr ? m_currentVector : m_currentClass;
-}
-
-// With nowhere to go the item is built all the same, so that what stands in its way is raised.
-int CKtFiler::dropItem(const dom::Name& name) {
-  dom::createElement(m_document, name);
-  return 0;
-}
-
-IXMLDOMNodePtr CKtFiler::findItem(const dom::Name& name) {
-  return m_currentVector != nullptr ? FindChildNodeNamedChild(name)
-                                    : FindCurrentNodeNamedChild(name);
-}
-
 int CKtFiler::writeItem(CString name, double value) {
   return write(dom::NameText(name), value);
 }

@@ -10,6 +10,7 @@
 
 #include <quorvan/elements/items/filing.h>
 #include <quorvan/elements/items/numbered_lists.h>
+#include <quorvan/filer/coordinates.h>
 #include <quorvan/filer/item_values.h>
 
 namespace quorvan::items {

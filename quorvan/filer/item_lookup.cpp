@@ -1,0 +1,33 @@
+// Where items go and where they are looked up: the first child of that name.
+#include <quorvan/filer/filer.h>
+#include <quorvan/xml/dom.h>
+
+namespace dom = quorvan::dom;
+
+// Items go into the open vector; without one, into the current class.
+const IXMLDOMNodePtr& CKtFiler::itemScope() const {
+  return m_currentVector != nullptr ? m_currentVector : m_currentClass;
+}
+
+// With nowhere to go the item is built all the same, so that what stands in its way is raised.
+int CKtFiler::dropItem(const dom::Name& name) {
+  dom::createElement(m_document, name);
+  return 0;
+}
+
+IXMLDOMNodePtr CKtFiler::findItem(const dom::Name& name) {
+  return m_currentVector != nullptr ? FindChildNodeNamedChild(name)
+                                    : FindCurrentNodeNamedChild(name);
+}
+
+IXMLDOMNodePtr CKtFiler::GetNamedChild(const IXMLDOMNodePtr& node, const dom::Name& name) {
+  return node == nullptr ? IXMLDOMNodePtr() : dom::firstChildNamed(node, name);
+}
+
+IXMLDOMNodePtr CKtFiler::FindCurrentNodeNamedChild(const dom::Name& name) {
+  return GetNamedChild(m_currentClass, name);
+}
+
+IXMLDOMNodePtr CKtFiler::FindChildNodeNamedChild(const dom::Name& name) {
+  return GetNamedChild(m_currentVector, name);
+}
