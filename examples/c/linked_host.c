@@ -9,7 +9,7 @@
 #include <quorvan/export/export.h>
 
 int main(void) {
-  /* Four sides of 1600 x 200, two points a side, one bulge a side: straight. */
+  /* Four sides of 1600 x 200, two points and one bulge for each side, straight. */
   const double xs[] = {0, 1600, 1600, 1600, 1600, 0, 0, 0};
   const double ys[] = {0, 0, 0, 200, 200, 200, 200, 0};
   const double zeros[] = {0, 0, 0, 0, 0, 0, 0, 0};

@@ -88,7 +88,7 @@ static struct Quorvan findFunctions(Library library) {
 }
 
 static void writeDrawing(const struct Quorvan* q, const wchar_t* path) {
-  /* Four sides of 5000 x 500, two points a side, one bulge a side: straight. */
+  /* Four sides of 5000 x 500, two points and one bulge for each side, straight. */
   const double xs[] = {0, 5000, 5000, 5000, 5000, 0, 0, 0};
   const double ys[] = {0, 0, 0, 500, 500, 500, 500, 0};
   const double zs[] = {0, 0, 0, 0, 0, 0, 0, 0};

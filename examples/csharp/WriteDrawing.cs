@@ -112,7 +112,7 @@ internal static class WriteDrawing
 {
     private static void Write(string path)
     {
-        // Four sides of 5000 x 500, two points a side, one bulge a side: straight.
+        // Four sides of 5000 x 500, two points and one bulge for each side, straight.
         double[] xs = { 0, 5000, 5000, 5000, 5000, 0, 0, 0 };
         double[] ys = { 0, 0, 0, 500, 500, 500, 500, 0 };
         double[] zs = { 0, 0, 0, 0, 0, 0, 0, 0 };

@@ -41,7 +41,7 @@ def doubles(*values):
 
 
 def write_drawing(quorvan, path):
-    # Four sides of 5000 x 500, two points a side, one bulge a side: straight.
+    # Four sides of 5000 x 500, two points and one bulge for each side, straight.
     xs = doubles(0, 5000, 5000, 5000, 5000, 0, 0, 0)
     ys = doubles(0, 0, 0, 500, 500, 500, 500, 0)
     zs = doubles(0, 0, 0, 0, 0, 0, 0, 0)

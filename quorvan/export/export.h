@@ -1,8 +1,8 @@
 /* The flat functions through which a host writes a whole drawing. Usable from plain C.
  *
  * A filing goes: startFiling, then exports and pushes in any order, with stopFiling and
- * restartFiling in between as wanted, then endFiling. The calls share one state a process: all of
- * them must come from one thread, one filing at a time.
+ * restartFiling in between as wanted, then endFiling. The calls share one state in a process: all
+ * of them must come from one thread, one filing at a time.
  *
  * Points are three doubles x, y, z in the drawing's length unit. Texts are wide, terminated and
  * never null; UTF-16 on Windows, UTF-32 elsewhere. Angles, colours and justifications are those of

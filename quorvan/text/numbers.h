@@ -1,4 +1,4 @@
-// Numbers as the transfer file carries them: one routine a direction, the same on every system,
+// Numbers as the transfer file carries them: one routine each way, the same on every system,
 // independent of the locale.
 #pragma once
 

@@ -20,7 +20,7 @@ struct SourceEncoding {
   bool hasMark = false;  // a byte order mark
   bool isUtf16 = false;
   bool isBigEndian = false;
-  bool isSingleByte = false;  // one byte a character
+  bool isSingleByte = false;  // every character is one byte
 
   /// The name of the encoding that applies.
   [[nodiscard]] std::string name() const;

@@ -63,8 +63,8 @@ struct PlacedFrame {
 };
 
 // Straight bars are pushed in any order: they are put in ascending order along the direction from
-// the first to the second, as by exchanging neighbours. Equal ones keep their order; a frame whose
-// offset is no number stays where it is, and none goes past it.
+// the first to the second, as a bubble sort would put them. Equal ones keep their order; a frame
+// whose offset is no number stays where it is, and none goes past it.
 void sortAlongSeries(FrameGroup& group) {
   const CKtPnt3D start = group.at(0)->firstPoint();
   const CKtVect3D direction(start, group.at(1)->firstPoint(), 0);
