@@ -1,12 +1,13 @@
-// The documents, the schemas and the completions say what the program does.
+// The guide, the schemas, the manual page and the completions say what the program does.
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
 
 #include <array>
+#include <cstdlib>
+#include <fstream>
 #include <regex>
 #include <set>
-#include <utility>
 
 #include <quorvan/elements/element_classes.h>
 
@@ -14,15 +15,17 @@
 #include <tests/support/test_data.h>
 #include <tests/tools/tool_run.h>
 #include <tools/check/finding.h>
+#include <tools/commands/command_table.h>
+#include <tools/documents/documents.h>
 #include <tools/model/item_value.h>
 
 namespace {
 
 using nlohmann::json;
 using quorvan::test::runTool;
+using quorvan::tool::Command;
+using quorvan::tool::ProgramArguments;
 namespace items = quorvan::items;
-
-const char* const kCommands[] = {"info", "list", "bars", "check", "draw", "diff", "write"};
 
 std::string projectFile(const std::string& name) {
   const std::string text = quorvan::test::fileBytes(quorvan::test::dataPath("../") + name);
@@ -42,23 +45,51 @@ std::set<std::string> optionsOf(const std::string& command) {
   return options;
 }
 
-TEST(ToolDocuments, NameEveryOption) {
-  const std::string bash = projectFile("tools/completion/quorvan.bash");
-  const std::string zsh = projectFile("tools/completion/_quorvan");
-  const std::string fish = projectFile("tools/completion/quorvan.fish");
-  std::string manual = projectFile("docs/man/quorvan.1");
-  manual = std::regex_replace(manual, std::regex("\\\\-"), "-");
-  for (const char* const command : kCommands) {
-    for (const std::string& option : optionsOf(command)) {
+TEST(ToolDocuments, NameEveryCommandWithItsOptions) {
+  const ProgramArguments program = quorvan::tool::collectArguments();
+  const std::string bash = bashCompletion(program);
+  const std::string zsh = zshCompletion(program);
+  const std::string fish = fishCompletion(program);
+  const std::string manual = std::regex_replace(manualPage(program), std::regex("\\\\-"), "-");
+  for (const Command* const command : quorvan::tool::allCommands()) {
+    const std::string name(command->name);
+    for (const std::string* const text : std::array{&bash, &zsh, &fish, &manual}) {
+      EXPECT_NE(text->find(name), std::string::npos) << name;
+    }
+    for (const std::string& option : optionsOf(name)) {
       EXPECT_NE(bash.find(option), std::string::npos) << option;
       EXPECT_NE(zsh.find(option), std::string::npos) << option;
       EXPECT_NE(fish.find("-l " + option.substr(2)), std::string::npos) << option;
       EXPECT_NE(manual.find(option), std::string::npos) << option;
     }
-    for (const std::string* const text : std::array{&bash, &zsh, &fish, &std::as_const(manual)}) {
-      EXPECT_NE(text->find(command), std::string::npos) << command;
-    }
   }
+}
+
+TEST(ToolDocuments, TellShortNamesValuesAndWhatDoesNotGoTogether) {
+  const ProgramArguments program = quorvan::tool::collectArguments();
+  EXPECT_NE(zshCompletion(program).find("'(--json)--csv[As CSV"), std::string::npos);
+  EXPECT_NE(fishCompletion(program).find("-s o -l output -r -F"), std::string::npos);
+  EXPECT_NE(bashCompletion(program).find("'draw -o' | 'draw --output'"), std::string::npos);
+  const std::string manual = manualPage(program);
+  EXPECT_NE(manual.find("quorvan draw [OPTION]... \\-o OUTPUT FILE\n"), std::string::npos);
+  EXPECT_NE(manual.find("quorvan list [OPTION]... FILE [CLASS]\n"), std::string::npos);
+  EXPECT_NE(manual.find("\\fB\\-\\-dpi\\fR \\fIDPI\\fR\nFineness of a PNG; 150 unless given.\n"),
+            std::string::npos);
+  EXPECT_NE(manual.find("Exit code: 0 equal, 1 different, 2 "), std::string::npos);
+}
+
+// With QUORVAN_UPDATE_GOLDEN set the chapter is written instead.
+TEST(ToolDocuments, TheGuideHasTheCommandsOfTheTable) {
+  const std::string guide = projectFile("docs/tool.md");
+  const std::size_t start = guide.find("| command | shows |");
+  ASSERT_NE(start, std::string::npos);
+  const std::string chapter = commandChapter(quorvan::tool::collectArguments());
+  if (std::getenv("QUORVAN_UPDATE_GOLDEN") != nullptr) {
+    std::ofstream(quorvan::test::dataPath("../docs/tool.md"), std::ios::binary)
+        << guide.substr(0, start) << chapter;
+    return;
+  }
+  EXPECT_EQ(guide.substr(start), chapter);
 }
 
 TEST(ToolDocuments, ListEveryFindingWithItsSeverity) {

@@ -3,7 +3,7 @@
 
 usage: independent_readers.py CHECK PROGRAM PROJECT FOLDER
 
-CHECK is json, xml, pdf, manual or page. Ends with 77 where the reader is not on this system.
+CHECK is json, xml, pdf or page. Ends with 77 where the reader is not on this system.
 """
 
 import json
@@ -112,16 +112,6 @@ def check_pdf(shop):
             sys.exit(f"{picture}: there is nothing on it")
 
 
-def check_manual(shop):
-    need("man")
-    done = subprocess.run(
-        ["man", "--warnings", "-l", shop.project / "docs/man/quorvan.1"],
-        capture_output=True, check=False, env={"LC_ALL": "C.UTF-8", "PATH": "/usr/bin:/bin"})
-    if done.returncode != 0 or done.stderr:
-        sys.exit(done.stderr.decode())
-    run(need("bash"), "-n", shop.project / "tools/completion/quorvan.bash")
-
-
 # Clicks on elements, switches layers, moves about; the page then says what came of it.
 PROBE = """
 <script>
@@ -224,8 +214,7 @@ def check_page(shop):
 def main():
     check, program, project, folder = sys.argv[1:]
     checks = {
-        "json": check_json, "xml": check_xml, "pdf": check_pdf, "manual": check_manual,
-        "page": check_page,
+        "json": check_json, "xml": check_xml, "pdf": check_pdf, "page": check_page,
     }
     checks[check](Workshop(program, project, folder))
 
