@@ -159,6 +159,7 @@ constexpr embedded::FileCalls kCalls = {
     [](int, int) { return 0; },
     [](int, mode_t) { return 0; },
     [](int, uid_t, gid_t) { return 0; },
+    [](int, int, int) { return 0; },
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <quorvan/elements/drawing_control.h>
 #include <quorvan/export/export.h>
 #include <quorvan/export/filing/filing_state.h>
+#include <quorvan/export/filing/scratch_search.h>
 #include <quorvan/export/series/frame_grouping.h>
 #include <quorvan/export/series/held_frames.h>
 #include <quorvan/export/series/repartition_writer.h>
@@ -50,5 +51,6 @@ void endFiling(const wchar_t* zantoVersion, long servicePack, const wchar_t* dra
     groupedFrames[i].clear();
   }
   exportDrawingControl(zantoVersion, servicePack, checkSum, drawingName);
+  quorvan::clearLeftOverSearch();
   theFiler.closeFiler();
 }

@@ -67,7 +67,7 @@ bool load(const IXMLDOMDocumentPtr& document, const CString& path);
 /// How long a saved file must last.
 enum class Durability {
   kDisk,     // it survives a power failure once it is saved
-  kScratch,  // it is soon deleted: nobody waits for the disk
+  kScratch,  // it is soon deleted: nobody waits for the disk, and no link is followed
 };
 
 /// Writes the document to the file in the encoding that its declaration names (UTF-8 without
@@ -76,6 +76,10 @@ enum class Durability {
 /// E_FAIL, so that a failed open can never empty a file.
 void save(const IXMLDOMDocumentPtr& document, const CString& path,
           Durability durability = Durability::kDisk);
+
+/// Takes away what a process that was killed while it saved left beside that path. What cannot be
+/// taken away stays, and so does what a process is writing just now.
+void clearLeftOver(const CString& path) noexcept;
 
 // --- building ------------------------------------------------------------------------------
 

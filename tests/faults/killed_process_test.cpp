@@ -229,5 +229,26 @@ TEST_F(KilledProcess, InASearchForAHiddenBarLeavesNothingThatStays) {
   EXPECT_GT(points, 25);
 }
 
+// The next filing clears it when it saves, even one that searches for nothing.
+TEST_F(KilledProcess, InASearchForAHiddenBarLeavesNothingBesideTheScratchFile) {
+  const auto file = [](bool isHidden) {
+    std::filesystem::current_path(kFolder);
+    startFiling(L"drawing.xml");
+    exportBarStraight(0, 0, 0, 9, 0, 0, 1, 1, true, false, 9, 9, L"B500", L"Ha", 1, 12, isHidden);
+    endFiling(L"2025", 1, L"Plan", 42);
+  };
+  int left = 0;
+  bool died = true;
+  for (int point = 1; died && !HasFailure(); ++point) {
+    putOldFile();
+    died = test::dies({.call = point}, [&] { file(true); });
+    left += std::filesystem::exists(std::string(kFolder) + "/.TempFiler.xml.quorvan-new") ? 1 : 0;
+    EXPECT_FALSE(test::dies({}, [&] { file(false); }));
+    std::filesystem::remove(std::string(kFolder) + "/TempFiler.xml");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(kFolder), {}), 1) << point;
+  }
+  EXPECT_GT(left, 5);
+}
+
 }  // namespace
 }  // namespace quorvan::test

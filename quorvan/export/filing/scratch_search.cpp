@@ -1,7 +1,10 @@
 #include <quorvan/export/filing/scratch_search.h>
 
+#include <new>
+
 #include <quorvan/export/filing/filing_state.h>
 #include <quorvan/platform/file_deletion.h>
+#include <quorvan/xml/dom.h>
 
 namespace quorvan {
 
@@ -29,6 +32,13 @@ int indexInFile(const WritePattern& writePattern) {
   const int found = theFiler.seek(&pattern);
   pattern.closeFiler();
   return found;
+}
+
+void clearLeftOverSearch() noexcept {
+  try {
+    dom::clearLeftOver(kScratchPath);
+  } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): it stays for the next filing
+  }
 }
 
 }  // namespace quorvan

@@ -15,4 +15,8 @@ using WritePattern = std::function<void(CKtPatternFiler&)>;
 /// which is deleted before and after, also when an error passes through.
 int indexInFile(const WritePattern& writePattern);
 
+/// Takes away what a process that was killed in the middle of such a search left in the current
+/// directory.
+void clearLeftOverSearch() noexcept;
+
 }  // namespace quorvan

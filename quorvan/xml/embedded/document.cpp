@@ -1,5 +1,6 @@
 #include <quorvan/xml/embedded/document.h>
 
+#include <new>
 #include <string>
 #include <utility>
 
@@ -67,6 +68,16 @@ void Document::save(const CString& path, dom::Durability durability) const {
   FileTarget blocks(file);
   writeDocument(*m_tree, encoding, blocks);
   file.commit();
+}
+
+void Document::clearLeftOver(const CString& path) noexcept {
+  try {
+    const std::string target = systemPath(path);
+    if (!target.empty()) {
+      FileReplacement::clearLeftOver(target);
+    }
+  } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): it stays for the next time
+  }
 }
 
 }  // namespace quorvan::embedded

@@ -32,6 +32,7 @@ class Document {
 
   /// Writes the content to the file, whole or not at all. Raises E_FAIL without a root element.
   void save(const CString& path, dom::Durability durability) const;
+  static void clearLeftOver(const CString& path) noexcept;
 
  private:
   friend class DocumentHandle;

@@ -84,6 +84,10 @@ void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability du
   Document::of(document).save(path, durability);
 }
 
+void clearLeftOver(const CString& path) noexcept {
+  Document::clearLeftOver(path);
+}
+
 // --- building ------------------------------------------------------------------------------
 
 IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {

@@ -54,6 +54,10 @@ VARIANT lent(const Bstr& text) {
   platform::raiseComError(error == 0 ? E_FAIL : HRESULT_FROM_WIN32(error));
 }
 
+std::wstring pathBeside(const std::wstring& target) {
+  return target + L".quorvan-new";
+}
+
 // The file written beside the target; gone at the end unless it took the target's place.
 class NewFile {
  public:
@@ -112,12 +116,23 @@ void saveFile(IXMLDOMDocument& document, const CString& path, dom::Durability du
   if (!hasRoot || root == nullptr || target.empty()) {
     platform::raiseComError(E_FAIL);
   }
-  const NewFile file(target + L".quorvan-new");
+  const NewFile file(pathBeside(target));
   file.write(document);
   if (durability == dom::Durability::kDisk) {
     file.flush();
   }
   file.replace(target);
+}
+
+// One that is open to be written cannot be deleted.
+void clearLeftOver(const CString& path) noexcept {
+  try {
+    const std::wstring target = fullPath(path);
+    if (!target.empty()) {
+      ::DeleteFileW(pathBeside(target).c_str());
+    }
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): the next save overwrites it
+  }
 }
 
 }  // namespace quorvan::service

@@ -15,4 +15,7 @@ bool loadFile(IXMLDOMDocument& document, const CString& path);
 /// failure it raises, and the target is as it was.
 void saveFile(IXMLDOMDocument& document, const CString& path, dom::Durability durability);
 
+/// See dom::clearLeftOver.
+void clearLeftOver(const CString& path) noexcept;
+
 }  // namespace quorvan::service

@@ -133,6 +133,10 @@ void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability du
   service::saveFile(*document, path, durability);
 }
 
+void clearLeftOver(const CString& path) noexcept {
+  service::clearLeftOver(path);
+}
+
 // --- building ------------------------------------------------------------------------------
 
 IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {

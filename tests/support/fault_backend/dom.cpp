@@ -133,6 +133,10 @@ void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability du
   genuine::save(document, path, durability);
 }
 
+void clearLeftOver(const CString& path) noexcept {
+  genuine::clearLeftOver(path);
+}
+
 IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {
   if (returnsNothing("createElement", name.text())) {
     return nullptr;

@@ -123,6 +123,9 @@ constexpr FileCalls kFaultyCalls = {
     [](int file, uid_t owner, gid_t group) {
       return fails("fchown") ? -1 : systemFileCalls().fchown(file, owner, group);
     },
+    [](int file, int command, int argument) {
+      return fails("fcntl") ? -1 : systemFileCalls().fcntl(file, command, argument);
+    },
 };
 
 }  // namespace

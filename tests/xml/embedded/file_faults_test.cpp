@@ -1,5 +1,7 @@
 // Saving and loading when the system fails, at every call.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -199,6 +201,22 @@ TEST_F(FileErrors, AnUnreadableFileIsNoDocumentAndAReadErrorIsNone) {
     faults.failAll("open", error);
     EXPECT_LT(raisedBy([&] { dom::load(loaded, target()); }), 0);
   }
+}
+
+TEST_F(FileErrors, WhatIsNoRegularFileIsNoDocument) {
+  ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+  std::filesystem::create_directory(file("folder"));
+  std::filesystem::create_symlink("/dev/zero", file("zeros.xml"));
+  IXMLDOMDocumentPtr loaded;
+  ASSERT_EQ(dom::createDocument(loaded), S_OK);
+  for (const char* name : {"pipe", "folder", "zeros.xml", "/dev/zero", "/dev/null", "/dev/tty"}) {
+    EXPECT_FALSE(dom::load(loaded, wide(file(name)))) << name;
+  }
+  // One that somebody writes is not read either.
+  const int both = ::open(path("pipe").c_str(), O_RDWR);
+  ASSERT_EQ(::write(both, m_old.data(), 10), 10);
+  EXPECT_FALSE(dom::load(loaded, wide(file("pipe"))));
+  ::close(both);
 }
 
 TEST_F(FileErrors, ALoadThatFailsAtAnyCallRaisesAndLeavesAnEmptyDocument) {

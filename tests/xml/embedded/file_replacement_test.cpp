@@ -2,6 +2,7 @@
 // processes left or are doing beside it.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -9,10 +10,11 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include <tests/support/saved_file.h>
 #include <tests/xml/embedded/embedded_dom.h>
@@ -68,6 +70,58 @@ TEST_F(SavedOver, APermissionThatCannotBeGivenIsNoFailure) {
   EXPECT_EQ(modeOf("drawing.xml"), 0600U);
 }
 
+// What giving the new file owner, group and mode of the old one came to, where only what
+// `isAllowed` says works.
+struct Given {
+  std::vector<std::pair<uid_t, gid_t>> asked;
+  mode_t mode = 0;
+};
+Given given;
+bool (*isAllowed)(uid_t owner) = nullptr;
+
+Given givenWhere(bool (*allowed)(uid_t owner), const std::function<void()>& save) {
+  given = {};
+  isAllowed = allowed;
+  embedded::FileCalls calls = embedded::systemFileCalls();
+  calls.fchown = [](int, uid_t owner, gid_t group) {
+    given.asked.emplace_back(owner, group);
+    errno = EPERM;
+    return isAllowed(owner) ? 0 : -1;
+  };
+  calls.fchmod = [](int, mode_t mode) {
+    given.mode = mode;
+    return 0;
+  };
+  embedded::setFileCalls(calls);
+  save();
+  embedded::setFileCalls(embedded::systemFileCalls());
+  return given;
+}
+
+TEST_F(SavedOver, TheGroupIsKeptWhereTheOwnerCannotBe) {
+  writeFile("drawing.xml", "old");
+  ASSERT_EQ(::chmod(path("drawing.xml").c_str(), 06664), 0);
+  constexpr auto kSame = static_cast<uid_t>(-1);
+  const Given result = givenWhere([](uid_t owner) { return owner == kSame; }, [this] { save(); });
+  ASSERT_EQ(result.asked.size(), 2U);
+  EXPECT_EQ(result.asked[0], std::make_pair(::getuid(), ::getgid()));
+  EXPECT_EQ(result.asked[1], std::make_pair(kSame, ::getgid()));
+  // All but what would let others act as the new owner.
+  EXPECT_EQ(result.mode, 02664U);
+}
+
+TEST_F(SavedOver, WhereTheGroupCannotBeKeptNobodyIsLetIn) {
+  const std::pair<mode_t, mode_t> modes[] = {{0660, 0600},   {0664, 0644}, {0606, 0600},
+                                             {0647, 0644},   {0640, 0600}, {0666, 0666},
+                                             {07777, 01777}, {0755, 0755}};
+  for (const auto& [former, expected] : modes) {
+    writeFile("drawing.xml", "old");
+    ASSERT_EQ(::chmod(path("drawing.xml").c_str(), former), 0);
+    const Given result = givenWhere([](uid_t) { return false; }, [this] { save(); });
+    EXPECT_EQ(result.mode, expected) << std::oct << former;
+  }
+}
+
 TEST_F(SavedOver, ASymbolicLinkIsFollowedAndStays) {
   std::filesystem::create_directory(file("folder"));
   writeFile("folder/target.xml", "old");
@@ -100,19 +154,92 @@ TEST_F(SavedOver, AFileInTheCurrentFolderIsSavedByItsNameAlone) {
   EXPECT_TRUE(isSaved());
 }
 
-TEST_F(SavedOver, APipeIsWrittenAndReadAsItIs) {
+TEST_F(SavedOver, APipeIsWrittenAsItIs) {
   ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
-  std::string received;
-  std::thread reader([&] { received = fileBytes(file("pipe")); });
+  // Open at both ends, so that opening either waits for nothing.
+  const int both = ::open(path("pipe").c_str(), O_RDWR);
+  ASSERT_GE(both, 0);
   save("pipe");
-  reader.join();
+  std::string received(200, '\0');
+  const ssize_t count = ::read(both, received.data(), received.size());
+  ::close(both);
+  ASSERT_GT(count, 0);
+  received.resize(static_cast<std::size_t>(count));
   EXPECT_EQ(received, "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<Document/>\r\n");
   EXPECT_TRUE(std::filesystem::is_fifo(file("pipe")));
+}
 
-  std::thread writer([&] { std::ofstream(path("pipe")) << "<!DOCTYPE a><a xml:b='1'/>"; });
-  EXPECT_TRUE(dom::load(m_document, wide(file("pipe"))));
-  writer.join();
-  EXPECT_EQ(outline(m_document), "a a(xml:b=1)");
+TEST_F(SavedOver, APipeThatNobodyReadsMakesTheSaveFail) {
+  ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+  EXPECT_LT(raisedBy([&] { save("pipe"); }), 0);
+}
+
+TEST_F(SavedOver, APipeWhoseReaderIsSlowGetsAll) {
+  ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+  const std::string text(1'000'000, 'x');
+  const IXMLDOMNodePtr root = dom::nextSibling(dom::firstChild(m_document));
+  dom::addAttribute(m_document, root, "a", dom::AsciiText{text});
+  const int reading = ::open(path("pipe").c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_EQ(::fcntl(reading, F_SETFL, 0), 0);
+  std::size_t received = 0;
+  std::thread reader([&] {
+    char bytes[4096];
+    for (ssize_t count = 1; count > 0; received += static_cast<std::size_t>(count)) {
+      pollfd ready = {reading, POLLIN, 0};
+      ::poll(&ready, 1, -1);
+      count = ::read(reading, bytes, sizeof bytes);
+    }
+  });
+  save("pipe");
+  reader.join();
+  ::close(reading);
+  EXPECT_GT(received, text.size());
+}
+
+TEST_F(SavedOver, AScratchFileTakesThePlaceOfALinkAndLeavesItsTarget) {
+  writeFile("other.txt", "other");
+  std::filesystem::create_symlink("other.txt", file("drawing.xml"));
+  dom::save(m_document, wide(file("drawing.xml")), dom::Durability::kScratch);
+  EXPECT_EQ(fileBytes(file("other.txt")), "other");
+  EXPECT_FALSE(std::filesystem::is_symlink(file("drawing.xml")));
+  EXPECT_TRUE(isSaved());
+}
+
+TEST_F(SavedOver, AScratchFileThatCannotTakeThePlaceOfALinkIsNotSaved) {
+  writeFile("other.txt", "other");
+  std::filesystem::create_symlink("other.txt", file("drawing.xml"));
+  FileFaults faults;
+  faults.failAll("rename", EPERM);
+  const auto saveScratch = [&] {
+    dom::save(m_document, wide(file("drawing.xml")), dom::Durability::kScratch);
+  };
+  EXPECT_EQ(raisedBy(saveScratch), E_ACCESSDENIED);
+  EXPECT_EQ(fileBytes(file("other.txt")), "other");
+  EXPECT_TRUE(std::filesystem::is_symlink(file("drawing.xml")));
+  EXPECT_FALSE(exists(kBeside));
+}
+
+TEST_F(SavedOver, AScratchFileTakesThePlaceOfAPipe) {
+  ASSERT_EQ(::mkfifo(path("drawing.xml").c_str(), 0600), 0);
+  dom::save(m_document, wide(file("drawing.xml")), dom::Durability::kScratch);
+  EXPECT_TRUE(isSaved());
+}
+
+TEST_F(SavedOver, WhatAKilledProcessLeftIsClearedWithoutASave) {
+  writeFile(kBeside, "half a docum");
+  dom::clearLeftOver(wide(file("drawing.xml")));
+  EXPECT_FALSE(exists(kBeside));
+  dom::clearLeftOver(wide(file("drawing.xml")));  // nothing there
+  dom::clearLeftOver(CString());
+}
+
+TEST_F(SavedOver, WhatIsJustBeingSavedIsNotCleared) {
+  embedded::FileReplacement other(path("drawing.xml"), dom::Durability::kDisk);
+  dom::clearLeftOver(wide(file("drawing.xml")));
+  EXPECT_TRUE(exists(kBeside));
+  other.write("whole");
+  other.commit();
+  EXPECT_EQ(fileBytes(file("drawing.xml")), "whole");
 }
 
 TEST_F(SavedOver, WhatAKilledProcessLeftIsTakenAway) {

@@ -29,6 +29,7 @@ constexpr FileCalls kSystemCalls = {
     ::flock,
     ::fchmod,
     ::fchown,
+    [](int file, int command, int argument) { return ::fcntl(file, command, argument); },
 };
 
 const FileCalls* callsInUse = &kSystemCalls;

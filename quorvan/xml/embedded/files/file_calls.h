@@ -30,6 +30,7 @@ struct FileCalls {
   int (*flock)(int file, int operation);
   int (*fchmod)(int file, mode_t mode);
   int (*fchown)(int file, uid_t owner, gid_t group);
+  int (*fcntl)(int file, int command, int argument);
 };
 
 /// The calls in use: those of the system unless a test has put others in their place.

@@ -97,6 +97,47 @@ bool lock(int file) noexcept {
   return result == 0 || errno != EWOULDBLOCK;
 }
 
+// Whether the file is still the one at the path.
+bool isAtPath(int file, const std::string& path) {
+  struct stat opened = {};
+  if (fileCalls().fstat(file, &opened) != 0) {
+    raiseFileError(errno);
+  }
+  const std::optional<struct stat> there = statusOf(path);
+  return there && isSameFile(opened, *there);
+}
+
+void removeLeftOver(const std::string& beside) {
+  const OpenFile file(openFile(beside, O_RDONLY | O_NOFOLLOW | O_NONBLOCK, 0));
+  if (file.number() < 0) {
+    // No regular file that may be read, so no new file of a save of ours that goes on.
+    if (errno != ENOENT && fileCalls().unlink(beside.c_str()) != 0) {
+      raiseFileError(errno);
+    }
+    return;
+  }
+  if (!lock(file.number())) {
+    raiseFileError(EBUSY);
+  }
+  if (isAtPath(file.number(), beside) && fileCalls().unlink(beside.c_str()) != 0) {
+    raiseFileError(errno);
+  }
+}
+
+// The permissions of a file that belongs to another owner, or to another group, than the one whose
+// permissions these were.
+mode_t narrowed(mode_t mode, bool hasOwner, bool hasGroup) noexcept {
+  if (!hasOwner) {
+    mode &= ~static_cast<mode_t>(S_ISUID);
+  }
+  if (!hasGroup) {
+    // Who is in the new group was one of the others, and who was in the old one is now.
+    const mode_t both = (mode >> 3U) & mode & 07U;
+    mode = (mode & (S_ISUID | S_ISVTX | S_IRWXU)) | (both << 3U) | both;
+  }
+  return mode;
+}
+
 }  // namespace
 
 FileReplacement::FileReplacement(const std::string& path, dom::Durability durability)
@@ -115,19 +156,24 @@ FileReplacement::~FileReplacement() {
 
 void FileReplacement::begin() {
   std::optional<struct stat> former = statusOf(m_target);
-  for (int links = 0; former && S_ISLNK(former->st_mode); ++links) {
-    if (links == kMaxLinks) {
-      raiseFileError(ELOOP);
+  if (m_durability == dom::Durability::kDisk) {
+    for (int links = 0; former && S_ISLNK(former->st_mode); ++links) {
+      if (links == kMaxLinks) {
+        raiseFileError(ELOOP);
+      }
+      m_target = linkTarget(m_target);
+      former = statusOf(m_target);
     }
-    m_target = linkTarget(m_target);
-    former = statusOf(m_target);
   }
   if (former && S_ISDIR(former->st_mode)) {
     raiseFileError(EISDIR);
   }
   if (former && !S_ISREG(former->st_mode)) {
-    openInPlace();
-    return;
+    if (m_durability == dom::Durability::kDisk) {
+      openInPlace();
+      return;
+    }
+    former.reset();
   }
   if (former && fileCalls().access(m_target.c_str(), W_OK) != 0) {
     raiseFileError(errno);
@@ -140,9 +186,11 @@ void FileReplacement::begin() {
   createBeside(former);
 }
 
+// A pipe that nobody reads is an error, and nothing to wait for; to a reader that is slow the
+// writing goes on.
 void FileReplacement::openInPlace() {
-  m_file = openFile(m_target, O_WRONLY, 0);
-  if (m_file < 0) {
+  m_file = openFile(m_target, O_WRONLY | O_NONBLOCK, 0);
+  if (m_file < 0 || fileCalls().fcntl(m_file, F_SETFL, 0) != 0) {
     raiseFileError(errno);
   }
 }
@@ -155,7 +203,7 @@ void FileReplacement::createBeside(const std::optional<struct stat>& former) {
     if (++attempts == kMaxAttempts) {
       raiseFileError(EBUSY);
     }
-    removeLeftOver();
+    removeLeftOver(m_beside);
   }
   if (former) {
     takeOver(*former);
@@ -173,7 +221,7 @@ bool FileReplacement::tryCreate(mode_t mode) {
     }
     return false;
   }
-  if (lock(m_file) && isAtPath(m_file)) {
+  if (lock(m_file) && isAtPath(m_file, m_beside)) {
     return true;
   }
   // Whoever took it for left behind has removed it, or is about to.
@@ -181,37 +229,14 @@ bool FileReplacement::tryCreate(mode_t mode) {
   return false;
 }
 
-void FileReplacement::removeLeftOver() {
-  const OpenFile file(openFile(m_beside, O_RDONLY | O_NOFOLLOW | O_NONBLOCK, 0));
-  if (file.number() < 0) {
-    // No regular file that may be read, so no new file of a save of ours that goes on.
-    if (errno != ENOENT && fileCalls().unlink(m_beside.c_str()) != 0) {
-      raiseFileError(errno);
-    }
-    return;
-  }
-  if (!lock(file.number())) {
-    raiseFileError(EBUSY);
-  }
-  if (isAtPath(file.number()) && fileCalls().unlink(m_beside.c_str()) != 0) {
-    raiseFileError(errno);
-  }
-}
-
-// Whether the file is still the one at the path of the new file.
-bool FileReplacement::isAtPath(int file) const {
-  struct stat opened = {};
-  if (fileCalls().fstat(file, &opened) != 0) {
-    raiseFileError(errno);
-  }
-  const std::optional<struct stat> there = statusOf(m_beside);
-  return there && isSameFile(opened, *there);
-}
-
-// What is not allowed is left: the new file then belongs to the writer and keeps to itself.
+// What is not allowed is left: the new file then belongs to the writer, and to a group of the
+// writer's that was not meant.
 void FileReplacement::takeOver(const struct stat& former) const {
-  static_cast<void>(fileCalls().fchown(m_file, former.st_uid, former.st_gid));
-  static_cast<void>(fileCalls().fchmod(m_file, former.st_mode & 07777));
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  const bool hasOwner = fileCalls().fchown(m_file, former.st_uid, former.st_gid) == 0;
+  const bool hasGroup = hasOwner || fileCalls().fchown(m_file, kSameOwner, former.st_gid) == 0;
+  const mode_t mode = narrowed(former.st_mode & 07777, hasOwner, hasGroup);
+  static_cast<void>(fileCalls().fchmod(m_file, mode));
 }
 
 void FileReplacement::write(std::string_view bytes) {
@@ -236,7 +261,7 @@ void FileReplacement::commit() {
   if (m_durability == dom::Durability::kDisk) {
     bringToDisk();
   }
-  if (!isAtPath(m_file)) {
+  if (!isAtPath(m_file, m_beside)) {
     // Somebody who may not see our lock has put another file there, which is not ours to remove.
     m_beside.clear();
     raiseFileError(EBUSY);
@@ -268,6 +293,13 @@ void FileReplacement::bringFolderToDisk() const noexcept {
   const OpenFile folder(openFile(m_folder, O_RDONLY | O_DIRECTORY, 0));
   if (folder.number() >= 0) {
     static_cast<void>(fileCalls().fsync(folder.number()));
+  }
+}
+
+void FileReplacement::clearLeftOver(const std::string& path) noexcept {
+  try {
+    removeLeftOver(nameBeside(path));
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a save for the path will meet it again
   }
 }
 

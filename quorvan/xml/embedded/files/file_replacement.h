@@ -3,8 +3,12 @@
 //
 // The new file is written beside the old one under a name that follows from it, brought to the
 // disk (unless it is a scratch file) and then put into its place. It takes over permissions and, as
-// far as allowed, the owner; hard links and extended attributes stay with the old file. A symbolic
-// link is followed, and stays. A target that is no file (a device, a pipe) is written to as it is.
+// far as allowed, owner and group; where the group cannot be kept it lets nobody in whom the old
+// file kept out. Hard links and extended attributes stay with the old file. A symbolic link is
+// followed, and stays. A target that is no file (a device, a pipe) is written to as it is.
+//
+// A scratch file stands in a folder that others may write too: a link, a device or a pipe in its
+// place is replaced itself, and nothing that it leads to is touched.
 #pragma once
 
 #include <sys/stat.h>
@@ -35,13 +39,14 @@ class FileReplacement {
   /// it was.
   void commit();
 
+  /// Takes away the new file that a killed process left behind for the path, if there is one.
+  static void clearLeftOver(const std::string& path) noexcept;
+
  private:
   void begin();
   void openInPlace();
   void createBeside(const std::optional<struct stat>& former);
   bool tryCreate(mode_t mode);
-  void removeLeftOver();
-  [[nodiscard]] bool isAtPath(int file) const;
   void takeOver(const struct stat& former) const;
   void bringToDisk() const;
   void bringFolderToDisk() const noexcept;

@@ -2,9 +2,7 @@
 
 #include <fcntl.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include <quorvan/xml/embedded/files/file_calls.h>
@@ -12,8 +10,6 @@
 namespace quorvan::embedded {
 
 namespace {
-
-constexpr std::size_t kPipeBlock = std::size_t{64} * 1024;
 
 // Errors that say something about the path and not about the state of the system.
 bool meansNoFile(int error) noexcept {
@@ -36,10 +32,11 @@ bool meansNoFile(int error) noexcept {
   }
 }
 
+// Opening does not wait for the other end of a pipe; reading a regular file never does.
 int openForReading(const std::string& path) noexcept {
   int file = -1;
   do {
-    file = fileCalls().open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY, 0);
+    file = fileCalls().open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0);
   } while (file < 0 && errno == EINTR);
   return file;
 }
@@ -59,19 +56,13 @@ std::optional<FileSource> FileSource::open(const std::string& path) {
   if (fileCalls().fstat(file, &status) != 0) {
     raiseFileError(errno);
   }
-  if (S_ISDIR(status.st_mode)) {
-    return std::nullopt;
-  }
   if (!S_ISREG(status.st_mode)) {
-    source.keepContent();
+    return std::nullopt;
   }
   return source;
 }
 
-FileSource::FileSource(FileSource&& other) noexcept
-    : m_file(std::exchange(other.m_file, -1)),
-      m_content(std::move(other.m_content)),
-      m_position(other.m_position) {}
+FileSource::FileSource(FileSource&& other) noexcept : m_file(std::exchange(other.m_file, -1)) {}
 
 FileSource::~FileSource() {
   if (m_file >= 0) {
@@ -80,27 +71,20 @@ FileSource::~FileSource() {
 }
 
 std::size_t FileSource::read(char* to, std::size_t size) {
-  if (!m_content) {
-    std::size_t filled = 0;
-    for (std::size_t count = 1; count != 0 && filled < size; filled += count) {
-      count = readFile(to + filled, size - filled);
-    }
-    return filled;
+  std::size_t filled = 0;
+  for (std::size_t count = 1; count != 0 && filled < size; filled += count) {
+    count = readOnce(to + filled, size - filled);
   }
-  const std::size_t count = std::min(size, m_content->size() - m_position);
-  std::memcpy(to, m_content->data() + m_position, count);
-  m_position += count;
-  return count;
+  return filled;
 }
 
 void FileSource::rewind() {
-  m_position = 0;
-  if (!m_content && fileCalls().lseek(m_file, 0, SEEK_SET) < 0) {
+  if (fileCalls().lseek(m_file, 0, SEEK_SET) < 0) {
     raiseFileError(errno);
   }
 }
 
-std::size_t FileSource::readFile(char* to, std::size_t size) const {
+std::size_t FileSource::readOnce(char* to, std::size_t size) const {
   for (;;) {
     const ssize_t count = fileCalls().read(m_file, to, size);
     if (count >= 0) {
@@ -110,18 +94,6 @@ std::size_t FileSource::readFile(char* to, std::size_t size) const {
       raiseFileError(errno);
     }
   }
-}
-
-void FileSource::keepContent() {
-  std::string content;
-  std::size_t count = 0;
-  do {
-    const std::size_t before = content.size();
-    content.resize(before + kPipeBlock);
-    count = readFile(content.data() + before, kPipeBlock);
-    content.resize(before + count);
-  } while (count != 0);
-  m_content = std::move(content);
 }
 
 }  // namespace quorvan::embedded

@@ -9,8 +9,9 @@ namespace quorvan::embedded {
 
 class FileSource {
  public:
-  /// Opens the file. Nothing when there is none that could be read: it is missing, a folder, out
-  /// of reach. Raises when that could not be found out.
+  /// Opens the file. Nothing when there is none that could be read: it is missing, out of reach, or
+  /// no regular file, for a device or a pipe may have no end or none in sight. Raises when that
+  /// could not be found out.
   static std::optional<FileSource> open(const std::string& path);
 
   FileSource(FileSource&& other) noexcept;
@@ -26,13 +27,9 @@ class FileSource {
  private:
   explicit FileSource(int file) noexcept : m_file(file) {}
 
-  std::size_t readFile(char* to, std::size_t size) const;
-  void keepContent();
+  std::size_t readOnce(char* to, std::size_t size) const;
 
   int m_file;
-  // What came out of a source that cannot go back, a pipe for example.
-  std::optional<std::string> m_content;
-  std::size_t m_position = 0;
 };
 
 }  // namespace quorvan::embedded
