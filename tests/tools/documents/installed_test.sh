@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# documents_installed_test.sh BUILD FOLDER: installs the program of BUILD under FOLDER and has man and
+# installed_test.sh BUILD FOLDER: installs the program of BUILD under FOLDER and has man and
 # the shells read what came with it, from where they look. A shell that is not on this system is left
 # out.
 set -euo pipefail

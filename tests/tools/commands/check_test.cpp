@@ -6,8 +6,8 @@
 #include <set>
 
 #include <tests/support/saved_file.h>
+#include <tests/tools/check/seeded_faults.h>
 #include <tests/tools/sample.h>
-#include <tests/tools/seeded_faults.h>
 #include <tests/tools/tool_run.h>
 #include <tools/check/finding.h>
 

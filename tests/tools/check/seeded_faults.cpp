@@ -1,4 +1,4 @@
-#include <tests/tools/seeded_faults.h>
+#include <tests/tools/check/seeded_faults.h>
 
 #include <ostream>
 

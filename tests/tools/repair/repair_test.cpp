@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include <tests/support/saved_file.h>
+#include <tests/tools/check/seeded_faults.h>
 #include <tests/tools/sample.h>
-#include <tests/tools/seeded_faults.h>
 #include <tests/tools/tool_run.h>
 
 namespace {
