@@ -16,11 +16,12 @@ using quorvan::fuzz::require;
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   quorvan::fuzz::MemoryFiles files;
   files.put("file.xml", std::string(data, data + size));
-  std::optional<embedded::FileSource> source = embedded::FileSource::open("file.xml");
+  quorvan::dom::LoadProblem problem;
+  std::optional<embedded::FileSource> source = embedded::FileSource::open("file.xml", problem);
   require(source.has_value(), "the file opens");
   const embedded::Tree::Owned scanned = embedded::scanPlain(*source);
   source->rewind();
-  const embedded::Tree::Owned parsed = embedded::readWithExpat(*source);
+  const embedded::Tree::Owned parsed = embedded::readWithExpat(*source, problem);
   if (scanned != nullptr) {
     require(parsed != nullptr, "expat takes what the scanner takes");
     require(quorvan::fuzz::isSameTree(*scanned, *parsed), "both readers make the same tree");

@@ -22,6 +22,7 @@
 #include <quorvan/platform/com_error.h>
 #include <quorvan/text/cstring.h>
 #include <quorvan/xml/handles.h>
+#include <quorvan/xml/load_problem.h>
 #include <quorvan/xml/name.h>
 
 namespace quorvan::dom {
@@ -63,6 +64,12 @@ HRESULT createDocument(IXMLDOMDocumentPtr& document);
 /// such file or it is not a well-formed document; the document is then empty and usable. Raises
 /// when the file is there and reading it failed half-way: that says nothing about its content.
 bool load(const IXMLDOMDocumentPtr& document, const CString& path);
+
+/// The same, and on false `problem` says why.
+bool load(const IXMLDOMDocumentPtr& document, const CString& path, LoadProblem& problem);
+
+/// The same with the bytes of a file that are in memory already, and need not stay there.
+bool loadBytes(const IXMLDOMDocumentPtr& document, std::string_view bytes, LoadProblem& problem);
 
 /// How long a saved file must last.
 enum class Durability {

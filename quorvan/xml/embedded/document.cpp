@@ -41,13 +41,23 @@ DocumentHandle Document::create() {
   return handle;
 }
 
-bool Document::load(const CString& path) {
+bool Document::load(const CString& path, dom::LoadProblem& problem) {
   const std::string file = systemPath(path);
   m_tree = Tree::create();
   if (file.empty()) {
+    problem.failure = dom::LoadFailure::kMissing;
     return false;
   }
-  Tree::Owned loaded = readDocument(file);
+  return replaceBy(readDocument(file, problem));
+}
+
+bool Document::loadBytes(std::string_view bytes, dom::LoadProblem& problem) {
+  m_tree = Tree::create();
+  FileSource source = FileSource::ofBytes(bytes);
+  return replaceBy(readDocument(source, problem));
+}
+
+bool Document::replaceBy(Tree::Owned loaded) noexcept {
   if (loaded == nullptr) {
     return false;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include <quorvan/text/cstring.h>
 #include <quorvan/xml/embedded/handles.h>
@@ -25,10 +26,13 @@ class Document {
   [[nodiscard]] Tree& tree() const noexcept { return *m_tree; }
 
   /// Replaces the content by that of the file; nodes of the former content stay valid where they
-  /// are held. False for a file that is missing or not well-formed. Whatever goes wrong, the
-  /// document is empty and usable afterwards; it is unchanged when there is no memory even for an
-  /// empty one.
-  bool load(const CString& path);
+  /// are held. False for a file that is missing or not well-formed, with the reason in `problem`.
+  /// Whatever goes wrong, the document is empty and usable afterwards; it is unchanged when there
+  /// is no memory even for an empty one.
+  bool load(const CString& path, dom::LoadProblem& problem);
+
+  /// The same with the bytes of a file.
+  bool loadBytes(std::string_view bytes, dom::LoadProblem& problem);
 
   /// Writes the content to the file, whole or not at all. Raises E_FAIL without a root element.
   void save(const CString& path, dom::Durability durability) const;
@@ -36,6 +40,8 @@ class Document {
 
  private:
   friend class DocumentHandle;
+
+  bool replaceBy(Tree::Owned loaded) noexcept;
 
   Document() : m_tree(Tree::create()) {}
   ~Document() = default;

@@ -77,7 +77,16 @@ HRESULT createDocument(IXMLDOMDocumentPtr& document) {
 }
 
 bool load(const IXMLDOMDocumentPtr& document, const CString& path) {
-  return Document::of(document).load(path);
+  LoadProblem problem;
+  return Document::of(document).load(path, problem);
+}
+
+bool load(const IXMLDOMDocumentPtr& document, const CString& path, LoadProblem& problem) {
+  return Document::of(document).load(path, problem);
+}
+
+bool loadBytes(const IXMLDOMDocumentPtr& document, std::string_view bytes, LoadProblem& problem) {
+  return Document::of(document).loadBytes(bytes, problem);
 }
 
 void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability durability) {

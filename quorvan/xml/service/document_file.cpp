@@ -1,10 +1,13 @@
 #include <quorvan/xml/service/document_file.h>
 
+#include <algorithm>
+#include <limits>
 #include <string>
 
 #include <windows.h>
 
 #include <quorvan/platform/com_error.h>
+#include <quorvan/text/utf8.h>
 #include <quorvan/xml/service/node_access.h>
 
 namespace quorvan::service {
@@ -47,6 +50,52 @@ VARIANT lent(const Bstr& text) {
   V_VT(&value) = VT_BSTR;
   V_BSTR(&value) = text.get();
   return value;
+}
+
+// The service's codes for an encoding that it does not know, or that the bytes are not in.
+constexpr long kEncodingSwitch = static_cast<long>(0xC00CE56EU);
+constexpr long kUnknownEncoding = static_cast<long>(0xC00CE56FU);
+
+// Bytes as the service takes them.
+class ByteArray {
+ public:
+  explicit ByteArray(std::string_view bytes)
+      : m_array(::SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()))) {
+    if (m_array == nullptr || bytes.size() > std::numeric_limits<ULONG>::max()) {
+      ::SafeArrayDestroy(m_array);
+      platform::raiseComError(E_OUTOFMEMORY);
+    }
+    std::copy(bytes.begin(), bytes.end(), static_cast<char*>(m_array->pvData));
+  }
+  ~ByteArray() { ::SafeArrayDestroy(m_array); }
+  ByteArray(const ByteArray&) = delete;
+  ByteArray& operator=(const ByteArray&) = delete;
+
+  [[nodiscard]] SAFEARRAY* get() const noexcept { return m_array; }
+
+ private:
+  SAFEARRAY* m_array;
+};
+
+bool load(IXMLDOMDocument& document, const VARIANT& source) {
+  check(document.put_async(VARIANT_FALSE));
+  // A file says nothing about what else to fetch: no outer DTD is read, none is obeyed.
+  check(document.put_validateOnParse(VARIANT_FALSE));
+  check(document.put_resolveExternals(VARIANT_FALSE));
+  VARIANT_BOOL loaded = VARIANT_FALSE;
+  const HRESULT result = document.load(source, &loaded);
+  check(result);
+  return result == S_OK && loaded == VARIANT_TRUE;
+}
+
+bool isReadable(const std::wstring& path) {
+  const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  ::CloseHandle(file);
+  return true;
 }
 
 [[noreturn]] void raiseLastError() {
@@ -97,15 +146,56 @@ class NewFile {
 }  // namespace
 
 bool loadFile(IXMLDOMDocument& document, const CString& path) {
-  check(document.put_async(VARIANT_FALSE));
-  // A file says nothing about what else to fetch: no outer DTD is read, none is obeyed.
-  check(document.put_validateOnParse(VARIANT_FALSE));
-  check(document.put_resolveExternals(VARIANT_FALSE));
   const Bstr name(escapePercent(fullPath(path)));
-  VARIANT_BOOL loaded = VARIANT_FALSE;
-  const HRESULT result = document.load(lent(name), &loaded);
-  check(result);
-  return result == S_OK && loaded == VARIANT_TRUE;
+  return load(document, lent(name));
+}
+
+bool loadBytes(IXMLDOMDocument& document, std::string_view bytes) {
+  const ByteArray array(bytes);
+  VARIANT value;
+  ::VariantInit(&value);
+  V_VT(&value) = VT_ARRAY | VT_UI1;
+  V_ARRAY(&value) = array.get();
+  return load(document, value);
+}
+
+void explain(IXMLDOMDocument& document, dom::LoadProblem& problem) {
+  problem.failure = dom::LoadFailure::kNotWellFormed;
+  IXMLDOMParseError* raw = nullptr;
+  if (!found(document.get_parseError(&raw)) || raw == nullptr) {
+    return;
+  }
+  const Owned<IXMLDOMParseError> error(raw);
+  long code = 0;
+  long line = 0;
+  long column = 0;
+  BSTR reason = nullptr;
+  check(error->get_errorCode(&code));
+  check(error->get_line(&line));
+  check(error->get_linepos(&column));
+  check(error->get_reason(&reason));
+  const Bstr owned = Bstr::adopt(reason);
+  if (code == kEncodingSwitch || code == kUnknownEncoding) {
+    problem.failure = dom::LoadFailure::kEncoding;
+  }
+  problem.line = static_cast<std::uint64_t>(std::max(line, 0L));
+  problem.column = static_cast<std::uint64_t>(std::max(column, 0L));
+  problem.reason = toUtf8(owned.view());
+  problem.reason.erase(problem.reason.find_last_not_of("\r\n") + 1);
+}
+
+void explainFile(IXMLDOMDocument& document, const CString& path, dom::LoadProblem& problem) {
+  const std::wstring full = fullPath(path);
+  const DWORD attributes = ::GetFileAttributesW(full.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    problem.failure = dom::LoadFailure::kMissing;
+  } else if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    problem.failure = dom::LoadFailure::kNotAFile;
+  } else if (!isReadable(full)) {
+    problem.failure = dom::LoadFailure::kNoAccess;
+  } else {
+    explain(document, problem);
+  }
 }
 
 void saveFile(IXMLDOMDocument& document, const CString& path, dom::Durability durability) {

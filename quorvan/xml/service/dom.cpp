@@ -129,6 +129,24 @@ bool load(const IXMLDOMDocumentPtr& document, const CString& path) {
   return service::loadFile(*document, path);
 }
 
+bool load(const IXMLDOMDocumentPtr& document, const CString& path, LoadProblem& problem) {
+  IXMLDOMDocument& service = *document;
+  if (service::loadFile(service, path)) {
+    return true;
+  }
+  service::explainFile(service, path, problem);
+  return false;
+}
+
+bool loadBytes(const IXMLDOMDocumentPtr& document, std::string_view bytes, LoadProblem& problem) {
+  IXMLDOMDocument& service = *document;
+  if (service::loadBytes(service, bytes)) {
+    return true;
+  }
+  service::explain(service, problem);
+  return false;
+}
+
 void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability durability) {
   service::saveFile(*document, path, durability);
 }

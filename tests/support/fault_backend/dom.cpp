@@ -128,6 +128,16 @@ bool load(const IXMLDOMDocumentPtr& document, const CString& path) {
   return genuine::load(document, path);
 }
 
+bool load(const IXMLDOMDocumentPtr& document, const CString& path, LoadProblem& problem) {
+  meet("load");
+  return genuine::load(document, path, problem);
+}
+
+bool loadBytes(const IXMLDOMDocumentPtr& document, std::string_view bytes, LoadProblem& problem) {
+  meet("loadBytes");
+  return genuine::loadBytes(document, bytes, problem);
+}
+
 void save(const IXMLDOMDocumentPtr& document, const CString& path, Durability durability) {
   meet("save");
   genuine::save(document, path, durability);

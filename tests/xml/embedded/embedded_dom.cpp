@@ -60,7 +60,9 @@ std::string EmbeddedDom::readBy(Reader reader, std::string_view bytes) const {
 }
 
 std::string EmbeddedDom::readAgainBy(Reader reader) const {
-  std::optional<embedded::FileSource> source = embedded::FileSource::open(path("read.xml"));
+  dom::LoadProblem problem;
+  std::optional<embedded::FileSource> source =
+      embedded::FileSource::open(path("read.xml"), problem);
   const Tree::Owned tree = reader(source.value());
   return tree == nullptr ? "(refused)" : dump(*tree);
 }

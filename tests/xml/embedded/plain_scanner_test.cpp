@@ -12,8 +12,12 @@
 namespace quorvan::test {
 namespace {
 
-using embedded::readWithExpat;
 using embedded::scanPlain;
+
+embedded::Tree::Owned readWithExpat(embedded::FileSource& file) {
+  dom::LoadProblem problem;
+  return embedded::readWithExpat(file, problem);
+}
 
 class PlainScanner : public EmbeddedDom {
  protected:

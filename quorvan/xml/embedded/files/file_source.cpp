@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -11,24 +12,26 @@ namespace quorvan::embedded {
 
 namespace {
 
-// Errors that say something about the path and not about the state of the system.
-bool meansNoFile(int error) noexcept {
+// What an error says about the path; nothing where it tells of the state of the system.
+dom::LoadFailure failureOf(int error) noexcept {
   switch (error) {
     case ENOENT:
     case ENOTDIR:
-    case EISDIR:
-    case EACCES:
-    case EPERM:
     case ELOOP:
     case ENAMETOOLONG:
     case EINVAL:
     case ENXIO:
     case ENODEV:
+      return dom::LoadFailure::kMissing;
+    case EACCES:
+    case EPERM:
     case EBUSY:
     case ETXTBSY:
-      return true;
+      return dom::LoadFailure::kNoAccess;
+    case EISDIR:
+      return dom::LoadFailure::kNotAFile;
     default:
-      return false;
+      return dom::LoadFailure::kNone;
   }
 }
 
@@ -43,13 +46,15 @@ int openForReading(const std::string& path) noexcept {
 
 }  // namespace
 
-std::optional<FileSource> FileSource::open(const std::string& path) {
+std::optional<FileSource> FileSource::open(const std::string& path, dom::LoadProblem& problem) {
   const int file = openForReading(path);
   if (file < 0) {
-    if (meansNoFile(errno)) {
+    const int error = errno;
+    problem.failure = failureOf(error);
+    if (problem.failure != dom::LoadFailure::kNone) {
       return std::nullopt;
     }
-    raiseFileError(errno);
+    raiseFileError(error);
   }
   FileSource source(file);
   struct stat status = {};
@@ -57,12 +62,20 @@ std::optional<FileSource> FileSource::open(const std::string& path) {
     raiseFileError(errno);
   }
   if (!S_ISREG(status.st_mode)) {
+    problem.failure = dom::LoadFailure::kNotAFile;
     return std::nullopt;
   }
   return source;
 }
 
-FileSource::FileSource(FileSource&& other) noexcept : m_file(std::exchange(other.m_file, -1)) {}
+FileSource FileSource::ofBytes(std::string_view bytes) noexcept {
+  return FileSource(bytes);
+}
+
+FileSource::FileSource(FileSource&& other) noexcept
+    : m_file(std::exchange(other.m_file, -1)),
+      m_bytes(other.m_bytes),
+      m_position(other.m_position) {}
 
 FileSource::~FileSource() {
   if (m_file >= 0) {
@@ -71,6 +84,12 @@ FileSource::~FileSource() {
 }
 
 std::size_t FileSource::read(char* to, std::size_t size) {
+  if (m_file < 0) {
+    const std::size_t count = std::min(size, m_bytes.size() - m_position);
+    std::copy_n(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_position), count, to);
+    m_position += count;
+    return count;
+  }
   std::size_t filled = 0;
   for (std::size_t count = 1; count != 0 && filled < size; filled += count) {
     count = readOnce(to + filled, size - filled);
@@ -79,7 +98,8 @@ std::size_t FileSource::read(char* to, std::size_t size) {
 }
 
 void FileSource::rewind() {
-  if (fileCalls().lseek(m_file, 0, SEEK_SET) < 0) {
+  m_position = 0;
+  if (m_file >= 0 && fileCalls().lseek(m_file, 0, SEEK_SET) < 0) {
     raiseFileError(errno);
   }
 }

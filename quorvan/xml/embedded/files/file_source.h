@@ -4,15 +4,21 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
+
+#include <quorvan/xml/load_problem.h>
 
 namespace quorvan::embedded {
 
 class FileSource {
  public:
   /// Opens the file. Nothing when there is none that could be read: it is missing, out of reach, or
-  /// no regular file, for a device or a pipe may have no end or none in sight. Raises when that
-  /// could not be found out.
-  static std::optional<FileSource> open(const std::string& path);
+  /// no regular file, for a device or a pipe may have no end or none in sight; `problem` then says
+  /// which. Raises when that could not be found out.
+  static std::optional<FileSource> open(const std::string& path, dom::LoadProblem& problem);
+
+  /// The bytes of a file; they must outlive what is made here.
+  static FileSource ofBytes(std::string_view bytes) noexcept;
 
   FileSource(FileSource&& other) noexcept;
   FileSource& operator=(FileSource&&) = delete;
@@ -26,10 +32,13 @@ class FileSource {
 
  private:
   explicit FileSource(int file) noexcept : m_file(file) {}
+  explicit FileSource(std::string_view bytes) noexcept : m_bytes(bytes) {}
 
   std::size_t readOnce(char* to, std::size_t size) const;
 
-  int m_file;
+  int m_file = -1;  // none for bytes in memory
+  std::string_view m_bytes;
+  std::size_t m_position = 0;
 };
 
 }  // namespace quorvan::embedded

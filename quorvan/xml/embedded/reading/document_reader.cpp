@@ -2,22 +2,22 @@
 
 #include <optional>
 
-#include <quorvan/xml/embedded/files/file_source.h>
 #include <quorvan/xml/embedded/reading/expat_reader.h>
 #include <quorvan/xml/embedded/reading/plain_scanner.h>
 
 namespace quorvan::embedded {
 
-Tree::Owned readDocument(const std::string& path) {
-  std::optional<FileSource> file = FileSource::open(path);
-  if (!file) {
-    return nullptr;
-  }
-  if (Tree::Owned tree = scanPlain(*file); tree != nullptr) {
+Tree::Owned readDocument(const std::string& path, dom::LoadProblem& problem) {
+  std::optional<FileSource> file = FileSource::open(path, problem);
+  return file ? readDocument(*file, problem) : nullptr;
+}
+
+Tree::Owned readDocument(FileSource& file, dom::LoadProblem& problem) {
+  if (Tree::Owned tree = scanPlain(file); tree != nullptr) {
     return tree;
   }
-  file->rewind();
-  return readWithExpat(*file);
+  file.rewind();
+  return readWithExpat(file, problem);
 }
 
 }  // namespace quorvan::embedded

@@ -73,6 +73,19 @@ int describeEncoding(void* /*data*/, const XML_Char* name, XML_Encoding* descrip
   return XML_STATUS_OK;
 }
 
+dom::LoadFailure failureOf(XML_Error error) noexcept {
+  switch (error) {
+    case XML_ERROR_UNKNOWN_ENCODING:
+    case XML_ERROR_INCORRECT_ENCODING:
+    case XML_ERROR_PARTIAL_CHAR:
+      return dom::LoadFailure::kEncoding;
+    case XML_ERROR_AMPLIFICATION_LIMIT_BREACH:
+      return dom::LoadFailure::kLimit;
+    default:
+      return dom::LoadFailure::kNotWellFormed;
+  }
+}
+
 int refuseExternalEntity(XML_Parser /*parser*/, const XML_Char* /*context*/,
                          const XML_Char* /*base*/, const XML_Char* /*systemId*/,
                          const XML_Char* /*publicId*/) {
@@ -97,7 +110,7 @@ ExpatParser::~ExpatParser() {
   XML_ParserFree(m_parser);
 }
 
-bool ExpatParser::parse(FileSource& file) {
+bool ExpatParser::parse(FileSource& file, dom::LoadProblem& problem) {
   SurrogateCheck surrogates;
   std::size_t block = kBlock;
   XML_Index position = -1;
@@ -108,6 +121,8 @@ bool ExpatParser::parse(FileSource& file) {
     }
     const std::size_t count = file.read(static_cast<char*>(buffer), block);
     if (!surrogates.accept({static_cast<const char*>(buffer), count})) {
+      problem.failure = dom::LoadFailure::kEncoding;
+      problem.reason = "a surrogate stands without its partner";
       return false;
     }
     const XML_Status status = XML_ParseBuffer(m_parser, static_cast<int>(count), count == 0);
@@ -118,6 +133,7 @@ bool ExpatParser::parse(FileSource& file) {
       if (XML_GetErrorCode(m_parser) == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
       }
+      explain(problem);
       return false;
     }
     if (count == 0) {
@@ -131,9 +147,21 @@ bool ExpatParser::parse(FileSource& file) {
   }
 }
 
-void ExpatParser::refuse() noexcept {
+void ExpatParser::refuse(const char* reason, dom::LoadFailure failure) noexcept {
+  if (m_reason == nullptr) {
+    m_reason = reason;
+    m_failure = failure;
+  }
   m_isStopped = true;
   XML_StopParser(m_parser, XML_FALSE);
+}
+
+void ExpatParser::explain(dom::LoadProblem& problem) const {
+  const XML_Error error = XML_GetErrorCode(m_parser);
+  problem.failure = m_reason != nullptr ? m_failure : failureOf(error);
+  problem.reason = m_reason != nullptr ? m_reason : XML_ErrorString(error);
+  problem.line = XML_GetCurrentLineNumber(m_parser);
+  problem.column = XML_GetCurrentColumnNumber(m_parser) + 1;
 }
 
 }  // namespace quorvan::embedded

@@ -27,12 +27,13 @@ class ExpatParser {
   [[nodiscard]] XML_Parser raw() const noexcept { return m_parser; }
 
   /// Parses from where the file stands to its end. False when it is not well-formed, or refuse()
-  /// was called. Raises what reading or a guarded handler raised, std::bad_alloc when memory runs
-  /// out.
-  bool parse(FileSource& file);
+  /// was called; `problem` then says what was met where. Raises what reading or a guarded handler
+  /// raised, std::bad_alloc when memory runs out.
+  bool parse(FileSource& file, dom::LoadProblem& problem);
 
-  /// Stops parsing: the document is to count as not well-formed.
-  void refuse() noexcept;
+  /// Stops parsing: the document is to count as not well-formed. The first reason stays.
+  void refuse(const char* reason,
+              dom::LoadFailure failure = dom::LoadFailure::kNotWellFormed) noexcept;
 
   /// Runs the body of a handler, through which nothing may be raised: it is raised by parse().
   /// Does nothing once parsing has been stopped.
@@ -45,14 +46,18 @@ class ExpatParser {
       body();
     } catch (...) {
       m_raised = std::current_exception();
-      refuse();
+      refuse("");
     }
   }
 
  private:
+  void explain(dom::LoadProblem& problem) const;
+
   XML_Parser m_parser;
   std::exception_ptr m_raised;
   bool m_isStopped = false;
+  const char* m_reason = nullptr;
+  dom::LoadFailure m_failure = dom::LoadFailure::kNotWellFormed;
 };
 
 }  // namespace quorvan::embedded

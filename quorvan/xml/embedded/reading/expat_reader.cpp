@@ -44,7 +44,7 @@ class Reader {
  public:
   explicit Reader(Tree& tree);
 
-  bool read(FileSource& file) { return m_parser.parse(file); }
+  bool read(FileSource& file, dom::LoadProblem& problem) { return m_parser.parse(file, problem); }
   // Whether a name has a prefix, which the parser has not looked into.
   [[nodiscard]] bool hasPrefix() const noexcept { return m_hasPrefix; }
 
@@ -147,7 +147,7 @@ void Reader::setDoctypeHandlers() {
   });
   XML_SetSkippedEntityHandler(parser, [](void* reader, const char* /*name*/, int isParameter) {
     if (isParameter == 0) {
-      self(reader).m_parser.refuse();
+      self(reader).m_parser.refuse("an entity is not declared");
     }
   });
 }
@@ -170,7 +170,7 @@ void Reader::declaration(const char* version, const char* encoding, int standalo
   if (isDeclarationPart("version", parts.version)) {
     m_builder.addDeclaration(parts);
   } else {
-    m_parser.refuse();
+    m_parser.refuse("the version of XML is not 1.0");
   }
 }
 
@@ -178,7 +178,8 @@ void Reader::startElement(const char* name, const char** attributes) {
   // Attributes that a DOCTYPE adds to those in the file are left there.
   const int count = XML_GetSpecifiedAttributeCount(m_parser.raw()) / 2;
   if (m_builder.depth() == kMaxDepth || count > static_cast<int>(kMaxAttributes)) {
-    m_parser.refuse();
+    m_parser.refuse("too many elements within each other, or attributes of one element",
+                    dom::LoadFailure::kLimit);
     return;
   }
   const Ref element = m_builder.createElement(nameOf(name));
@@ -208,7 +209,7 @@ void Reader::addRawAttributes(Ref element, const char** attributes, int count) {
     const std::optional<RawValue> raw = tag.next();
     if (raw && m_isOpenWorld && raw->hasDeclaredEntity()) {
       // The parser leaves out what it finds no declaration for.
-      m_parser.refuse();
+      m_parser.refuse("an entity is not declared");
       return;
     }
     const std::optional<std::string> kept = raw ? raw->keepingSpace(parsed) : std::nullopt;
@@ -290,19 +291,19 @@ void Reader::endDoctype() {
 
 }  // namespace
 
-Tree::Owned readWithExpat(FileSource& file) {
+Tree::Owned readWithExpat(FileSource& file, dom::LoadProblem& problem) {
   Tree::Owned tree = Tree::create();
   bool hasPrefix = false;
   {
     Reader reader(*tree);
-    if (!reader.read(file)) {
+    if (!reader.read(file, problem)) {
       return nullptr;
     }
     hasPrefix = reader.hasPrefix();
   }
   if (hasPrefix) {
     file.rewind();
-    if (!ExpatParser(ExpatParser::Names::kWithNamespaces).parse(file)) {
+    if (!ExpatParser(ExpatParser::Names::kWithNamespaces).parse(file, problem)) {
       return nullptr;
     }
   }
