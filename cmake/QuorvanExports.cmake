@@ -12,6 +12,7 @@ if(BUILD_SHARED_LIBS AND EXISTS "${QUORVAN_EXPORTS_FILE}")
   endif()
   set(_map "{\n  global:\n")
   set(_def "LIBRARY quorvan\nEXPORTS\n")
+  set(_flat_functions "")
   file(STRINGS "${QUORVAN_EXPORTS_FILE}" _lines REGEX "^[0-9]")
   foreach(_line IN LISTS _lines)
     string(REGEX REPLACE " +" ";" _fields "${_line}")
@@ -20,6 +21,9 @@ if(BUILD_SHARED_LIBS AND EXISTS "${QUORVAN_EXPORTS_FILE}")
       continue()
     endif()
     string(APPEND _map "    ${_symbol};\n")
+    if(NOT _symbol MATCHES "^(_Z|quorvan)|Checked$")
+      list(APPEND _flat_functions ${_symbol})
+    endif()
     # Names of C++ members are those of the Itanium ABI; another compiler exports its own by
     # attribute.
     if(NOT MSVC OR NOT _symbol MATCHES "^_Z")
@@ -31,6 +35,18 @@ if(BUILD_SHARED_LIBS AND EXISTS "${QUORVAN_EXPORTS_FILE}")
     endif()
   endforeach()
   string(APPEND _map "  local:\n    *;\n};\n")
+
+  # Without a twin that gives a result, a flat function does not build.
+  set(_twins "#include <quorvan/export/checked.h>\n\n#include <type_traits>\n\n"
+             "template <class Result, class... Arguments>\n"
+             "constexpr bool givesResult(Result (*)(Arguments...)) {\n"
+             "  return std::is_same_v<Result, int>\;\n}\n")
+  foreach(_function IN LISTS _flat_functions)
+    list(APPEND _twins "static_assert(givesResult(&${_function}Checked))\;\n")
+  endforeach()
+  string(CONCAT _twins ${_twins})
+  file(CONFIGURE OUTPUT flat_function_twins.cpp CONTENT "${_twins}" @ONLY)
+  target_sources(quorvan_export PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/flat_function_twins.cpp")
 
   if(WIN32)
     file(CONFIGURE OUTPUT quorvan.def CONTENT "${_def}" @ONLY)

@@ -8,6 +8,7 @@
 #include <quorvan/elements/stirrup.h>
 #include <quorvan/elements/straight_bar.h>
 #include <quorvan/elements/u_bar.h>
+#include <quorvan/export/caller_arguments.h>
 #include <quorvan/export/export.h>
 #include <quorvan/export/filing/filing_state.h>
 #include <quorvan/export/filing/scratch_search.h>
@@ -19,12 +20,12 @@ namespace {
 
 template <class Bar>
 void setAttributes(Bar& bar, const wchar_t* steelGrade, const wchar_t* adherence, long reference,
-                   double diameter, bool hidden) {
+                   double diameter, const bool& hidden) {
   bar.setSteelGrade(steelGrade);
   bar.setAdherence(adherence);
   bar.setReference(reference);
   bar.setDiameter(diameter);
-  bar.setHidden(hidden);
+  bar.setHidden(quorvan::flagOf(hidden));
 }
 
 template <class Bar>
@@ -43,7 +44,7 @@ template <class Bar>
 void exportLegs(const CKtPnt3D& point1, const CKtPnt3D& point2, const CKtPnt3D& point3,
                 double hookLength1, double hookAngle1, double hookLength2, double hookAngle2,
                 const wchar_t* steelGrade, const wchar_t* adherence, long reference,
-                double diameter, bool hidden) {
+                double diameter, const bool& hidden) {
   Bar bar;
   bar.setPoint1(point1);
   bar.setPoint2(point2);
@@ -70,8 +71,8 @@ void exportBarStraight(double x1, double y1, double z1, double x2, double y2, do
   bar.setPoint2(CKtPnt3D(x2, y2, z2));
   bar.setHookLength1(hookLength1);
   bar.setHookLength2(hookLength2);
-  bar.setHook1Up(hook1Up);
-  bar.setHook2Up(hook2Up);
+  bar.setHook1Up(quorvan::flagOf(hook1Up));
+  bar.setHook2Up(quorvan::flagOf(hook2Up));
   bar.setHookAngle1(hookAngle1);
   bar.setHookAngle2(hookAngle2);
   setAttributes(bar, steelGrade, adherence, reference, diameter, hidden);
@@ -82,7 +83,7 @@ void exportBarPolygon(int count, double* xs, double* ys, double* zs, double hook
                       double hookLength2, bool side, double hookAngle1, double hookAngle2,
                       const wchar_t* steelGrade, const wchar_t* adherence, long reference,
                       double diameter, bool hidden) {
-  if (filingStopped) {
+  if (filingStopped || !quorvan::areThere(count, {xs, ys, zs})) {
     return;
   }
   CKtZantoPolygonBar bar;
@@ -91,7 +92,7 @@ void exportBarPolygon(int count, double* xs, double* ys, double* zs, double hook
   }
   bar.setHookLength1(hookLength1);
   bar.setHookLength2(hookLength2);
-  bar.setSide(side);
+  bar.setSide(quorvan::flagOf(side));
   bar.setHookAngle1(hookAngle1);
   bar.setHookAngle2(hookAngle2);
   setAttributes(bar, steelGrade, adherence, reference, diameter, hidden);

@@ -4,15 +4,19 @@
  * restartFiling in between as wanted, then endFiling. The calls share one state in a process: all
  * of them must come from one thread, one filing at a time.
  *
- * Points are three doubles x, y, z in the drawing's length unit. Texts are wide, terminated and
- * never null; UTF-16 on Windows, UTF-32 elsewhere. Angles, colours and justifications are those of
- * the calling program and are filed unchanged. A `long` is filed with its low 32 bits.
+ * Points are three doubles x, y, z in the drawing's length unit. Texts are wide and terminated;
+ * null is the empty text; UTF-16 on Windows, UTF-32 elsewhere. Angles, colours and justifications
+ * are those of the calling program and are filed unchanged. A `long` is filed with its low 32 bits.
+ *
+ * A flag counts as set whatever byte but 0 stands in it. An element with a null array, where the
+ * count asks for entries, is not filed.
  *
  * Nothing is returned and no result is reported. What can leave a function as a C++ exception:
  * _com_error where the XML document service fails (endFiling: the file cannot be saved, and then
  * the drawing is still held and endFiling can be called again), std::bad_alloc, and
  * std::out_of_range from endFiling for a series of one frame (see pushRepartitionFrameRect). A
- * caller that cannot catch C++ exceptions is ended by them.
+ * caller that cannot catch C++ exceptions is ended by them: for those every function has a twin in
+ * <quorvan/export/checked.h> that returns a result and lets nothing out.
  */
 #pragma once
 

@@ -8,6 +8,7 @@
 #include <quorvan/elements/line.h>
 #include <quorvan/elements/mesh.h>
 #include <quorvan/elements/text.h>
+#include <quorvan/export/caller_arguments.h>
 #include <quorvan/export/export.h>
 #include <quorvan/export/filing/filing_state.h>
 
@@ -55,7 +56,7 @@ void exportText(const wchar_t* contents, double x, double y, double z, double an
 
 void exportMesh(const wchar_t* reference, const wchar_t* type, double extensionX, double extensionY,
                 double angle, int count, const double* xs, const double* ys, const double* zs) {
-  if (filingStopped) {
+  if (filingStopped || !quorvan::areThere(count, {xs, ys, zs})) {
     return;
   }
   CKtZantoMesh mesh;
@@ -75,7 +76,7 @@ void exportMesh(const wchar_t* reference, const wchar_t* type, double extensionX
 
 void exportFilledPolygon(int count, const double* xs, const double* ys, const double* zs,
                          unsigned long color) {
-  if (filingStopped) {
+  if (filingStopped || !quorvan::areThere(count, {xs, ys, zs})) {
     return;
   }
   CKtFilledPolygon polygon;
@@ -88,7 +89,7 @@ void exportFilledPolygon(int count, const double* xs, const double* ys, const do
 
 void exportFormwork(int count, const double* xs, const double* ys, const double* zs,
                     const double* bxs, const double* bys, const double* bzs) {
-  if (filingStopped) {
+  if (filingStopped || !quorvan::areThere(count / 2, {xs, ys, zs, bxs, bys, bzs})) {
     return;
   }
   CKtZantoFormwork formwork;

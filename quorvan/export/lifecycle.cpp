@@ -7,12 +7,13 @@
 #include <quorvan/export/series/held_frames.h>
 #include <quorvan/export/series/repartition_writer.h>
 
+using quorvan::filingOpen;
 using quorvan::filingStopped;
 using quorvan::groupedFrames;
 using quorvan::theFiler;
 
 void startFiling(const wchar_t* path) {
-  theFiler.newFiler(path);
+  filingOpen = theFiler.newFiler(path) != 0;
   filingStopped = false;
 }
 
@@ -53,4 +54,5 @@ void endFiling(const wchar_t* zantoVersion, long servicePack, const wchar_t* dra
   exportDrawingControl(zantoVersion, servicePack, checkSum, drawingName);
   quorvan::clearLeftOverSearch();
   theFiler.closeFiler();
+  filingOpen = false;
 }

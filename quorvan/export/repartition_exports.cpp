@@ -2,6 +2,7 @@
 #include <memory>
 #include <utility>
 
+#include <quorvan/export/caller_arguments.h>
 #include <quorvan/export/export.h>
 #include <quorvan/export/filing/filing_state.h>
 #include <quorvan/export/series/held_frames.h>
@@ -28,7 +29,7 @@ void pushRepartitionFrameRect(double value1, double value2, double value3, doubl
   pending->value5 = value5;
   pending->value6 = value6;
   pending->reference = static_cast<int>(reference);
-  pending->hidden = hidden;
+  pending->hidden = quorvan::flagOf(hidden);
   pending->keyC = static_cast<int>(keyC);
   pending->viewPoint = viewPoint;
   pending->lastInt = lastInt;

@@ -3,6 +3,7 @@
 namespace quorvan {
 
 CKtFiler theFiler;
+bool filingOpen = false;
 bool filingStopped = false;
 
 }  // namespace quorvan

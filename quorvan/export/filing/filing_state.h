@@ -11,6 +11,9 @@ namespace quorvan {
 /// The filer that every export writes into; opened by startFiling, closed by endFiling.
 extern CKtFiler theFiler;
 
+/// Whether a drawing is open: startFiling has opened one and endFiling has not saved it yet.
+extern bool filingOpen;
+
 /// While true every export returns at once without doing anything.
 extern bool filingStopped;
 
