@@ -78,6 +78,11 @@ Json toJson(const TransferFile& file, const FileSummary& summary) {
     result["extents"] = {{"min", toJson(summary.extents->least)},
                          {"max", toJson(summary.extents->most)}};
   }
+  result["angles"] = nullptr;
+  if (summary.angles.angles != 0) {
+    result["angles"] = {{"guessedUnit", angleUnitName(summary.angles.unit)},
+                        {"count", summary.angles.angles}};
+  }
   return result;
 }
 
@@ -101,6 +106,10 @@ void printHead(const TransferFile& file, const FileSummary& summary, std::ostrea
     const Extents& box = *summary.extents;
     out << "  extents       x " << side(box.least.x, box.most.x) << ", y "
         << side(box.least.y, box.most.y) << ", z " << side(box.least.z, box.most.z) << '\n';
+  }
+  if (summary.angles.angles != 0) {
+    out << "  angles        " << angleUnitName(summary.angles.unit) << ", guessed from "
+        << summary.angles.angles << '\n';
   }
   out << "  hidden        " << summary.hidden << '\n'
       << "  elements      " << file.elements().size() << '\n';
@@ -200,7 +209,7 @@ constinit const Command kInfoCommand = {
     .description =
         "Drawing name, producing version, service pack and check sum; elements by class; bars "
         "by diameter and grade; references; hidden elements; repartitions with number and "
-        "spacing; extents; encoding.",
+        "spacing; extents; the unit that angles seem to have; encoding.",
     .examples =
         "quorvan info beam.xml\n"
         "quorvan info --json *.xml > inventory.json",

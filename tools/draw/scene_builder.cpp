@@ -13,33 +13,6 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kFullTurn = 6.2832;  // radians, rounded upwards
-
-bool isAngle(std::string_view name) {
-  return name == "Angle" || name == "HookAngle1" || name == "HookAngle2";
-}
-
-// Radians where no angle goes beyond a full turn of them and one is there at all.
-AngleUnit guessAngleUnit(const TransferFile& file) {
-  ItemReader reader(file);
-  bool isAny = false;
-  for (const Element& element : file.elements()) {
-    if (element.schema == nullptr) {
-      continue;
-    }
-    for (const ItemValue& item : reader.read(element)) {
-      if (!isAngle(item.schema->name)) {
-        continue;
-      }
-      if (std::abs(item.number) > kFullTurn) {
-        return AngleUnit::kDegrees;
-      }
-      isAny = isAny || item.number != 0.0;
-    }
-  }
-  return isAny ? AngleUnit::kRadians : AngleUnit::kDegrees;
-}
-
 // Draws element by element.
 class Builder {
  public:
@@ -48,11 +21,11 @@ class Builder {
         m_options(options),
         m_sheet(extentsOf(file), options),
         m_sink({m_sheet, options.colors ? *options.colors : guessColorScheme(file),
-                options.angles ? *options.angles : guessAngleUnit(file), options.hidden}),
+                options.angles ? *options.angles : guessAngleUnit(file).unit, options.hidden}),
         m_reader(file),
         m_targets(file),
         m_index(file),
-        m_labels(file, options.marks) {}
+        m_labels(file, m_sheet, options.marks) {}
 
   SceneResult build(Progress& progress) {
     // The texts of the drawing have their places; labels make room for them.
@@ -121,10 +94,19 @@ class Builder {
     const Element* const target = m_index.find(series.className, series.index);
     const auto shape = barShapeOf(series.className);
     if (target == nullptr || !shape) {
-      return drawRepartition(series, nullptr, m_sink);
+      return drawRepartition(series, nullptr, true, m_sink);
     }
     const Bar bar = toBar(*shape, m_targets.read(*target));
-    drawRepartition(series, &bar, m_sink);
+    drawRepartition(series, &bar, !isNamed(series, bar), m_sink);
+  }
+
+  // Whether a text of the drawing says what the series is.
+  bool isNamed(const Repartition& series, const Bar& bar) {
+    if (series.hasLine()) {
+      return m_labels.lookAtSeries(bar, m_sheet.place(series.start), m_sheet.place(series.end));
+    }
+    return bar.line.size() > 1 && m_labels.lookAtSeries(bar, m_sheet.place(bar.line.front()),
+                                                        m_sheet.place(bar.line.back()));
   }
 
   const TransferFile& m_file;

@@ -7,6 +7,7 @@
 
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
+#include <tools/model/series_layout.h>
 
 namespace quorvan::tool {
 
@@ -44,15 +45,15 @@ SeriesSummary summarizeSeries(const TransferFile& file, const Element& element,
   summary.className = series.className;
   summary.barIndex = series.index;
   summary.number = series.number();
-  summary.spacings = series.spacings();
   summary.isHidden = series.isHidden;
-  const Element* const bar = index.find(series.className, series.index);
-  if (bar != nullptr && bar->schema != nullptr) {
-    const ItemValue* const reference = findItem(reader.read(*bar), "Reference");
-    if (reference != nullptr && reference->schema->kind == items::Kind::kLong) {
-      summary.reference = reference->integer;
-    }
+  const Element* const target = index.find(series.className, series.index);
+  const auto shape = barShapeOf(series.className);
+  std::optional<Bar> bar;
+  if (target != nullptr && shape) {
+    bar = toBar(*shape, reader.read(*target));
+    summary.reference = bar->reference;
   }
+  summary.spacings = statedSpacings(series, bar ? &*bar : nullptr);
   return summary;
 }
 
@@ -90,6 +91,7 @@ FileSummary summarize(const TransferFile& file) {
   summary.classes = countClasses(file);
   countElements(file, reader, summary);
   summary.extents = extentsOf(file);
+  summary.angles = guessAngleUnit(file);
   return summary;
 }
 

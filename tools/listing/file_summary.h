@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <tools/files/transfer_file.h>
+#include <tools/model/angle_unit.h>
 #include <tools/model/extents.h>
 #include <tools/model/repartition.h>
 #include <tools/schedule/bar_list.h>
@@ -53,6 +54,7 @@ struct FileSummary {
   std::uint64_t hidden = 0;
   std::vector<SeriesSummary> repartitions;
   std::optional<Extents> extents;
+  AngleGuess angles;
 };
 
 FileSummary summarize(const TransferFile& file);

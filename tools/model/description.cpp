@@ -6,6 +6,7 @@
 #include <tools/model/class_names.h>
 #include <tools/model/control_members.h>
 #include <tools/model/repartition.h>
+#include <tools/model/series_layout.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -36,9 +37,9 @@ std::string describe(const Bar& bar) {
 std::string describe(const Repartition& series) {
   return "repartition of " + std::to_string(series.number()) + ' ' +
          std::string(shortClassName(series.className)) +
-         (series.hasLine()
-              ? ", spacing " + spacingText(series.spacings()) + ", at " + placeText(series.start)
-              : std::string());
+         (series.hasLine() ? ", spacing " + spacingText(statedSpacings(series, nullptr)) + ", at " +
+                                 placeText(series.start)
+                           : std::string());
 }
 
 // What the other kinds are told apart by.

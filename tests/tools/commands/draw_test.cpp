@@ -302,8 +302,8 @@ TEST(ToolDraw, GuessesColorsAndAngles) {
 TEST(ToolDraw, MarksEachMarkOnceUnlessATextNamesIt) {
   const std::string sample = draw(sampleBytes());
   EXPECT_EQ(count(layer(sample, "marks"), "<circle"), 8U);
-  const std::string named =
-      draw(replaced(sampleBytes(), R"(<Contents string="300"/>)", R"(<Contents string="4"/>)"));
+  const std::string named = draw(
+      replaced(sampleBytes(), R"(<Contents string="300"/>)", R"--(<Contents string="(3)"/>)--"));
   EXPECT_EQ(count(layer(named, "marks"), "<circle"), 7U);
   EXPECT_EQ(count(layer(draw(sampleBytes(), {"--marks", "all"}), "marks"), "<circle"), 10U);
   EXPECT_EQ(layer(draw(sampleBytes(), {"--marks", "none"}), "marks"), "");

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include <tools/draw/scene/lettering_metrics.h>
+#include <tools/draw/scene/text_width.h>
 #include <tools/text/number_text.h>
-#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -26,7 +25,7 @@ struct Entry {
 };
 
 double widthOf(std::string_view text) {
-  return static_cast<double>(lengthOf(text)) * kLettering * kLetterWidth;
+  return textWidth(text, kLettering);
 }
 
 std::vector<Entry> entriesOf(const ShapeSink& sink) {

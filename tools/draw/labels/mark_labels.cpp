@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <tools/model/item_reader.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -16,40 +15,28 @@ constexpr double kGap = 0.6;        // mm
 constexpr double kAlong[] = {0.5, 0.3, 0.7, 0.15, 0.85};
 constexpr double kAway[] = {5.0, -5.0, 9.0, -9.0, 14.0, -14.0};
 
-// Texts that can be the mark of a bar.
-bool isMark(const std::string& text) {
-  return !text.empty() && text.size() <= 6 &&
-         std::ranges::all_of(text, [](char unit) { return unit >= '0' && unit <= '9'; });
-}
-
 }  // namespace
 
-MarkLabels::MarkLabels(const TransferFile& file, Marks marks) : m_marks(marks) {
-  if (marks != Marks::kAuto) {
-    return;
-  }
-  ItemReader reader(file);
-  for (const Element& element : file.elements()) {
-    if (element.className() != "CKtZantoText") {
-      continue;
-    }
-    const std::string& text = findItem(reader.read(element), "Contents")->text;
-    if (isMark(text)) {
-      m_texts.insert(text);
-    }
+MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks) : m_marks(marks) {
+  if (marks == Marks::kAuto) {
+    m_texts.emplace(file, sheet);
   }
 }
 
 void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet) {
-  if (m_marks == Marks::kNone || bar.line.empty() ||
-      m_texts.contains(std::to_string(bar.reference))) {
+  if (m_marks == Marks::kNone || bar.line.empty() || m_named.contains(bar.reference)) {
     return;
   }
+  const bool canBeNamed = m_texts && m_texts->has(bar.reference);
   // A bar with bends is marked at its longest leg, a ring at its side.
   Labelled one{element.place, bar.reference, bar.diameter, bar.isHidden, -1.0, {}, {}};
   for (std::size_t i = 0; i < bar.line.size(); ++i) {
     const PlanePoint from = sheet.place(bar.line[i == 0 ? 0 : i - 1]);
     const PlanePoint to = sheet.place(bar.line[i]);
+    if (canBeNamed && m_texts->name(bar.reference, bar.diameter, from, to)) {
+      m_named.insert(bar.reference);
+      return;
+    }
     if (isFinite(from) && isFinite(to) && lengthOf(to - from) > one.size) {
       one.from = from;
       one.to = to;
@@ -73,9 +60,19 @@ void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet
   m_bars.push_back(one);
 }
 
+bool MarkLabels::lookAtSeries(const Bar& bar, PlanePoint from, PlanePoint to) {
+  const bool isNamed = m_texts && m_texts->name(bar.reference, bar.diameter, from, to);
+  if (isNamed) {
+    m_named.insert(bar.reference);
+  }
+  return isNamed;
+}
+
 void MarkLabels::draw(ShapeSink& sink) {
   for (const Labelled& bar : m_bars) {
-    drawOne(bar, sink);
+    if (!m_named.contains(bar.mark)) {
+      drawOne(bar, sink);
+    }
   }
 }
 

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <unordered_map>
 #include <vector>
 
+#include <tools/draw/labels/mark_texts.h>
 #include <tools/draw/scene/draw_options.h>
 #include <tools/draw/shapes/shape_sink.h>
 #include <tools/files/transfer_file.h>
@@ -15,10 +17,14 @@ namespace quorvan::tool {
 
 class MarkLabels {
  public:
-  MarkLabels(const TransferFile& file, Marks marks);
+  MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks);
 
   /// Looks at a bar that is drawn.
   void look(const Element& element, const Bar& bar, const Sheet& sheet);
+
+  /// Looks at a series of such bars that is drawn from `from` to `to`; gives whether a text names
+  /// it.
+  bool lookAtSeries(const Bar& bar, PlanePoint from, PlanePoint to);
 
   /// Draws the marks of the bars looked at.
   void draw(ShapeSink& sink);
@@ -37,7 +43,8 @@ class MarkLabels {
   void drawOne(const Labelled& bar, ShapeSink& sink);
 
   Marks m_marks;
-  std::set<std::string> m_texts;  // that the drawing has
+  std::optional<MarkTexts> m_texts;  // that the drawing has
+  std::set<std::int64_t> m_named;    // by these texts
   std::vector<Labelled> m_bars;
   std::unordered_map<std::int64_t, std::size_t> m_places;  // of the marks among m_bars
 };

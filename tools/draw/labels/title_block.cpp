@@ -3,10 +3,9 @@
 #include <algorithm>
 
 #include <tools/console/terminal.h>
-#include <tools/draw/scene/lettering_metrics.h>
+#include <tools/draw/scene/text_width.h>
 #include <tools/model/item_reader.h>
 #include <tools/text/number_text.h>
-#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -73,7 +72,7 @@ void drawTitleBlock(const TransferFile& file, const DrawOptions& options, ShapeS
   double x = kMargin;
   for (const Field& field : fieldsOf(file, options, sheet)) {
     const double room = field.share * width;
-    const double letters = static_cast<double>(lengthOf(field.text)) * kLettering * kLetterWidth;
+    const double letters = textWidth(field.text, kLettering);
     // A long text is written smaller, so that it stays in its field.
     const double height = std::min(kLettering, kLettering * (room - 3.0) / std::max(1.0, letters));
     sink.addText(Layer::kTitle, ink::kTitle, {field.heading, {x + 1.5, top - 3.4}, kHeading, 0.0});

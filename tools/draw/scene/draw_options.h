@@ -5,12 +5,12 @@
 #include <optional>
 
 #include <tools/draw/scene/colors.h>
+#include <tools/model/angle_unit.h>
 #include <tools/schedule/bar_list.h>
 
 namespace quorvan::tool {
 
 enum class Plane : std::uint8_t { kXY, kXZ, kYZ };
-enum class AngleUnit : std::uint8_t { kDegrees, kRadians };
 enum class HiddenBars : std::uint8_t { kDashed, kOff, kSolid };
 
 /// Which bars get a mark: one bar of each mark that no text of the drawing names, every bar, none.

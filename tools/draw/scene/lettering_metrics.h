@@ -21,9 +21,6 @@ inline PlanePoint baseOf(const Lettering& text) noexcept {
   return text.at - turned({0.0, down}, text.angle);
 }
 
-/// The mean width of a letter, of the height of capitals.
-inline constexpr double kLetterWidth = 0.8;
-
 /// The paper left blank around a text that lies over lines, in mm.
 inline double haloOf(double capitals) noexcept {
   return 0.3 * capitals;

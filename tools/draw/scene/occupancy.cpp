@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include <tools/draw/scene/lettering_metrics.h>
-#include <tools/text/table.h>
+#include <tools/draw/scene/text_width.h>
 
 namespace quorvan::tool {
 
@@ -47,7 +47,7 @@ bool forCells(const SheetBox& box, Call call) {
 
 std::vector<SheetBox> boxesOf(const Lettering& text) {
   const double height = std::abs(text.height);
-  const double width = static_cast<double>(lengthOf(text.text)) * height * kLetterWidth;
+  const double width = textWidth(text.text, height);
   std::vector<SheetBox> boxes;
   if (!(height > 0.0) || !(height <= kLargestBox) || !(width > 0.0)) {
     return boxes;

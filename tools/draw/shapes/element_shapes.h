@@ -20,8 +20,8 @@ void drawBar(const Bar& bar, ShapeSink& sink);
 void drawLink(const Bar& link, ShapeSink& sink);
 
 /// A repartition with the bar that it repeats, which may be null: the bars where they lie, and a
-/// dimension line across them with a mark at each.
-void drawRepartition(const Repartition& series, const Bar* bar, ShapeSink& sink);
+/// dimension line across them with a mark at each; with a label of number and spacing if wanted.
+void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled, ShapeSink& sink);
 
 /// The width of the pen for a bar of that diameter.
 double penOf(double diameter, double least, const Sheet& sheet) noexcept;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <tools/model/series_layout.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -12,7 +13,6 @@ constexpr double kMarkLength = 1.2;    // mm, of the stroke at each bar
 constexpr double kLettering = 2.0;     // mm
 constexpr double kAboveLine = 0.8;     // mm
 constexpr double kSeriesWidth = 0.25;  // mm
-constexpr std::size_t kMostBars = 100000;
 
 std::string labelOf(const Repartition& series, const Bar* bar) {
   std::string text = std::to_string(series.number());
@@ -20,7 +20,7 @@ std::string labelOf(const Repartition& series, const Bar* bar) {
     text =
         "(" + std::to_string(bar->reference) + ") " + text + " \u00D8" + rounded(bar->diameter, 2);
   }
-  const std::string spacing = spacingText(series.spacings());
+  const std::string spacing = spacingText(statedSpacings(series, bar));
   return spacing.empty() ? text : text + " / " + spacing;
 }
 
@@ -54,6 +54,9 @@ void drawDimension(const std::vector<PlanePoint>& points, const std::string& lab
     strokes.lineTo(point + stroke);
   }
   sink.addPath(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, std::move(strokes));
+  if (label.empty()) {
+    return;
+  }
   // Texts read from below or from the right.
   if (way.x < -1e-9 || (std::abs(way.x) <= 1e-9 && way.y < 0.0)) {
     way = way * -1.0;
@@ -67,34 +70,14 @@ void drawDimension(const std::vector<PlanePoint>& points, const std::string& lab
                 placesAlong(points.front(), points.back(), leftOf(way)));
 }
 
-// Where the bars cross the line of the series.
-std::vector<PlanePoint> crossings(const Repartition& series, const Sheet& sheet) {
-  const PlanePoint start = sheet.place(series.start);
-  const PlanePoint end = sheet.place(series.end);
-  const PlanePoint way =
-      end == start ? directionOf(sheet.direction(series.axis)) : directionOf(end - start);
-  std::vector<PlanePoint> points{start};
-  for (const double position : series.positions) {
-    if (points.size() == kMostBars) {
-      break;
-    }
-    points.push_back(points.back() + way * (position * sheet.factor()));
-  }
-  return points;
-}
-
-// The bars themselves: the distances are to the left of the axis where they are above 0.
-void drawSeriesBars(const Repartition& series, const Bar* bar,
-                    const std::vector<PlanePoint>& points, ShapeSink& sink) {
-  const double factor = sink.sheet().factor();
-  const PlanePoint left = leftOf(directionOf(sink.sheet().direction(series.axis)));
-  const double width =
-      bar == nullptr ? kSeriesWidth : penOf(bar->diameter, kSeriesWidth, sink.sheet());
+// The bars themselves.
+void drawSeriesBars(const SeriesLayout& layout, const Bar* bar, ShapeSink& sink) {
+  const Sheet& sheet = sink.sheet();
+  const double width = bar == nullptr ? kSeriesWidth : penOf(bar->diameter, kSeriesWidth, sheet);
   Path bars;
-  const std::size_t count = std::min({points.size(), series.top.size(), series.bottom.size()});
-  for (std::size_t i = 0; i < count; ++i) {
-    bars.moveTo(points[i] + left * (series.top[i] * factor));
-    bars.lineTo(points[i] + left * (series.bottom[i] * factor));
+  for (const SeriesBar& one : layout.bars) {
+    bars.moveTo(sheet.place(one.first));
+    bars.lineTo(sheet.place(one.last));
   }
   sink.addPath(Layer::kRepartitions,
                {bar != nullptr && bar->isLink() ? ink::kLinks : ink::kBars, width},
@@ -126,16 +109,23 @@ void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
 
 }  // namespace
 
-void drawRepartition(const Repartition& series, const Bar* bar, ShapeSink& sink) {
+void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled, ShapeSink& sink) {
   if (!series.hasLine()) {
-    if (bar != nullptr) {
+    if (bar != nullptr && isLabelled) {
       drawAtBar(series, *bar, sink);
     }
     return;
   }
-  const std::vector<PlanePoint> points = crossings(series, sink.sheet());
-  drawSeriesBars(series, bar, points, sink);
-  drawDimension(points, labelOf(series, bar), sink);
+  const SeriesLayout layout = layOut(series, bar);
+  if (layout.bars.empty()) {
+    return;
+  }
+  std::vector<PlanePoint> points;
+  for (const Coordinates& crossing : layout.crossings) {
+    points.push_back(sink.sheet().place(crossing));
+  }
+  drawSeriesBars(layout, bar, sink);
+  drawDimension(points, isLabelled ? labelOf(series, bar) : std::string(), sink);
 }
 
 }  // namespace quorvan::tool
