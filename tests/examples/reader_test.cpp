@@ -5,6 +5,7 @@
 #include <examples/reader/summary_text.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>

@@ -175,6 +175,44 @@ TEST(ToolWrite, RefusesASeriesOfOneFrame) {
   EXPECT_EQ(savedBytes("written.xml"), quorvan::test::sampleBytes());
 }
 
+TEST(ToolWrite, KeepsTheOldFileWhenTheDrawingIsRefused) {
+  quorvan::test::writeFile("old.xml", "an old drawing");
+  quorvan::test::writeFile(
+      "drawing.json",
+      R"({"drawing": {"name": "x", "version": "1", "servicePack": 0, "checkSum": 0}, )"
+      R"("elements": [{"series": [)"
+      R"({"value1": 0, "value2": 0, "value3": 0, "value4": 0, "value5": 1, )"
+      R"("value6": 0, "className": "CKtZantoStirrup", "hookLength1": 0, )"
+      R"("hookAngle1": 0, "steelGrade": "B500B", "adherence": "Ha", )"
+      R"("reference": 1, "diameter": 8, "hidden": false, "keyC": 1, )"
+      R"("viewPoint": 2, "lastInt": 0}]}]})");
+  EXPECT_EQ(runTool({"write", "drawing.json", "-o", "old.xml"}).status, 2);
+  EXPECT_EQ(fileBytes("old.xml"), "an old drawing");
+}
+
+TEST(ToolWrite, RefusesPartsThatLackAMember) {
+  const std::string begin = "{\"drawing\": null,\n\"elements\": [\n";
+  expectRefusal(begin + R"({"series": [{"value1": 0}]}]})",
+                ":3: elements[0]: \"value2\" is missing");
+  expectRefusal(begin + R"({"class": "CKtZantoFormwork", "Segments": [)"
+                        R"({"start": [0, 0, 0], "end": [1, 0, 0], "bulge": [0, 0, 0]}, )"
+                        R"({"start": [0, 0, 0], "end": [1, 0, 0]}]}]})",
+                R"(:3: elements[0] (CKtZantoFormwork): "Segments[1]" must be )"
+                R"({"start": ..., "end": ..., "bulge": ...}, )"
+                R"(not {"start": [0, 0, 0], "end": [1, 0, 0]})");
+}
+
+// A text with U+0000 is neither cut short nor refused.
+TEST(ToolWrite, WritesTheReplacementForACharacterThatXmlForbids) {
+  const std::string text =
+      R"({"drawing": null, "elements": [{"class": "CKtZantoText", "Contents": "a\u0000b", )"
+      R"("Location": [0, 0, 0], "Angle": 0, "JustificationX": 0, "JustificationY": 0, )"
+      R"("Color": 1, "Height": 1}]})";
+  ASSERT_EQ(write(text).err, "");
+  EXPECT_NE(savedBytes("written.xml").find(R"(<Contents string="a&#65533;b"/>)"),
+            std::string::npos);
+}
+
 TEST(ToolWrite, RefusesAFolderThatThereIsNot) {
   quorvan::test::writeFile("drawing.json", quorvan::test::sampleDrawing());
   const auto run = runTool({"write", "drawing.json", "-o", "nowhere/written.xml"});
