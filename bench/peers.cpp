@@ -5,8 +5,9 @@ namespace bench {
 const std::vector<Peer>& peers() {
   static const std::vector<Peer> all{
       {"limit (no tree)", writeLimit, readLimit}, {"quorvan", writeQuorvan, readQuorvan},
-      {"pugixml", writePugixml, readPugixml},     {"tinyxml2", writeTinyxml2, readTinyxml2},
-      {"libxml2", writeLibxml2, readLibxml2},     {"Xerces-C DOM", writeXerces, readXerces},
+      {"flat reading", writeQuorvan, readFlat},   {"pugixml", writePugixml, readPugixml},
+      {"tinyxml2", writeTinyxml2, readTinyxml2},  {"libxml2", writeLibxml2, readLibxml2},
+      {"Xerces-C DOM", writeXerces, readXerces},
   };
   return all;
 }

@@ -19,6 +19,8 @@ struct Peer {
 
 void writeQuorvan(const Drawing& drawing, const std::string& path);
 std::uint64_t readQuorvan(const std::string& path);
+/// The same through the flat reading functions.
+std::uint64_t readFlat(const std::string& path);
 void writePugixml(const Drawing& drawing, const std::string& path);
 std::uint64_t readPugixml(const std::string& path);
 void writeTinyxml2(const Drawing& drawing, const std::string& path);

@@ -1,6 +1,14 @@
-# quorvan_readme_program(<language> <file>): writes the README's block of that language to a file.
+# quorvan_readme_program(<language> <file> [<heading>]): writes the README's first block of that
+# language, behind the heading if one is named, to a file.
 function(quorvan_readme_program language file)
   file(READ "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../README.md" _text)
+  if(ARGC GREATER 2)
+    string(FIND "${_text}" "\n${ARGV2}\n" _heading)
+    if(_heading EQUAL -1)
+      message(FATAL_ERROR "README.md has no heading ${ARGV2}")
+    endif()
+    string(SUBSTRING "${_text}" ${_heading} -1 _text)
+  endif()
   string(FIND "${_text}" "\n```${language}\n" _begin)
   if(_begin EQUAL -1)
     message(FATAL_ERROR "README.md has no ${language} program")

@@ -6,11 +6,7 @@
 
 namespace quorvan::items {
 
-namespace {
-
-// The number behind the stem, if it stands there just as "%d" prints it. 0 for none, which is no
-// number of a list.
-std::uint32_t numberBehind(std::string_view stem, std::string_view name) {
+std::uint32_t numberBehind(std::string_view stem, std::string_view name) noexcept {
   if (name.size() <= stem.size() || name.substr(0, stem.size()) != stem) {
     return 0;
   }
@@ -24,8 +20,6 @@ std::uint32_t numberBehind(std::string_view stem, std::string_view name) {
   }
   return static_cast<std::uint32_t>(number);
 }
-
-}  // namespace
 
 std::vector<NumberedItem> numberedChildren(const IXMLDOMNodePtr& scope, std::string_view stem,
                                            std::uint32_t first, std::uint32_t last) {

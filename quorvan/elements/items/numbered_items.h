@@ -20,6 +20,10 @@ struct NumberedItem {
   IXMLDOMNodePtr node;
 };
 
+/// The number behind the stem, if it stands there just as "%d" prints it. 0 for none, which is no
+/// number of a list.
+std::uint32_t numberBehind(std::string_view stem, std::string_view name) noexcept;
+
 /// The first child of each name `stem` + number among the children of `scope`, for numbers from
 /// `first` to `last`, in ascending order. Numbers above 2^31 - 1 stand in names as "%d" prints
 /// them, as negative ones.
