@@ -103,6 +103,14 @@ std::vector<HostileFile> entities() {
          repeat(file, "&e;", size);
          file << "</D>";
        }},
+      {"a chain of entities", 50'000, false,
+       [](std::ofstream& file, std::size_t size) {
+         file << "<!DOCTYPE D [<!ENTITY e0 ''>";
+         for (std::size_t i = 1; i < size; ++i) {
+           file << "<!ENTITY e" << i << " '&e" << i - 1 << ";'>";
+         }
+         file << "]><D a='&e" << size - 1 << ";'>&e" << size - 1 << ";</D>";
+       }},
       {"many entities", 200'000, true,
        [](std::ofstream& file, std::size_t size) {
          file << "<!DOCTYPE D [";
@@ -110,6 +118,48 @@ std::vector<HostileFile> entities() {
            file << "<!ENTITY e" << i << " 'x'>";
          }
          file << "]><D></D>";
+       }},
+  };
+}
+
+// What the parser does for a declaration or a name, times what it does that for.
+std::vector<HostileFile> declarations() {
+  return {
+      {"declared attributes times elements", 20'000, false,
+       [](std::ofstream& file, std::size_t size) {
+         file << "<!DOCTYPE D [";
+         for (std::size_t i = 0; i < size; ++i) {
+           file << "<!ATTLIST a a" << i << " CDATA ''>";
+         }
+         file << "]><D>";
+         repeat(file, "<a/>", size);
+         file << "</D>";
+       }},
+      {"declared attributes times attributes", 1'400, true,
+       [](std::ofstream& file, std::size_t size) {
+         file << "<!DOCTYPE D [<!ATTLIST a";
+         for (std::size_t i = 0; i < size; ++i) {
+           file << " a" << i << " NMTOKEN ''";
+         }
+         file << ">]><D><a";
+         for (std::size_t i = 0; i < size; ++i) {
+           file << " a" << i << "=''";
+         }
+         file << "/><a/></D>";
+       }},
+      {"attributes of type ID", 200'000, false,
+       [](std::ofstream& file, std::size_t size) {
+         file << "<!DOCTYPE D [";
+         for (std::size_t i = 0; i < size; ++i) {
+           file << "<!ATTLIST a a" << i << " ID #IMPLIED>";
+         }
+         file << "]><D/>";
+       }},
+      {"a long namespace address times names", 40'000, false,
+       [](std::ofstream& file, std::size_t size) {
+         file << "<D xmlns:p='" << std::string(4 * size, 'n') << "'>";
+         repeat(file, "<a p:b='1'/>", size);
+         file << "</D>";
        }},
   };
 }
@@ -152,7 +202,7 @@ void HostileFile::write(const std::string& path, std::size_t wanted) const {
 const std::vector<HostileFile>& hostileFiles() {
   static const std::vector<HostileFile> all = [] {
     std::vector<HostileFile> files;
-    for (const auto& kind : {structures(), longParts(), entities(), encodings()}) {
+    for (const auto& kind : {structures(), longParts(), entities(), declarations(), encodings()}) {
       files.insert(files.end(), kind.begin(), kind.end());
     }
     return files;

@@ -96,5 +96,68 @@ TEST(HostileLimits, OfHowManyTimesItsSizeEntitiesMayMakeOfAFile) {
   EXPECT_FALSE(isTaken(usingAnEntity(kEntity, kUses, kFileSize - 1)));
 }
 
+TEST(HostileLimits, OfHowDeepEntitiesAreNested) {
+  const auto chain = [](std::size_t length) {
+    std::string file = "<!DOCTYPE D [<!ENTITY e1 'x'>";
+    for (std::size_t i = 2; i <= length; ++i) {
+      file += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
+    }
+    return file + "]><D>&e" + std::to_string(length) + ";</D>";
+  };
+  EXPECT_TRUE(isTaken(chain(embedded::kMaxEntityNesting - 1)));
+  EXPECT_TRUE(isTaken(chain(embedded::kMaxEntityNesting)));
+  EXPECT_FALSE(isTaken(chain(embedded::kMaxEntityNesting + 1)));
+}
+
+// So many attributes declared for one element, and so many elements of it, in a file of `size`
+// bytes, some of them blanks. Each declaration counts those before and itself, each tag all.
+std::string withDeclared(std::size_t attributes, std::size_t elements, std::size_t size) {
+  std::string file = "<!DOCTYPE D [";
+  for (std::size_t i = 0; i < attributes; ++i) {
+    file += "<!ATTLIST a b" + std::to_string(i) + " CDATA #IMPLIED>";
+  }
+  file += "]><D>";
+  for (std::size_t i = 0; i < elements; ++i) {
+    file += "<a/>";
+  }
+  EXPECT_LE(file.size() + 4, size);
+  return file + std::string(size - file.size() - 4, ' ') + "</D>";
+}
+
+TEST(HostileLimits, OfWhatDeclaredAttributesMayCost) {
+  constexpr std::size_t kAttributes = 1000;
+  constexpr std::size_t kElements = 4000;
+  constexpr auto kFileSize = static_cast<std::size_t>(
+      (kAttributes * kElements - embedded::kFreeSteps + embedded::kStepsPerByte - 1) /
+      embedded::kStepsPerByte);
+  EXPECT_TRUE(isTaken(withDeclared(kAttributes, kElements, kFileSize)));
+  EXPECT_FALSE(isTaken(withDeclared(kAttributes, kElements, kFileSize - 1)));
+  // Declaring 2,000 takes 2,001,000 steps.
+  constexpr std::size_t kMany = 2000;
+  constexpr std::size_t kStepsOfMany = kMany * (kMany + 1) / 2;
+  static_assert(kStepsOfMany > embedded::kFreeSteps + embedded::kStepsPerByte * 20'000);
+  EXPECT_TRUE(isTaken(withDeclared(kMany, 0, 80'000)));
+}
+
+std::string withAddress(std::size_t length, std::size_t names, std::size_t size) {
+  std::string file = "<D xmlns:p='" + std::string(length, 'n') + "'>";
+  for (std::size_t i = 0; i < names; ++i) {
+    file += "<p:a/>";
+  }
+  EXPECT_LE(file.size() + 4, size);
+  return file + std::string(size - file.size() - 4, ' ') + "</D>";
+}
+
+// The declaration of the prefix is a name with a prefix too.
+TEST(HostileLimits, OfWhatNamespaceAddressesMayCost) {
+  constexpr std::size_t kLength = 1000;
+  constexpr std::size_t kNames = 5000;
+  constexpr auto kFileSize = static_cast<std::size_t>(
+      (kLength * (kNames + 1) - embedded::kFreeSteps + embedded::kStepsPerByte - 1) /
+      embedded::kStepsPerByte);
+  EXPECT_TRUE(isTaken(withAddress(kLength, kNames, kFileSize)));
+  EXPECT_FALSE(isTaken(withAddress(kLength, kNames, kFileSize - 1)));
+}
+
 }  // namespace
 }  // namespace quorvan::test

@@ -39,6 +39,27 @@ TEST(ToolHostileFiles, MayMultiplyEntities) {
   expectAnswers(entities + "]><d a='&e11;'/>");
 }
 
+TEST(ToolHostileFiles, AreRefusedWithTheReason) {
+  const auto errorsFor = [](const std::string& bytes) {
+    writeFile("hostile.xml", bytes);
+    return runTool({"info", "hostile.xml"}).err;
+  };
+  const std::string file = "quorvan: hostile.xml:";
+  std::string chain = "<!DOCTYPE d [<!ENTITY e0 ''>";
+  std::string attributes = "<!DOCTYPE d [";
+  for (int i = 1; i < 5000; ++i) {
+    const std::string number = std::to_string(i);
+    chain.append("<!ENTITY e").append(number).append(" '&e").append(std::to_string(i - 1));
+    chain += ";'>";
+    attributes += "<!ATTLIST a b" + number + " CDATA ''>";
+  }
+  EXPECT_NE(errorsFor(chain + "]><d>&e4999;</d>").find(": entities nested too deep\n"),
+            std::string::npos);
+  EXPECT_NE(errorsFor(attributes + "]><d/>").find(": too many attributes declared for one element"),
+            std::string::npos);
+  EXPECT_EQ(errorsFor("<d>\n<e/>&u;</d>"), file + "2:5: not well-formed: undefined entity\n");
+}
+
 TEST(ToolHostileFiles, OpenNoOtherFile) {
   writeFile("secret.txt", "secret");
   writeFile(

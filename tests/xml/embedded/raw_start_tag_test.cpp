@@ -31,9 +31,14 @@ TEST(RawValues, ComeBackOnlyAsWhatTheParserMadeOfThem) {
 }
 
 TEST(RawValues, KnowTheEntitiesThatNeedADeclaration) {
-  EXPECT_FALSE(RawValue("1 &lt;&#233;&#xE9; 2").hasDeclaredEntity());
-  EXPECT_TRUE(RawValue("&lt;&e;").hasDeclaredEntity());
-  EXPECT_TRUE(RawValue("1 &lt").hasDeclaredEntity());
+  embedded::EntityGraph entities;
+  entities.declareGeneral("whole", "&#65;");
+  entities.declareGeneral("broken", "&e;");
+  entities.finish();
+  EXPECT_TRUE(RawValue("1 &lt;&#233;&#xE9;&whole; 2").isKnown(entities));
+  EXPECT_FALSE(RawValue("&lt;&e;").isKnown(entities));
+  EXPECT_FALSE(RawValue("&broken;").isKnown(entities));
+  EXPECT_FALSE(RawValue("1 &lt").isKnown(entities));
 }
 
 }  // namespace

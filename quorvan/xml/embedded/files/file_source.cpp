@@ -65,6 +65,7 @@ std::optional<FileSource> FileSource::open(const std::string& path, dom::LoadPro
     problem.failure = dom::LoadFailure::kNotAFile;
     return std::nullopt;
   }
+  source.m_size = static_cast<std::uint64_t>(status.st_size);
   return source;
 }
 
@@ -75,7 +76,8 @@ FileSource FileSource::ofBytes(std::string_view bytes) noexcept {
 FileSource::FileSource(FileSource&& other) noexcept
     : m_file(std::exchange(other.m_file, -1)),
       m_bytes(other.m_bytes),
-      m_position(other.m_position) {}
+      m_position(other.m_position),
+      m_size(other.m_size) {}
 
 FileSource::~FileSource() {
   if (m_file >= 0) {

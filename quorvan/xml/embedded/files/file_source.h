@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ class FileSource {
   FileSource& operator=(FileSource&&) = delete;
   ~FileSource();
 
+  /// In bytes, when it was opened.
+  [[nodiscard]] std::uint64_t size() const noexcept { return m_size; }
+
   /// Reads `size` bytes, fewer only at the end. Raises when reading fails.
   std::size_t read(char* to, std::size_t size);
 
@@ -32,13 +36,14 @@ class FileSource {
 
  private:
   explicit FileSource(int file) noexcept : m_file(file) {}
-  explicit FileSource(std::string_view bytes) noexcept : m_bytes(bytes) {}
+  explicit FileSource(std::string_view bytes) noexcept : m_bytes(bytes), m_size(bytes.size()) {}
 
   std::size_t readOnce(char* to, std::size_t size) const;
 
   int m_file = -1;  // none for bytes in memory
   std::string_view m_bytes;
   std::size_t m_position = 0;
+  std::uint64_t m_size = 0;
 };
 
 }  // namespace quorvan::embedded

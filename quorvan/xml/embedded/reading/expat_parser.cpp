@@ -86,10 +86,11 @@ dom::LoadFailure failureOf(XML_Error error) noexcept {
   }
 }
 
-int refuseExternalEntity(XML_Parser /*parser*/, const XML_Char* /*context*/,
-                         const XML_Char* /*base*/, const XML_Char* /*systemId*/,
-                         const XML_Char* /*publicId*/) {
-  return XML_STATUS_ERROR;
+// Without context it is a part of the DOCTYPE, which may be left unread; what it might declare is
+// not known then. Elsewhere its text would be missing.
+int refuseExternalEntity(XML_Parser /*parser*/, const XML_Char* context, const XML_Char* /*base*/,
+                         const XML_Char* /*systemId*/, const XML_Char* /*publicId*/) {
+  return context == nullptr ? XML_STATUS_OK : XML_STATUS_ERROR;
 }
 
 }  // namespace
@@ -102,6 +103,7 @@ ExpatParser::ExpatParser(Names names)
   }
   XML_SetUnknownEncodingHandler(m_parser, describeEncoding, nullptr);
   XML_SetExternalEntityRefHandler(m_parser, refuseExternalEntity);
+  XML_SetParamEntityParsing(m_parser, XML_PARAM_ENTITY_PARSING_ALWAYS);
   XML_SetBillionLaughsAttackProtectionMaximumAmplification(m_parser, kMaxEntityAmplification);
   XML_SetBillionLaughsAttackProtectionActivationThreshold(m_parser, kFreeEntityBytes);
 }
@@ -130,6 +132,9 @@ bool ExpatParser::parse(FileSource& file, dom::LoadProblem& problem) {
       std::rethrow_exception(m_raised);
     }
     if (status != XML_STATUS_OK) {
+      if (m_isStopped && m_reason == nullptr) {
+        return true;
+      }
       if (XML_GetErrorCode(m_parser) == XML_ERROR_NO_MEMORY) {
         throw std::bad_alloc();
       }
@@ -152,6 +157,10 @@ void ExpatParser::refuse(const char* reason, dom::LoadFailure failure) noexcept 
     m_reason = reason;
     m_failure = failure;
   }
+  finish();
+}
+
+void ExpatParser::finish() noexcept {
   m_isStopped = true;
   XML_StopParser(m_parser, XML_FALSE);
 }

@@ -5,11 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include <quorvan/xml/embedded/reading/doctype.h>
 #include <quorvan/xml/embedded/reading/expat_parser.h>
 #include <quorvan/xml/embedded/reading/limits.h>
+#include <quorvan/xml/embedded/reading/parser_cost.h>
 #include <quorvan/xml/embedded/reading/raw_start_tag.h>
 #include <quorvan/xml/embedded/reading/tree_builder.h>
 #include <quorvan/xml/embedded/tree/value_text.h>
+#include <quorvan/xml/name_rules.h>
 
 namespace quorvan::embedded {
 
@@ -17,6 +20,15 @@ namespace {
 
 constexpr std::string_view kDoctypeBegin = "<!DOCTYPE";
 constexpr std::string_view kSpaceName = "xml:space";
+constexpr const char* kBadName = "a name that XML does not allow";
+constexpr const char* kUnknownEntity = "an entity is not declared";
+
+// Whether both sides of the first colon, or the name without one, may name something.
+bool isQualifiedName(std::string_view name) noexcept {
+  const std::size_t colon = name.find(':');
+  return dom::isXmlName(name.substr(0, colon)) &&
+         (colon == std::string_view::npos || dom::isXmlName(name.substr(colon + 1)));
+}
 
 // Line ends as LF.
 std::string normalised(std::string_view text) {
@@ -42,11 +54,11 @@ std::string_view doctypeName(std::string_view source) noexcept {
 
 class Reader {
  public:
-  explicit Reader(Tree& tree);
+  Reader(Tree& tree, const Doctype& doctype, std::uint64_t fileSize);
 
   bool read(FileSource& file, dom::LoadProblem& problem) { return m_parser.parse(file, problem); }
-  // Whether a name has a prefix, which the parser has not looked into.
-  [[nodiscard]] bool hasPrefix() const noexcept { return m_hasPrefix; }
+  // The parser has not looked into the prefixes of names.
+  [[nodiscard]] ParserCost& cost() noexcept { return m_cost; }
 
  private:
   static Reader& self(void* reader) noexcept { return *static_cast<Reader*>(reader); }
@@ -64,25 +76,24 @@ class Reader {
   void text(std::string_view characters);
   void comment(const char* text);
   void instruction(const char* target, const char* data);
-  void source(std::string_view piece);
-  void endDoctype();
+  void doctype();
   [[nodiscard]] bool mayHideSpace() const;
 
   NameId nameOf(const char* name);
 
   ExpatParser m_parser{ExpatParser::Names::kAsTheyAre};
   TreeBuilder m_builder;
-  bool m_hasPrefix = false;
-  bool m_isOpenWorld = false;  // declarations may stand where nobody looks
+  const Doctype& m_doctype;
+  ParserCost m_cost;
   bool m_isInCData = false;
   bool m_isInDoctype = false;
   bool m_isInTag = false;
   std::string m_cdata;
-  std::string m_doctype;
   std::string m_tag;
 };
 
-Reader::Reader(Tree& tree) : m_builder(tree) {
+Reader::Reader(Tree& tree, const Doctype& doctype, std::uint64_t fileSize)
+    : m_builder(tree), m_doctype(doctype), m_cost(doctype, fileSize) {
   XML_SetUserData(m_parser.raw(), this);
   setMarkupHandlers();
   setTextHandlers();
@@ -132,30 +143,41 @@ void Reader::setTextHandlers() {
 
 void Reader::setDoctypeHandlers() {
   XML_Parser const parser = m_parser.raw();
-  // What has no handler of its own comes here as it stands in the file; entities are replaced.
+  XML_SetDoctypeDeclHandler(
+      parser,
+      [](void* reader, const char* /*name*/, const char* /*systemId*/, const char* /*publicId*/,
+         int /*hasSubset*/) { self(reader).m_isInDoctype = true; },
+      [](void* reader) {
+        Reader& me = self(reader);
+        me.m_parser.guard([&] { me.doctype(); });
+      });
+  // What has no handler of its own comes here; entities are replaced.
   XML_SetDefaultHandlerExpand(parser, [](void* reader, const char* text, int length) {
     Reader& me = self(reader);
-    me.m_parser.guard([&] { me.source({text, static_cast<std::size_t>(length)}); });
-  });
-  XML_SetEndDoctypeDeclHandler(parser, [](void* reader) {
-    Reader& me = self(reader);
-    me.m_parser.guard([&] { me.endDoctype(); });
-  });
-  XML_SetNotStandaloneHandler(parser, [](void* reader) {
-    self(reader).m_isOpenWorld = true;
-    return static_cast<int>(XML_STATUS_OK);
+    if (me.m_isInTag) {
+      me.m_parser.guard([&] { me.m_tag.append(text, static_cast<std::size_t>(length)); });
+    }
   });
   XML_SetSkippedEntityHandler(parser, [](void* reader, const char* /*name*/, int isParameter) {
     if (isParameter == 0) {
-      self(reader).m_parser.refuse("an entity is not declared");
+      self(reader).m_parser.refuse(kUnknownEntity);
     }
   });
 }
 
 NameId Reader::nameOf(const char* name) {
   const std::string_view text(name);
-  m_hasPrefix = m_hasPrefix || text.find(':') != std::string_view::npos;
-  return m_builder.tree().nodes().names().intern(dom::Name(text));
+  NameTable& names = m_builder.tree().nodes().names();
+  const NameId id = names.intern(dom::Name(text));
+  const bool hasPrefix = text.find(':') != std::string_view::npos;
+  if (hasPrefix) {
+    m_cost.addPrefix();
+  }
+  // In ISO-8859-1 the parser takes signs for letters that it takes for none in Unicode.
+  if (!names[id].isAscii && !names[id].isXmlName && !(hasPrefix && isQualifiedName(text))) {
+    m_parser.refuse(kBadName);
+  }
+  return id;
 }
 
 void Reader::declaration(const char* version, const char* encoding, int standalone) {
@@ -177,13 +199,21 @@ void Reader::declaration(const char* version, const char* encoding, int standalo
 void Reader::startElement(const char* name, const char** attributes) {
   // Attributes that a DOCTYPE adds to those in the file are left there.
   const int count = XML_GetSpecifiedAttributeCount(m_parser.raw()) / 2;
-  if (m_builder.depth() == kMaxDepth || count > static_cast<int>(kMaxAttributes)) {
-    m_parser.refuse("too many elements within each other, or attributes of one element",
-                    dom::LoadFailure::kLimit);
+  if (m_builder.depth() == kMaxDepth) {
+    m_parser.refuse("elements nested too deep", dom::LoadFailure::kLimit);
+    return;
+  }
+  if (count > static_cast<int>(kMaxAttributes)) {
+    m_parser.refuse("too many attributes in one element", dom::LoadFailure::kLimit);
     return;
   }
   const Ref element = m_builder.createElement(nameOf(name));
-  if (count != 0 && (m_isOpenWorld || mayHideSpace())) {
+  if (!m_cost.addTag(name, static_cast<std::size_t>(count), attributes + 2 * count)) {
+    m_parser.refuse("too many attributes declared for a file of this size",
+                    dom::LoadFailure::kLimit);
+    return;
+  }
+  if (count != 0 && (m_doctype.isOpenWorld || mayHideSpace())) {
     addRawAttributes(element, attributes, count);
   } else {
     addAttributes(element, attributes, count);
@@ -207,9 +237,9 @@ void Reader::addRawAttributes(Ref element, const char** attributes, int count) {
   for (int i = 0; i < count; ++i) {
     const char* const parsed = attributes[2 * i + 1];
     const std::optional<RawValue> raw = tag.next();
-    if (raw && m_isOpenWorld && raw->hasDeclaredEntity()) {
+    if (raw && m_doctype.isOpenWorld && !raw->isKnown(m_doctype.entities)) {
       // The parser leaves out what it finds no declaration for.
-      m_parser.refuse("an entity is not declared");
+      m_parser.refuse(kUnknownEntity);
       return;
     }
     const std::optional<std::string> kept = raw ? raw->keepingSpace(parsed) : std::nullopt;
@@ -218,6 +248,7 @@ void Reader::addRawAttributes(Ref element, const char** attributes, int count) {
 }
 
 void Reader::addAttribute(Ref element, const char* name, std::string_view value) {
+  m_cost.addAttribute(name, value);
   m_builder.tree().nodes().put(element, nameOf(name), {value, isPlain(value)});
 }
 
@@ -255,57 +286,56 @@ void Reader::text(std::string_view characters) {
 }
 
 void Reader::comment(const char* text) {
-  if (m_isInDoctype) {
-    XML_DefaultCurrent(m_parser.raw());
-  } else {
+  if (!m_isInDoctype) {
     m_builder.addNode(NodeType::kComment, kCommentName, text);
   }
 }
 
 void Reader::instruction(const char* target, const char* data) {
   if (m_isInDoctype) {
-    XML_DefaultCurrent(m_parser.raw());
     return;
   }
-  const NameId name = m_builder.tree().nodes().names().intern(dom::Name(std::string_view(target)));
+  NameTable& names = m_builder.tree().nodes().names();
+  const NameId name = names.intern(dom::Name(std::string_view(target)));
+  if (!names[name].isXmlName || names[name].view().find(':') != std::string_view::npos) {
+    m_parser.refuse(kBadName);
+    return;
+  }
   m_builder.addNode(NodeType::kInstruction, name, data);
 }
 
-void Reader::source(std::string_view piece) {
-  if (m_isInTag) {
-    m_tag.append(piece);
-  } else if (m_isInDoctype) {
-    m_doctype.append(piece);
-  } else if (piece == kDoctypeBegin && m_builder.depth() == 0) {
-    m_isInDoctype = true;
-    m_doctype = piece;
-  }
-}
-
-void Reader::endDoctype() {
+void Reader::doctype() {
   m_isInDoctype = false;
-  m_doctype += '>';
-  const NameId name = m_builder.tree().nodes().names().intern(dom::Name(doctypeName(m_doctype)));
-  m_builder.addNode(NodeType::kDoctype, name, normalised(m_doctype));
+  const std::string& source = m_doctype.source;
+  const NameId name = m_builder.tree().nodes().names().intern(dom::Name(doctypeName(source)));
+  m_builder.addNode(NodeType::kDoctype, name, normalised(source));
 }
 
 }  // namespace
 
 Tree::Owned readWithExpat(FileSource& file, dom::LoadProblem& problem) {
+  const std::optional<Doctype> doctype = Doctype::read(file, problem);
+  if (!doctype) {
+    return nullptr;
+  }
   Tree::Owned tree = Tree::create();
-  bool hasPrefix = false;
   {
-    Reader reader(*tree);
+    Reader reader(*tree, *doctype, file.size());
     if (!reader.read(file, problem)) {
       return nullptr;
     }
-    hasPrefix = reader.hasPrefix();
-  }
-  if (hasPrefix) {
-    file.rewind();
-    if (!ExpatParser(ExpatParser::Names::kWithNamespaces).parse(file, problem)) {
+    if (!reader.cost().hasPrefix()) {
+      return tree;
+    }
+    if (!reader.cost().mayResolvePrefixes()) {
+      problem.failure = dom::LoadFailure::kLimit;
+      problem.reason = "namespace addresses too long for a file of this size";
       return nullptr;
     }
+  }
+  file.rewind();
+  if (!ExpatParser(ExpatParser::Names::kWithNamespaces).parse(file, problem)) {
+    return nullptr;
   }
   return tree;
 }

@@ -5,15 +5,19 @@
 
 namespace quorvan::embedded {
 
-bool RawValue::hasDeclaredEntity() const noexcept {
+bool RawValue::isKnown(const EntityGraph& entities) const {
   for (std::size_t at = m_text.find('&'); at != std::string_view::npos;
        at = m_text.find('&', at + 1)) {
     const std::size_t end = m_text.find(';', at);
-    if (end == std::string_view::npos || !referredCharacter(m_text.substr(at + 1, end - at - 1))) {
-      return true;
+    if (end == std::string_view::npos) {
+      return false;
+    }
+    const std::string_view reference = m_text.substr(at + 1, end - at - 1);
+    if (!referredCharacter(reference) && !entities.isWhole(reference)) {
+      return false;
     }
   }
-  return false;
+  return true;
 }
 
 std::optional<std::string> RawValue::keepingSpace(std::string_view parsed) const {

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include <quorvan/xml/embedded/reading/entity_graph.h>
+
 namespace quorvan::embedded {
 
 /// An attribute value between its quotes.
@@ -13,8 +15,9 @@ class RawValue {
  public:
   explicit RawValue(std::string_view text) noexcept : m_text(text) {}
 
-  /// Whether it refers to an entity other than those that need no declaration.
-  [[nodiscard]] bool hasDeclaredEntity() const noexcept;
+  /// Whether every entity that it refers to is known: needs no declaration, or has one with all
+  /// that it is made of.
+  [[nodiscard]] bool isKnown(const EntityGraph& entities) const;
 
   /// The value with tabs and line ends (as LF) kept. Nothing unless `parsed`, which the parser
   /// made of it, is the same but for blanks in their place.

@@ -1,0 +1,34 @@
+// The DOCTYPE of a document, looked at ahead of it: the text that is kept, and what it declares
+// that decides how the document is read and whether it may be.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <quorvan/xml/embedded/files/file_source.h>
+#include <quorvan/xml/embedded/reading/entity_graph.h>
+#include <quorvan/xml/load_problem.h>
+
+namespace quorvan::embedded {
+
+struct Doctype {
+  std::string source;  // as it stands in the file, in UTF-8; empty without one
+  EntityGraph entities;
+  // Something may be declared where nobody looks: references that the parser passes over have to be
+  // found here.
+  bool isOpenWorld = false;
+  // How many attributes are declared for an element, by its name.
+  std::map<std::string, std::size_t, std::less<>> declaredAttributes;
+
+  /// Reads the file, which stands at its beginning, up to its first element, and goes back.
+  /// Nothing when it is not well-formed so far or goes beyond limits.h; `problem` then says which.
+  /// A file that it takes can be parsed on 64 KB of stack.
+  static std::optional<Doctype> read(FileSource& file, dom::LoadProblem& problem);
+};
+
+}  // namespace quorvan::embedded
