@@ -51,12 +51,12 @@ class Checker {
     if (std::ranges::any_of(m_problems, isError)) {
       return;
     }
-    if (const auto shape = barShapeOf(element.className())) {
+    if (const auto shape = barShapeOf(element)) {
       const Bar bar = toBar(*shape, items);
       m_hidden.look(element, bar);
       m_references.look(element, bar);
       checkDiameter(element, bar, m_sizes, m_sink);
-    } else if (element.className() == kRepartitionClass) {
+    } else if (element.is(items::ElementClass::kRepartition)) {
       checkRepartition(m_elements, element, toRepartition(items), m_sink);
     }
   }

@@ -37,11 +37,12 @@ void checkControl(const TransferFile& file, FindingSink& sink) {
   const Element* const record = controlRecord(file);
   if (record == nullptr) {
     sink.add(findings::kControlMissing, file.tree().root().position, "none",
-             std::string(kControlClass) + " as the last element");
+             std::string(items::schemaOf(items::ElementClass::kDrawingControl).className) +
+                 " as the last element");
     return;
   }
   for (const Element& element : file.elements()) {
-    if (element.className() == kControlClass && &element != &file.elements().back()) {
+    if (element.is(items::ElementClass::kDrawingControl) && &element != &file.elements().back()) {
       sink.add(findings::kControlNotLast, element, "",
                std::to_string(file.elements().size() - 1 - element.place) + " elements behind it",
                "none");

@@ -84,8 +84,9 @@ class Listing {
   // The control record that closes the file.
   [[nodiscard]] const Element* lastRecord() const {
     const auto& elements = m_file.elements();
-    return !elements.empty() && elements.back().className() == kControlClass ? &elements.back()
-                                                                             : nullptr;
+    return !elements.empty() && elements.back().is(items::ElementClass::kDrawingControl)
+               ? &elements.back()
+               : nullptr;
   }
 
   [[nodiscard]] std::vector<std::string_view> classesInOrder() {

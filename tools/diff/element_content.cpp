@@ -49,7 +49,7 @@ const Content& ContentReader::read(const Element& element) {
     return m_content;
   }
   const std::vector<ItemValue>& items = m_reader.read(element);
-  const bool isSeries = element.className() == kRepartitionClass;
+  const bool isSeries = element.is(items::ElementClass::kRepartition);
   for (const ItemValue& item : items) {
     m_content.discrete += kSeparator;
     if (isSeries && item.schema->name == kIndexItem) {
@@ -90,7 +90,12 @@ void ContentReader::add(const ItemValue& item) {
       m_content.discrete += std::to_string(item.numbers.size());
       m_content.numbers.insert(m_content.numbers.end(), item.numbers.begin(), item.numbers.end());
       return;
-    default:
+    case items::Kind::kLong:
+    case items::Kind::kColor:
+    case items::Kind::kString:
+    case items::Kind::kFlag:
+    case items::Kind::kNumericFlag:
+    case items::Kind::kAdherence:
       m_content.discrete += itemCell(item);
   }
 }
@@ -101,7 +106,7 @@ std::vector<std::pair<std::string, std::string>> ContentReader::texts(const Elem
     return texts;
   }
   const std::vector<ItemValue>& items = m_reader.read(element);
-  const bool isSeries = element.className() == kRepartitionClass;
+  const bool isSeries = element.is(items::ElementClass::kRepartition);
   for (const ItemValue& item : items) {
     if (isSeries && item.schema->name == kIndexItem) {
       texts.emplace_back("repeated bar", repeatedBar(items));

@@ -55,17 +55,17 @@ class Builder {
   }
 
  private:
-  static bool isText(const Element& element) { return element.className() == "CKtZantoText"; }
+  static bool isText(const Element& element) { return element.is(items::ElementClass::kText); }
 
   void draw(const Element& element) {
     const std::vector<ItemValue>& items = m_reader.read(element);
-    if (const auto shape = barShapeOf(element.className())) {
+    if (const auto shape = barShapeOf(element)) {
       drawBarElement(element, toBar(*shape, items));
-    } else if (element.className() == kRepartitionClass) {
+    } else if (element.is(items::ElementClass::kRepartition)) {
       drawSeries(element, toRepartition(items));
     } else {
       m_sink.begin(element.place);
-      drawGraphic(element.className(), items, m_sink);
+      drawGraphic(element, items, m_sink);
     }
   }
 

@@ -228,40 +228,46 @@ void fileControl(const Items& items) {
                        items.whole("CheckSum"), items.text("DrawingName"));
 }
 
-struct Export {
-  std::string_view className;
-  void (*function)(const Items&);
-};
-
-constexpr Export kExports[] = {
-    {"CKtZantoLine", fileLine},
-    {"CKtZantoCircle", fileCircle},
-    {"CKtZantoText", fileText},
-    {"CKtFilledPolygon", fileFilledPolygon},
-    {"CKtZantoMesh", fileMesh},
-    {"CKtZantoFormwork", fileFormwork},
-    {"CKtZantoStraightBar", fileStraightBar},
-    {"CKtZantoLBar", fileLBar},
-    {"CKtZantoUBar", fileUBar},
-    {"CKtZantoPin", filePin},
-    {"CKtZantoPointBar", filePointBar},
-    {"CKtZantoPolygonBar", filePolygonBar},
-    {"CKtZantoFrameRect", fileFrameRect},
-    {"CKtZantoFrameCirc", fileFrameCirc},
-    {"CKtZantoStirrup", fileStirrup},
-    {"CKtZantoRepartition", fileRepartition},
-    {"CKtDrawingControl", fileControl},
-};
-
 }  // namespace
 
 void exportElement(const ElementInput& element) {
-  for (const Export& known : kExports) {
-    if (known.className == element.schema->className) {
-      return known.function(Items(element));
-    }
+  const Items items(element);
+  switch (element.schema->id) {
+    case items::ElementClass::kLine:
+      return fileLine(items);
+    case items::ElementClass::kCircle:
+      return fileCircle(items);
+    case items::ElementClass::kText:
+      return fileText(items);
+    case items::ElementClass::kFilledPolygon:
+      return fileFilledPolygon(items);
+    case items::ElementClass::kMesh:
+      return fileMesh(items);
+    case items::ElementClass::kFormwork:
+      return fileFormwork(items);
+    case items::ElementClass::kStraightBar:
+      return fileStraightBar(items);
+    case items::ElementClass::kLBar:
+      return fileLBar(items);
+    case items::ElementClass::kUBar:
+      return fileUBar(items);
+    case items::ElementClass::kPin:
+      return filePin(items);
+    case items::ElementClass::kPointBar:
+      return filePointBar(items);
+    case items::ElementClass::kPolygonBar:
+      return filePolygonBar(items);
+    case items::ElementClass::kFrameRect:
+      return fileFrameRect(items);
+    case items::ElementClass::kFrameCirc:
+      return fileFrameCirc(items);
+    case items::ElementClass::kStirrup:
+      return fileStirrup(items);
+    case items::ElementClass::kRepartition:
+      return fileRepartition(items);
+    case items::ElementClass::kDrawingControl:
+      return fileControl(items);
   }
-  throw Failure("no export for " + std::string(element.schema->className));
 }
 
 void pushSeries(const std::vector<FrameInput>& frames) {

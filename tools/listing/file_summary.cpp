@@ -63,12 +63,12 @@ void countElements(const TransferFile& file, ItemReader& reader, FileSummary& su
   std::set<std::int64_t> references;
   const ElementIndex index(file);
   for (const Element& element : file.elements()) {
-    if (const auto shape = barShapeOf(element.className())) {
+    if (const auto shape = barShapeOf(element)) {
       const Bar bar = toBar(*shape, reader.read(element));
       ++bars[{bar.diameter, bar.grade}].elements;
       references.insert(bar.reference);
       summary.hidden += bar.isHidden ? 1U : 0U;
-    } else if (element.className() == kRepartitionClass) {
+    } else if (element.is(items::ElementClass::kRepartition)) {
       summary.repartitions.push_back(summarizeSeries(file, element, index, reader));
       summary.hidden += summary.repartitions.back().isHidden ? 1U : 0U;
     }

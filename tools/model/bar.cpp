@@ -7,24 +7,6 @@ namespace quorvan::tool {
 
 namespace {
 
-struct NamedShape {
-  std::string_view className;
-  BarShape shape;
-  std::string_view name;
-};
-
-constexpr NamedShape kShapes[] = {
-    {"CKtZantoStraightBar", BarShape::kStraight, "straight bar"},
-    {"CKtZantoLBar", BarShape::kL, "L bar"},
-    {"CKtZantoUBar", BarShape::kU, "U bar"},
-    {"CKtZantoPin", BarShape::kPin, "pin"},
-    {"CKtZantoPointBar", BarShape::kPoint, "bar seen end-on"},
-    {"CKtZantoPolygonBar", BarShape::kPolygon, "polygon bar"},
-    {"CKtZantoFrameRect", BarShape::kFrameRect, "rectangular frame"},
-    {"CKtZantoFrameCirc", BarShape::kFrameCirc, "circular frame"},
-    {"CKtZantoStirrup", BarShape::kStirrup, "stirrup"},
-};
-
 // The items of one element by name; those that are missing have their defaults.
 class Items {
  public:
@@ -61,8 +43,14 @@ void setLine(Bar& bar, const Items& items) {
       bar.radius = items.number("FrameRadius");
       bar.overlap = items.number("RecoverLength");
       return;
-    default:
+    case BarShape::kStraight:
+    case BarShape::kL:
+    case BarShape::kU:
+    case BarShape::kPin:
+    case BarShape::kFrameRect:
+    case BarShape::kStirrup:
       bar.line = {items.point("Point1"), items.point("Point2")};
+      break;
   }
   if (bar.shape == BarShape::kL || bar.shape == BarShape::kU || bar.shape == BarShape::kFrameRect) {
     bar.line.push_back(items.point("Point3"));
@@ -75,20 +63,64 @@ void setLine(Bar& bar, const Items& items) {
 
 }  // namespace
 
-std::optional<BarShape> barShapeOf(std::string_view className) noexcept {
-  for (const NamedShape& known : kShapes) {
-    if (known.className == className) {
-      return known.shape;
-    }
+std::optional<BarShape> barShapeOf(items::ElementClass id) noexcept {
+  switch (id) {
+    case items::ElementClass::kStraightBar:
+      return BarShape::kStraight;
+    case items::ElementClass::kLBar:
+      return BarShape::kL;
+    case items::ElementClass::kUBar:
+      return BarShape::kU;
+    case items::ElementClass::kPin:
+      return BarShape::kPin;
+    case items::ElementClass::kPointBar:
+      return BarShape::kPoint;
+    case items::ElementClass::kPolygonBar:
+      return BarShape::kPolygon;
+    case items::ElementClass::kFrameRect:
+      return BarShape::kFrameRect;
+    case items::ElementClass::kFrameCirc:
+      return BarShape::kFrameCirc;
+    case items::ElementClass::kStirrup:
+      return BarShape::kStirrup;
+    case items::ElementClass::kLine:
+    case items::ElementClass::kCircle:
+    case items::ElementClass::kText:
+    case items::ElementClass::kFilledPolygon:
+    case items::ElementClass::kMesh:
+    case items::ElementClass::kFormwork:
+    case items::ElementClass::kRepartition:
+    case items::ElementClass::kDrawingControl:
+      break;
   }
   return std::nullopt;
 }
 
+std::optional<BarShape> barShapeOf(std::string_view className) {
+  const items::ElementSchema* const schema = items::findElement(className);
+  return schema == nullptr ? std::nullopt : barShapeOf(schema->id);
+}
+
 std::string_view shapeName(BarShape shape) noexcept {
-  for (const NamedShape& known : kShapes) {
-    if (known.shape == shape) {
-      return known.name;
-    }
+  switch (shape) {
+    case BarShape::kStraight:
+      return "straight bar";
+    case BarShape::kL:
+      return "L bar";
+    case BarShape::kU:
+      return "U bar";
+    case BarShape::kPin:
+      return "pin";
+    case BarShape::kPoint:
+      return "bar seen end-on";
+    case BarShape::kPolygon:
+      return "polygon bar";
+    case BarShape::kFrameRect:
+      return "rectangular frame";
+    case BarShape::kFrameCirc:
+      return "circular frame";
+    case BarShape::kStirrup:
+      return "stirrup";
   }
   return {};
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include <tools/files/transfer_file.h>
 #include <tools/model/item_value.h>
 
 namespace quorvan::tool {
@@ -59,7 +60,11 @@ struct Bar {
 };
 
 /// Whether elements of the class are bars or links.
-std::optional<BarShape> barShapeOf(std::string_view className) noexcept;
+std::optional<BarShape> barShapeOf(items::ElementClass id) noexcept;
+std::optional<BarShape> barShapeOf(std::string_view className);
+inline std::optional<BarShape> barShapeOf(const Element& element) noexcept {
+  return element.schema == nullptr ? std::nullopt : barShapeOf(element.schema->id);
+}
 
 /// What people call the shape: "straight bar", "rectangular frame".
 std::string_view shapeName(BarShape shape) noexcept;

@@ -5,8 +5,6 @@
 
 namespace quorvan::tool {
 
-inline constexpr std::string_view kControlClass = "CKtDrawingControl";
-
 struct ControlMember {
   std::string_view key;
   std::string_view item;

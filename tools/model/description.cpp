@@ -72,13 +72,13 @@ std::string placeText(const Coordinates& point) {
 }
 
 std::string describe(const Element& element, const std::vector<ItemValue>& items) {
-  if (element.className() == kControlClass) {
+  if (element.is(items::ElementClass::kDrawingControl)) {
     return "drawing control record";
   }
-  if (const auto shape = barShapeOf(element.className())) {
+  if (const auto shape = barShapeOf(element)) {
     return describe(toBar(*shape, items));
   }
-  if (element.className() == kRepartitionClass) {
+  if (element.is(items::ElementClass::kRepartition)) {
     return describe(toRepartition(items));
   }
   return describeByItems(element, items);

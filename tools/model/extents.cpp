@@ -86,7 +86,7 @@ std::optional<Extents> extentsOf(const TransferFile& file) {
       continue;
     }
     const std::vector<ItemValue>& items = reader.read(element);
-    if (element.className() == kRepartitionClass && !toRepartition(items).hasLine()) {
+    if (element.is(items::ElementClass::kRepartition) && !toRepartition(items).hasLine()) {
       continue;
     }
     if (!addCircle(items, box)) {

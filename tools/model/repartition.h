@@ -36,8 +36,6 @@ struct Repartition {
   [[nodiscard]] std::vector<double> spacings() const;
 };
 
-inline constexpr std::string_view kRepartitionClass = "CKtZantoRepartition";
-
 Repartition toRepartition(const std::vector<ItemValue>& items);
 
 /// The spacings in words: "200", "200, 150", "3 x 200, 150, 2 x 200"; those that differ by less

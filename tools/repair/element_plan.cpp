@@ -28,7 +28,7 @@ void ElementPlan::leaveOutEqualHiddenBars(const TransferFile& file) {
   std::unordered_map<std::string, const Element*> seen;
   ItemReader reader(file);
   for (const Element& element : file.elements()) {
-    const auto shape = barShapeOf(element.className());
+    const auto shape = barShapeOf(element);
     if (!shape || *shape == BarShape::kPoint || !toBar(*shape, reader.read(element)).isHidden) {
       continue;
     }

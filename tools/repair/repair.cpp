@@ -67,8 +67,9 @@ class CopyBuilder {
   }
 
   void addControlRecord() {
-    const IXMLDOMNodePtr record = createClass(kControlClass, 1);
-    for (const items::ItemSchema& item : items::findElement(kControlClass)->items) {
+    const items::ElementSchema& schema = items::schemaOf(items::ElementClass::kDrawingControl);
+    const IXMLDOMNodePtr record = createClass(schema.className, 1);
+    for (const items::ItemSchema& item : schema.items) {
       const IXMLDOMNodePtr node = create(item.name);
       if (item.kind == items::Kind::kLong) {
         dom::addAttribute(m_document, node, "long", std::int32_t{0});
@@ -113,7 +114,7 @@ class CopyBuilder {
     if (isList(schema.kind)) {
       return copyList(element, item, schema);
     }
-    if (element.className() == kRepartitionClass && schema.name == "Index") {
+    if (element.is(items::ElementClass::kRepartition) && schema.name == "Index") {
       if (auto reference = mendedReference(element)) {
         const IXMLDOMNodePtr copy = create(item.name);
         dom::addAttribute(m_document, copy, "long", *reference);

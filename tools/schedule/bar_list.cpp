@@ -17,8 +17,6 @@ namespace {
 // What rows are told apart and sorted by; the length in steps of what the list shows.
 using RowKey = std::tuple<std::int64_t, double, std::string, std::string, BarShape, double>;
 
-constexpr std::string_view kMeshClass = "CKtZantoMesh";
-
 struct Series {
   const Element* element;
   std::uint64_t number;
@@ -43,9 +41,9 @@ class Collector {
   BarList collect() {
     collectSeries();
     for (const Element& element : m_file.elements()) {
-      if (const auto shape = barShapeOf(element.className())) {
+      if (const auto shape = barShapeOf(element)) {
         add(element, toBar(*shape, m_reader.read(element)));
-      } else if (element.className() == kMeshClass) {
+      } else if (element.is(items::ElementClass::kMesh)) {
         ++m_list.meshes;
       }
     }
@@ -61,7 +59,7 @@ class Collector {
   void collectSeries() {
     const ElementIndex index(m_file);
     for (const Element& element : m_file.elements()) {
-      if (element.className() != kRepartitionClass) {
+      if (!element.is(items::ElementClass::kRepartition)) {
         continue;
       }
       const Repartition series = toRepartition(m_reader.read(element));

@@ -111,7 +111,7 @@ std::vector<Ring> ringsOf(const TransferFile& file, const Sheet& sheet) {
   std::vector<Ring> rings;
   ItemReader reader(file);
   for (const Element& element : file.elements()) {
-    if (element.className() == "CKtZantoCircle") {
+    if (element.is(items::ElementClass::kCircle)) {
       const std::vector<ItemValue>& items = reader.read(element);
       rings.push_back({sheet.place(findItem(items, "Center")->point),
                        std::abs(findItem(items, "Radius")->number) * sheet.factor()});
@@ -177,7 +177,7 @@ MarkTexts::MarkTexts(const TransferFile& file, const Sheet& sheet) {
   const std::vector<Ring> rings = ringsOf(file, sheet);
   ItemReader reader(file);
   for (const Element& element : file.elements()) {
-    if (element.className() != "CKtZantoText") {
+    if (!element.is(items::ElementClass::kText)) {
       continue;
     }
     const std::vector<ItemValue>& items = reader.read(element);

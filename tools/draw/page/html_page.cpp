@@ -37,10 +37,10 @@ class MarkFinder {
   explicit MarkFinder(const TransferFile& file) : m_index(file), m_targets(file) {}
 
   Json of(const Element& element, const std::vector<ItemValue>& items) {
-    if (const auto shape = barShapeOf(element.className())) {
+    if (const auto shape = barShapeOf(element)) {
       return toBar(*shape, items).reference;
     }
-    if (element.className() != kRepartitionClass) {
+    if (!element.is(items::ElementClass::kRepartition)) {
       return {};
     }
     const Repartition series = toRepartition(items);

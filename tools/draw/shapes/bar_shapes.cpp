@@ -41,9 +41,14 @@ double hookSide(const Bar& bar, const std::vector<PlanePoint>& points, bool atSt
     case BarShape::kL:
     case BarShape::kU:
       return points.size() < 3 ? 1.0 : bendSide(points, atStart);
-    default:
-      return 1.0;
+    case BarShape::kPin:
+    case BarShape::kPoint:
+    case BarShape::kFrameRect:
+    case BarShape::kFrameCirc:
+    case BarShape::kStirrup:
+      break;
   }
+  return 1.0;
 }
 
 HookShape hookOf(const Bar& bar, const std::vector<PlanePoint>& points, bool atStart,

@@ -11,7 +11,7 @@
 namespace quorvan::tool {
 
 /// Lines, circles, texts, filled polygons, meshes and formwork. Nothing for other classes.
-void drawGraphic(std::string_view className, const std::vector<ItemValue>& items, ShapeSink& sink);
+void drawGraphic(const Element& element, const std::vector<ItemValue>& items, ShapeSink& sink);
 
 /// Bars, and bars seen end-on.
 void drawBar(const Bar& bar, ShapeSink& sink);

@@ -125,22 +125,37 @@ void drawFormwork(const std::vector<ItemValue>& items, ShapeSink& sink) {
   sink.addPath(Layer::kFormwork, style, std::move(path));
 }
 
-struct Graphic {
-  std::string_view className;
-  void (*draw)(const std::vector<ItemValue>&, ShapeSink&);
-};
-
-constexpr Graphic kGraphics[] = {{"CKtZantoLine", drawLine}, {"CKtZantoCircle", drawCircle},
-                                 {"CKtZantoText", drawText}, {"CKtFilledPolygon", drawFill},
-                                 {"CKtZantoMesh", drawMesh}, {"CKtZantoFormwork", drawFormwork}};
-
 }  // namespace
 
-void drawGraphic(std::string_view className, const std::vector<ItemValue>& items, ShapeSink& sink) {
-  for (const Graphic& known : kGraphics) {
-    if (known.className == className) {
-      return known.draw(items, sink);
-    }
+void drawGraphic(const Element& element, const std::vector<ItemValue>& items, ShapeSink& sink) {
+  if (element.schema == nullptr) {
+    return;
+  }
+  switch (element.schema->id) {
+    case items::ElementClass::kLine:
+      return drawLine(items, sink);
+    case items::ElementClass::kCircle:
+      return drawCircle(items, sink);
+    case items::ElementClass::kText:
+      return drawText(items, sink);
+    case items::ElementClass::kFilledPolygon:
+      return drawFill(items, sink);
+    case items::ElementClass::kMesh:
+      return drawMesh(items, sink);
+    case items::ElementClass::kFormwork:
+      return drawFormwork(items, sink);
+    case items::ElementClass::kStraightBar:
+    case items::ElementClass::kLBar:
+    case items::ElementClass::kUBar:
+    case items::ElementClass::kPin:
+    case items::ElementClass::kPointBar:
+    case items::ElementClass::kPolygonBar:
+    case items::ElementClass::kFrameRect:
+    case items::ElementClass::kFrameCirc:
+    case items::ElementClass::kStirrup:
+    case items::ElementClass::kRepartition:
+    case items::ElementClass::kDrawingControl:
+      return;
   }
 }
 
