@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include <quorvan/text/floating_point_state.h>
 #include <quorvan/text/numbers.h>
 
 namespace quorvan {
@@ -147,8 +148,17 @@ char* formatFixed7(char* buffer, double value) noexcept {
 }
 
 char* formatShortest(char* buffer, double value) noexcept {
-  if (std::isnan(value)) {
+  // By its bits: a comparison of the smallest numbers leaves a trace in the state.
+  const auto bits = std::bit_cast<std::uint64_t>(value);
+  const auto field = static_cast<unsigned>(bits >> kMantissaBits) & kExponentMask;
+  const std::uint64_t mantissa = bits & (kHiddenBit - 1);
+  if (field == kExponentMask && mantissa != 0) {
     return putText(buffer, "nan");
+  }
+  if (field == 0 && mantissa != 0) {
+    // So small that the processor may take it for zero.
+    const InitialFloatingPointState state;
+    return std::to_chars(buffer, buffer + kShortestCapacity, value).ptr;
   }
   return std::to_chars(buffer, buffer + kShortestCapacity, value).ptr;
 }

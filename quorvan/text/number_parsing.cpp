@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include <quorvan/text/decimal_digits.h>
+#include <quorvan/text/floating_point_state.h>
 #include <quorvan/text/numbers.h>
 #include <quorvan/text/utf8.h>
 #include <quorvan/text/white_space.h>
@@ -129,6 +130,7 @@ class LongDecimal {
     *end++ = 'e';
     end = std::to_chars(end, m_text.data() + m_text.size(), magnitude - digits).ptr;
     double value = 0.0;
+    const InitialFloatingPointState state;
     if (std::from_chars(m_text.data(), end, value).ec == std::errc::result_out_of_range) {
       return magnitude > 0 ? std::numeric_limits<double>::infinity() : 0.0;
     }
@@ -172,6 +174,23 @@ const Unit* readDigits(const Unit* at, const Unit* end, std::uint64_t& value) no
   return at;
 }
 
+// The number times a power of ten: both exact, one operation, whose rounding is the only one.
+double scaled(std::int64_t number, std::int64_t exponent) noexcept {
+  if (exponent == 0) {
+    return static_cast<double>(number);
+  }
+  if (roundsQuietly()) {
+    return exponent < 0 ? static_cast<double>(number) / kPowersOfTen[-exponent]
+                        : static_cast<double>(number) * kPowersOfTen[exponent];
+  }
+  const InitialFloatingPointState state;
+  // Volatile, so that the operation stays where the state is the one it needs.
+  const volatile auto factor = static_cast<double>(number);
+  const volatile double power = kPowersOfTen[exponent < 0 ? -exponent : exponent];
+  const volatile double value = exponent < 0 ? factor / power : factor * power;
+  return value;
+}
+
 template <class Unit>
 double parse(const Unit* at, const Unit* end) noexcept {
   at = skipWhiteSpace(at, end);
@@ -193,11 +212,9 @@ double parse(const Unit* at, const Unit* end) noexcept {
   const Unit* const last = at;
   exponent += readExponent(at, end);
   double value = 0.0;
-  // Both numbers exact, one operation: its rounding is the only one.
   if (digits <= kDigitsOf64Bits && mantissa <= kExactIntegers && exponent <= kLargestExactPower &&
       exponent >= -kLargestExactPower) {
-    value = static_cast<double>(static_cast<std::int64_t>(mantissa));
-    value = exponent < 0 ? value / kPowersOfTen[-exponent] : value * kPowersOfTen[exponent];
+    value = scaled(static_cast<std::int64_t>(mantissa), exponent);
   } else {
     value = LongDecimal(first, last).toDouble(readExponent(last, end));
   }

@@ -1,5 +1,6 @@
 // Numbers as the transfer file carries them: one routine each way, the same on every system,
-// independent of the locale.
+// independent of the locale and of the state of the host's floating-point arithmetic, which they
+// leave as it was.
 #pragma once
 
 #include <cstddef>
