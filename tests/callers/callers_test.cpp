@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,8 @@ struct Caller {
   const char* language;
   std::vector<std::string> command;
   const char* needs = nullptr;  // without which it is skipped
+
+  friend void PrintTo(const Caller& caller, std::ostream* out) { *out << caller.language; }
 };
 
 std::vector<Caller> callers() {
