@@ -36,8 +36,8 @@ std::string bar(int mark, double hookAngle = 0.0) {
 
 std::string unitOf(const std::string& elements) {
   quorvan::test::writeFile("angles.xml", "<Document>" + elements + "</Document>");
-  const auto json = nlohmann::json::parse(runTool({"info", "--json", "angles.xml"}).out);
-  const auto& angles = json["files"][0]["angles"];
+  const auto info = nlohmann::json::parse(runTool({"info", "--json", "angles.xml"}).out);
+  const auto& angles = info["files"][0]["angles"];
   return angles.is_null() ? "none" : angles["guessedUnit"].get<std::string>();
 }
 

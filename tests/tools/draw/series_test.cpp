@@ -134,8 +134,8 @@ TEST(ToolDrawSeries, TakesTheDirectionOfTheRepeatedBar) {
 TEST(ToolDrawSeries, StatesTheSpacingSquareToItsBarsInInfoToo) {
   const auto bars = barsAt(30.0);
   drawJson(straightBar(bars[0]) + ", " + series("CKtZantoStraightBar", bars));
-  const auto json = nlohmann::json::parse(runTool({"info", "--json", "written.xml"}).out);
-  for (const double spacing : json["files"][0]["repartitions"][0]["spacings"]) {
+  const auto info = nlohmann::json::parse(runTool({"info", "--json", "written.xml"}).out);
+  for (const double spacing : info["files"][0]["repartitions"][0]["spacings"]) {
     EXPECT_NEAR(spacing, 200.0, 1e-3);
   }
 }
