@@ -125,8 +125,9 @@ void visitSteel(Steel& steel, Visitor& v) {
   v.flag("Hidden", steel.hidden);
 }
 
+// A row an item: as long as there are items.
 template <class E, class Visitor>
-void visitItems(E& e, Visitor& v) {
+void visitItems(E& e, Visitor& v) {  // NOLINT(readability-function-size)
   using Kind = std::remove_const_t<E>;
   if constexpr (std::is_same_v<Kind, Line>) {
     v.point("Point1", e.start);

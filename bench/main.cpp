@@ -150,11 +150,11 @@ Options parse(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Options options = parse(argc, argv);
-  if (options.processorTime) {
-    bench::measureProcessorTime();
-  }
   try {
+    const Options options = parse(argc, argv);
+    if (options.processorTime) {
+      bench::measureProcessorTime();
+    }
     bench::Report report;
     report.elements = static_cast<double>(options.elements);
     report.rounds = options.rounds;

@@ -15,7 +15,7 @@ const xmlChar* chars(const char* text) {
   return reinterpret_cast<const xmlChar*>(text);
 }
 
-struct Tree {
+struct Libxml2Tree {
   using Node = xmlNode*;
   std::unique_ptr<xmlDoc, void (*)(xmlDoc*)> document{nullptr, xmlFreeDoc};
 
@@ -46,7 +46,7 @@ struct Tree {
 }  // namespace
 
 void writeLibxml2(const Drawing& drawing, const std::string& path) {
-  Tree tree;
+  Libxml2Tree tree;
   tree.document.reset(xmlNewDoc(chars("1.0")));
   xmlDocSetRootElement(tree.document.get(),
                        xmlNewDocNode(tree.document.get(), nullptr, chars("Document"), nullptr));
@@ -55,7 +55,7 @@ void writeLibxml2(const Drawing& drawing, const std::string& path) {
 }
 
 std::uint64_t readLibxml2(const std::string& path) {
-  Tree tree;
+  Libxml2Tree tree;
   tree.document.reset(xmlReadFile(path.c_str(), nullptr, XML_PARSE_NONET | XML_PARSE_HUGE));
   return readTree(tree);
 }

@@ -7,7 +7,7 @@ namespace bench {
 
 namespace {
 
-struct Tree {
+struct PugixmlTree {
   using Node = pugi::xml_node;
   pugi::xml_document document;
   Node rootNode;
@@ -25,7 +25,7 @@ struct Tree {
 }  // namespace
 
 void writePugixml(const Drawing& drawing, const std::string& path) {
-  Tree tree;
+  PugixmlTree tree;
   auto declaration = tree.document.append_child(pugi::node_declaration);
   declaration.append_attribute("version").set_value("1.0");
   declaration.append_attribute("encoding").set_value("UTF-8");
@@ -35,7 +35,7 @@ void writePugixml(const Drawing& drawing, const std::string& path) {
 }
 
 std::uint64_t readPugixml(const std::string& path) {
-  Tree tree;
+  PugixmlTree tree;
   tree.document.load_file(path.c_str());
   tree.rootNode = tree.document.document_element();
   return readTree(tree);

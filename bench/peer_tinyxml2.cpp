@@ -7,7 +7,7 @@ namespace bench {
 
 namespace {
 
-struct Tree {
+struct Tinyxml2Tree {
   using Node = tinyxml2::XMLElement*;
   tinyxml2::XMLDocument document;
 
@@ -26,7 +26,7 @@ struct Tree {
 }  // namespace
 
 void writeTinyxml2(const Drawing& drawing, const std::string& path) {
-  Tree tree;
+  Tinyxml2Tree tree;
   tree.document.InsertEndChild(tree.document.NewDeclaration());
   tree.document.InsertEndChild(tree.document.NewElement("Document"));
   writeTree(tree, drawing);
@@ -34,7 +34,7 @@ void writeTinyxml2(const Drawing& drawing, const std::string& path) {
 }
 
 std::uint64_t readTinyxml2(const std::string& path) {
-  Tree tree;
+  Tinyxml2Tree tree;
   tree.document.LoadFile(path.c_str());
   return readTree(tree);
 }

@@ -32,7 +32,7 @@ class WideName {
   XMLCh m_text[64];
 };
 
-struct Tree {
+struct XercesTree {
   using Node = DOMElement*;
   DOMDocument* document = nullptr;
   std::string text;  // of the attribute read last
@@ -81,7 +81,7 @@ DOMImplementation& implementation() {
 
 void writeXerces(const Drawing& drawing, const std::string& path) {
   DOMImplementation& dom = implementation();
-  Tree tree;
+  XercesTree tree;
   tree.document = dom.createDocument(nullptr, WideName("Document").get(), nullptr);
   writeTree(tree, drawing);
   DOMLSSerializer* serializer = dom.createLSSerializer();
@@ -99,7 +99,7 @@ std::uint64_t readXerces(const std::string& path) {
   implementation();
   XercesDOMParser parser;
   parser.parse(path.c_str());
-  Tree tree;
+  XercesTree tree;
   tree.document = parser.getDocument();
   return readTree(tree);
 }

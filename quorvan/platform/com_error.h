@@ -23,7 +23,8 @@ inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 
 /// A failed COM call. Raised by the filer where a call of the document service fails; only
 /// CKtFiler::newFiler catches it.
-class QUORVAN_API _com_error {  // NOLINT(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier)
+class QUORVAN_API _com_error {
  public:
   /// An error with the HRESULT of a failed call.
   explicit _com_error(HRESULT result) noexcept : m_result(result) {}

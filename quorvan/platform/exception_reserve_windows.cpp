@@ -3,7 +3,7 @@
 // frees the library.
 
 namespace __gnu_cxx {
-void __freeres();  // NOLINT(bugprone-reserved-identifier)
+void __freeres();  // NOLINT(clang-diagnostic-reserved-identifier)
 }
 
 namespace {

@@ -136,10 +136,6 @@ TEST(NoMemory, ASaveLeavesTheOldFileOrTheNewOne) {
 
 // --- flat functions ----------------------------------------------------------------------------
 
-void exportHiddenBar() {
-  exportBarStraight(0, 0, 0, 100, 0, 0, 10, 10, true, false, 90, 90, L"B500", L"Ha", 1, 12, true);
-}
-
 void end() {
   endFiling(L"2025", 1, L"Plan", 42);
 }

@@ -182,10 +182,6 @@ TEST(FailingDocumentService, AFilerThatIsDestroyedLetsNothingOut) {
 
 // --- flat functions ----------------------------------------------------------------------------
 
-void exportHiddenBar() {
-  exportBarStraight(0, 0, 0, 100, 0, 0, 10, 10, true, false, 90, 90, L"B500", L"Ha", 1, 12, true);
-}
-
 void pushFrames() {
   for (int k = 0; k < 3; ++k) {
     pushRepartitionFrameRect(k * 200.0, 0, 0, k * 200.0, 500, 0, L"CKtZantoStraightBar", 10, 90,

@@ -129,10 +129,6 @@ TEST(FailingFileCall, ShortAndInterruptedCallsAreCarriedOnInEveryOperation) {
   }
 }
 
-void exportHiddenBar() {
-  exportBarStraight(0, 0, 0, 100, 0, 0, 10, 10, true, false, 90, 90, L"B500", L"Ha", 1, 12, true);
-}
-
 TEST(FailingFileCall, AHiddenBarIsExportedLaterAndTheDrawingIsWhole) {
   const int failures = failEverywhere([](const Act& act) {
     const Stage stage;

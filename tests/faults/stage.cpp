@@ -8,6 +8,7 @@
 
 #include <tests/support/saved_elements.h>
 #include <tests/support/transfer_text.h>
+#include <quorvan/export/export.h>
 #include <quorvan/platform/com_error.h>
 #include <quorvan/xml/embedded/files/file_calls.h>
 
@@ -110,6 +111,10 @@ void Stage::expectUsable() {
   for (const auto& entry : std::filesystem::directory_iterator(".")) {
     EXPECT_EQ(entry.path().filename().string().find("quorvan-new"), std::string::npos);
   }
+}
+
+void exportHiddenBar() {
+  exportBarStraight(0, 0, 0, 100, 0, 0, 10, 10, true, false, 90, 90, L"B500", L"Ha", 1, 12, true);
 }
 
 }  // namespace quorvan::test

@@ -50,4 +50,7 @@ class Stage {
   MessageBoxHook m_formerHook;
 };
 
+/// Hands over a hidden straight bar, which is searched for before it is filed.
+void exportHiddenBar();
+
 }  // namespace quorvan::test

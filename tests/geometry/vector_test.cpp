@@ -102,7 +102,7 @@ TEST(Vector, CrossProductIsRightHanded) {
   expectComponents(y ^ z, 1, 0, 0);
   expectComponents(z ^ x, 0, 1, 0);
   expectComponents(y ^ x, 0, 0, -1);
-  expectComponents(x ^ x, 0, 0, 0);
+  expectComponents(x ^ x, 0, 0, 0);  // NOLINT(misc-redundant-expression)
   expectComponents(CKtVect3D(1, 2, 3) ^ CKtVect3D(4, 5, 6), -3, 6, -3);
 }
 

@@ -108,7 +108,7 @@ std::string listItem(std::string_view name, long long size, const std::string& e
 std::string pointEntries(std::string_view stem, const std::vector<CKtPnt3D>& points) {
   std::string entries;
   for (std::size_t i = 0; i < points.size(); ++i) {
-    entries += pointItem(numbered(stem, static_cast<long long>(i + 1)), points[i]);
+    entries += pointItem(numbered(stem, static_cast<long long>(i) + 1), points[i]);
   }
   return entries;
 }
@@ -116,7 +116,7 @@ std::string pointEntries(std::string_view stem, const std::vector<CKtPnt3D>& poi
 std::string doubleEntries(std::string_view stem, const std::vector<double>& values) {
   std::string entries;
   for (std::size_t i = 0; i < values.size(); ++i) {
-    entries += doubleItem(numbered(stem, static_cast<long long>(i + 1)), values[i]);
+    entries += doubleItem(numbered(stem, static_cast<long long>(i) + 1), values[i]);
   }
   return entries;
 }

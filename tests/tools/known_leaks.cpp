@@ -1,10 +1,10 @@
 // What the leak checker is not to report: the font library under cairo keeps its patterns until the
 // process ends.
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the names are those of the leak checker
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier): the names are those of the leak checker
 extern "C" const char* __lsan_default_suppressions();
 
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:libfontconfig";
 }
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)

@@ -6,7 +6,7 @@ namespace quorvan::tool {
 
 namespace {
 
-std::string inApostrophes(std::string_view text) {
+std::string fishQuoted(std::string_view text) {
   std::string result = "'";
   for (const char unit : text) {
     if (unit == '\'' || unit == '\\') {
@@ -22,11 +22,11 @@ std::string wordsOf(const Argument& argument) {
   for (const std::string& word : argument.words) {
     result += (result.empty() ? "" : " ") + word;
   }
-  return inApostrophes(result);
+  return fishQuoted(result);
 }
 
 // How an option takes its value: of words and numbers, no file is offered.
-std::string valueOf(const Argument& option) {
+std::string fishValue(const Argument& option) {
   switch (option.value) {
     case Argument::Value::kNone:
       return {};
@@ -45,27 +45,26 @@ void writeOption(const std::string& condition, const Argument& option, std::ostr
   if (!option.shortName.empty()) {
     out << " -s " << option.shortName.substr(1);
   }
-  out << " -l " << option.name.substr(2) << valueOf(option) << " -d "
-      << inApostrophes(option.description) << '\n';
+  out << " -l " << option.name.substr(2) << fishValue(option) << " -d "
+      << fishQuoted(option.description) << '\n';
 }
 
-void writeCommand(const CommandArguments& one, std::ostream& out) {
+void writeFishCommand(const CommandArguments& one, std::ostream& out) {
   const std::string name(one.command->name);
   out << "\ncomplete -c quorvan -n __fish_use_subcommand -f -a " << name << " -d "
-      << inApostrophes(one.command->summary) << '\n';
+      << fishQuoted(one.command->summary) << '\n';
   const std::string seen = "__fish_seen_subcommand_from " + name;
   for (const Argument& option : one.options) {
-    writeOption(inApostrophes(seen), option, out);
+    writeOption(fishQuoted(seen), option, out);
   }
   for (std::size_t place = 0; place < one.positionals.size(); ++place) {
     const Argument& argument = one.positionals[place];
     if (argument.value == Argument::Value::kWord) {
       // Behind the program, the command and the arguments before it.
       out << "complete -c quorvan -n "
-          << inApostrophes(seen + "; and test (count (commandline -opc)) -ge " +
-                           std::to_string(place + 2))
-          << " -f -a " << wordsOf(argument) << " -d " << inApostrophes(argument.description)
-          << '\n';
+          << fishQuoted(seen + "; and test (count (commandline -opc)) -ge " +
+                        std::to_string(place + 2))
+          << " -f -a " << wordsOf(argument) << " -d " << fishQuoted(argument.description) << '\n';
     }
   }
 }
@@ -79,7 +78,7 @@ std::string fishCompletion(const ProgramArguments& program) {
     writeOption("__fish_use_subcommand", option, out);
   }
   for (const CommandArguments& one : program.commands) {
-    writeCommand(one, out);
+    writeFishCommand(one, out);
   }
   return out.str();
 }

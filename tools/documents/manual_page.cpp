@@ -45,7 +45,7 @@ std::string styledUsage(const Argument& argument) {
   return argument.valueName.empty() ? names : names + " \\fI" + roff(argument.valueName) + "\\fR";
 }
 
-void writeArgument(const Argument& argument, std::ostream& out) {
+void writeManualArgument(const Argument& argument, std::ostream& out) {
   out << ".TP\n" << styledUsage(argument) << '\n' << roff(argument.description);
   if (!argument.standard.empty()) {
     out << "; " << roff(argument.standard) << " unless given";
@@ -61,14 +61,14 @@ void writeExitCodes(const ExitCodes& codes, std::ostream& out) {
       << roff(codes.failure) << ".\n";
 }
 
-void writeCommand(const CommandArguments& one, std::ostream& out) {
+void writeManualCommand(const CommandArguments& one, std::ostream& out) {
   out << ".SS " << one.command->name << '\n' << roff(one.command->description) << '\n';
   for (const Argument& argument : one.positionals) {
-    writeArgument(argument, out);
+    writeManualArgument(argument, out);
   }
   for (const Argument& argument : one.options) {
     if (argument.name != "--help") {
-      writeArgument(argument, out);
+      writeManualArgument(argument, out);
     }
   }
   writeExitCodes(one.command->exitCodes, out);
@@ -96,11 +96,11 @@ std::string manualPage(const ProgramArguments& program) {
          "reads transfer files, with which CAD programs hand finished reinforcement drawings to "
          "each other.\nThe files that it reads are never changed.\n";
   for (const Argument& option : program.options) {
-    writeArgument(option, out);
+    writeManualArgument(option, out);
   }
   out << ".SH COMMANDS\n";
   for (const CommandArguments& one : program.commands) {
-    writeCommand(one, out);
+    writeManualCommand(one, out);
   }
   out << ".SH EXIT STATUS\n"
          "0 nothing to report, 1 findings or differences, 2 failure.\n";

@@ -7,7 +7,7 @@ namespace quorvan::tool {
 namespace {
 
 // A text between apostrophes, in which "[", "]" and ":" part what _arguments reads.
-std::string inApostrophes(std::string_view text) {
+std::string zshQuoted(std::string_view text) {
   std::string result;
   for (const char unit : text) {
     if (unit == '\'') {
@@ -23,8 +23,8 @@ std::string inApostrophes(std::string_view text) {
 }
 
 // ":UNIT:(mm cm m)".
-std::string valueOf(const Argument& argument) {
-  const std::string title = ':' + inApostrophes(argument.valueName) + ':';
+std::string zshValue(const Argument& argument) {
+  const std::string title = ':' + zshQuoted(argument.valueName) + ':';
   switch (argument.value) {
     case Argument::Value::kNone:
       return {};
@@ -55,7 +55,7 @@ std::string specOf(const Argument& option) {
       others.empty() ? "" : "'(" + others + ")" + (option.shortName.empty() ? "" : "'");
   // Without a short name the list of others and the name stand between one pair of apostrophes.
   return before + (before.empty() || !option.shortName.empty() ? names : names.substr(1)) + '[' +
-         inApostrophes(option.description) + ']' + valueOf(option) + '\'';
+         zshQuoted(option.description) + ']' + zshValue(option) + '\'';
 }
 
 void writeSpecs(const CommandArguments& one, std::ostream& out) {
@@ -67,7 +67,7 @@ void writeSpecs(const CommandArguments& one, std::ostream& out) {
     const Argument& argument = one.positionals[place];
     out << " \\\n            '"
         << (argument.takesMany ? "*" : std::to_string(place + 1) + (argument.isRequired ? "" : ":"))
-        << valueOf(argument) << '\'';
+        << zshValue(argument) << '\'';
   }
   out << "\n          ;;\n";
 }
@@ -84,7 +84,7 @@ std::string zshCompletion(const ProgramArguments& program) {
   out << " \\\n    '1:command:->command' '*::argument:->argument'\n"
       << "  case $state in\n    command)\n      commands=(\n";
   for (const CommandArguments& one : program.commands) {
-    out << "        '" << one.command->name << ':' << inApostrophes(one.command->summary) << "'\n";
+    out << "        '" << one.command->name << ':' << zshQuoted(one.command->summary) << "'\n";
   }
   out << "      )\n      _describe command commands\n      ;;\n"
       << "    argument)\n      case $words[1] in\n";

@@ -60,7 +60,7 @@ class CopyBuilder {
   }
 
   IXMLDOMNodePtr createClass(std::string_view name, std::int32_t index) {
-    const IXMLDOMNodePtr node = create(name);
+    IXMLDOMNodePtr node = create(name);
     dom::addAttribute(m_document, node, "version", static_cast<std::int16_t>(kVersion));
     dom::addAttribute(m_document, node, "index", static_cast<std::int16_t>(index));
     return node;
@@ -116,7 +116,7 @@ class CopyBuilder {
     }
     if (element.is(items::ElementClass::kRepartition) && schema.name == "Index") {
       if (auto reference = mendedReference(element)) {
-        const IXMLDOMNodePtr copy = create(item.name);
+        IXMLDOMNodePtr copy = create(item.name);
         dom::addAttribute(m_document, copy, "long", *reference);
         return copy;
       }
@@ -125,7 +125,7 @@ class CopyBuilder {
     if (!mended) {
       return copyNode(item);
     }
-    const IXMLDOMNodePtr copy = create(item.name);
+    IXMLDOMNodePtr copy = create(item.name);
     addText(copy, mended->name, mended->value);
     return copy;
   }
@@ -148,7 +148,7 @@ class CopyBuilder {
     const ListEntries entries(m_tree, isNumbered ? *element.node : item, schema.stem);
     const std::size_t held = entries.all().size();
     const bool isCertain = entries.isGapless() && (isNumbered || held <= kLargestSize);
-    const IXMLDOMNodePtr copy = create(item.name);
+    IXMLDOMNodePtr copy = create(item.name);
     bool hasCount = false;
     for (const Attribute& one : m_tree.attributes(item)) {
       const bool isCount = one.name == attribute;
@@ -173,7 +173,7 @@ class CopyBuilder {
 
   // The node as it stands, but for decimal commas in coordinates and entries of lists.
   IXMLDOMNodePtr copyNode(const Node& node) {
-    const IXMLDOMNodePtr copy = create(node.name);
+    IXMLDOMNodePtr copy = create(node.name);
     for (const Attribute& one : m_tree.attributes(node)) {
       const bool isNumber =
           one.name == "X" || one.name == "Y" || one.name == "Z" || one.name == "double";

@@ -13,6 +13,7 @@ namespace {
 
 std::string indexesOf(const TransferFile& file, const std::vector<const Element*>& elements) {
   std::vector<std::int64_t> numbers;
+  numbers.reserve(elements.size());
   for (const Element* const element : elements) {
     numbers.push_back(parseLong(file.indexOf(*element)));
   }

@@ -8,7 +8,7 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr std::size_t kWidth = 78;
+constexpr std::size_t kColumns = 78;
 
 }  // namespace
 
@@ -18,7 +18,7 @@ void printParagraph(std::ostream& out, std::string_view text, std::size_t indent
     const std::size_t end = text.find(' ');
     const std::string_view word = text.substr(0, end);
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    if (!line.empty() && indent + lengthOf(line) + 1 + lengthOf(word) > kWidth) {
+    if (!line.empty() && indent + lengthOf(line) + 1 + lengthOf(word) > kColumns) {
       out << std::string(indent, ' ') << line << '\n';
       line.clear();
     }

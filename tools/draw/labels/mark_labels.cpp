@@ -8,10 +8,10 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kBubble = 2.2;     // mm, radius
-constexpr double kLettering = 2.0;  // mm, height of capitals
-constexpr double kCharacter = 1.6;  // mm, width
-constexpr double kGap = 0.6;        // mm
+constexpr double kBubble = 2.2;         // mm, radius
+constexpr double kMarkLettering = 2.0;  // mm, height of capitals
+constexpr double kCharacter = 1.6;      // mm, width
+constexpr double kMarkGap = 0.6;        // mm
 constexpr double kAlong[] = {0.5, 0.3, 0.7, 0.15, 0.85};
 constexpr double kAway[] = {5.0, -5.0, 9.0, -9.0, 14.0, -14.0};
 
@@ -81,8 +81,8 @@ void MarkLabels::drawOne(const Labelled& bar, ShapeSink& sink) {
   const std::string mark = std::to_string(bar.mark);
   const std::string size = "\u00D8" + rounded(bar.diameter, 2);
   const double bubble =
-      std::max(kBubble, kGap + kCharacter * static_cast<double>(mark.size()) / 2.0);
-  const double width = 2.0 * bubble + kGap + kCharacter * static_cast<double>(size.size() - 1);
+      std::max(kBubble, kMarkGap + kCharacter * static_cast<double>(mark.size()) / 2.0);
+  const double width = 2.0 * bubble + kMarkGap + kCharacter * static_cast<double>(size.size() - 1);
   const PlanePoint across = leftOf(directionOf(bar.to - bar.from));
   PlanePoint anchor = (bar.from + bar.to) * 0.5;
   PlanePoint center = anchor + across * kAway[0];
@@ -110,12 +110,12 @@ void MarkLabels::drawOne(const Labelled& bar, ShapeSink& sink) {
   sink.addPath(Layer::kMarks, style, std::move(leader));
   sink.addCircle(Layer::kMarks, bubbleStyle, center, bubble);
   sink.addText(Layer::kMarks, ink::kMarks,
-               {mark, center, kLettering, 0.0, AlignX::kCentre, AlignY::kMiddle});
-  const PlanePoint beside = center + PlanePoint{bubble + kGap, 0.0};
+               {mark, center, kMarkLettering, 0.0, AlignX::kCentre, AlignY::kMiddle});
+  const PlanePoint beside = center + PlanePoint{bubble + kMarkGap, 0.0};
   Style sizeStyle{ink::kMarks, 0.0, true};
   sizeStyle.isOnPaper = true;
   sink.addText(Layer::kMarks, sizeStyle,
-               {size, beside, kLettering, 0.0, AlignX::kLeft, AlignY::kMiddle});
+               {size, beside, kMarkLettering, 0.0, AlignX::kLeft, AlignY::kMiddle});
 }
 
 }  // namespace quorvan::tool

@@ -11,8 +11,8 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kHeading = 1.5;    // mm, height of capitals
-constexpr double kLettering = 2.4;  // mm
+constexpr double kHeading = 1.5;         // mm, height of capitals
+constexpr double kTitleLettering = 2.4;  // mm
 
 struct Field {
   std::string heading;
@@ -72,9 +72,10 @@ void drawTitleBlock(const TransferFile& file, const DrawOptions& options, ShapeS
   double x = kMargin;
   for (const Field& field : fieldsOf(file, options, sheet)) {
     const double room = field.share * width;
-    const double letters = textWidth(field.text, kLettering);
+    const double letters = textWidth(field.text, kTitleLettering);
     // A long text is written smaller, so that it stays in its field.
-    const double height = std::min(kLettering, kLettering * (room - 3.0) / std::max(1.0, letters));
+    const double height =
+        std::min(kTitleLettering, kTitleLettering * (room - 3.0) / std::max(1.0, letters));
     sink.addText(Layer::kTitle, ink::kTitle, {field.heading, {x + 1.5, top - 3.4}, kHeading, 0.0});
     sink.addText(Layer::kTitle, ink::kTitle, {field.text, {x + 1.5, kMargin + 2.6}, height, 0.0});
     if (x > kMargin) {

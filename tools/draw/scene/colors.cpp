@@ -24,7 +24,8 @@ std::uint8_t part(double value) {
 // The hues run in steps of 15 degrees, ten numbers each: five brightnesses, the odd ones paler.
 Color hueColor(std::int64_t index) {
   constexpr double kBrightness[] = {1.0, 0.8, 0.6, 0.5, 0.3};
-  const double hue = static_cast<double>((index - kFirstHue) / 10) * 0.25;  // of sixths
+  const std::int64_t step = (index - kFirstHue) / 10;
+  const double hue = static_cast<double>(step) * 0.25;  // of sixths
   const double value = kBrightness[(index % 10) / 2];
   const double saturation = index % 2 == 0 ? 1.0 : 0.5;
   const auto channel = [&](double shift) {

@@ -10,7 +10,7 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kApart = 2.0;         // diameters between the two hooks of a link
+constexpr double kHooksApart = 2.0;    // diameters between the two hooks of a link
 constexpr double kStirrupWidth = 5.0;  // diameters: as narrow as the bends allow
 
 struct Link {
@@ -59,7 +59,7 @@ void drawRing(const Link& link) {
   const PlanePoint center = sheet.place(link.bar.center);
   const double radius = std::abs(link.bar.radius) * sheet.factor();
   link.sink.addCircle(Layer::kLinks, link.style, center, radius);
-  const double inner = radius - kApart * link.diameter;
+  const double inner = radius - kHooksApart * link.diameter;
   const PlanePoint out = link.bar.line.empty()
                              ? PlanePoint{1.0, 0.0}
                              : directionOf(sheet.place(link.bar.line.front()) - center);

@@ -10,7 +10,7 @@ namespace quorvan::tool {
 namespace {
 
 constexpr double kMarkLength = 1.2;    // mm, of the stroke at each bar
-constexpr double kLettering = 2.0;     // mm
+constexpr double kRowLettering = 2.0;  // mm
 constexpr double kAboveLine = 0.8;     // mm
 constexpr double kSeriesWidth = 0.25;  // mm
 
@@ -28,7 +28,7 @@ std::string labelOf(const Repartition& series, const Bar* bar) {
 std::vector<PlanePoint> placesAlong(PlanePoint first, PlanePoint last, PlanePoint up) {
   constexpr double kShares[] = {0.5, 0.3, 0.7, 0.1, 0.9};
   constexpr double kRows[] = {0.0, -1.0, 1.0, -2.0, 2.0, -3.0, 3.0};
-  constexpr double kRowHeight = kLettering + 2.0 * kAboveLine;
+  constexpr double kRowHeight = kRowLettering + 2.0 * kAboveLine;
   std::vector<PlanePoint> places;
   for (const double row : kRows) {
     for (const double share : kShares) {
@@ -63,7 +63,7 @@ void drawDimension(const std::vector<PlanePoint>& points, const std::string& lab
   }
   Lettering text;
   text.text = label;
-  text.height = kLettering;
+  text.height = kRowLettering;
   text.angle = std::atan2(way.y, way.x);
   text.alignX = AlignX::kCentre;
   sink.addLabel(Layer::kRepartitions, ink::kRepartitions, std::move(text),
@@ -100,7 +100,7 @@ void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
   sink.addCircle(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, at, kMarkLength);
   Lettering text;
   text.text = labelOf(series, &bar);
-  text.height = kLettering;
+  text.height = kRowLettering;
   text.angle = std::atan2(way.y, way.x);
   text.alignX = AlignX::kCentre;
   sink.addLabel(Layer::kRepartitions, ink::kRepartitions, std::move(text),

@@ -7,10 +7,10 @@ namespace quorvan::tool {
 namespace {
 
 // Beyond this nothing on a sheet can be meant, and numbers get too long to be written.
-constexpr double kFarthest = 1e9;
+constexpr double kFarthestDrawn = 1e9;
 
 bool isPlaced(PlanePoint point) {
-  return std::abs(point.x) <= kFarthest && std::abs(point.y) <= kFarthest;
+  return std::abs(point.x) <= kFarthestDrawn && std::abs(point.y) <= kFarthestDrawn;
 }
 
 bool isPlaced(const Path& path) {
@@ -40,7 +40,7 @@ void ShapeSink::addPath(Layer layer, const Style& style, Path path) {
 }
 
 void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, double radius) {
-  if (!isPlaced(center) || !(std::abs(radius) <= kFarthest)) {
+  if (!isPlaced(center) || !(std::abs(radius) <= kFarthestDrawn)) {
     return leaveOut();
   }
   Shape shape = shapeOn(layer, Shape::Kind::kCircle, style);
@@ -50,7 +50,7 @@ void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, do
 }
 
 void ShapeSink::addText(Layer layer, const Style& style, Lettering lettering) {
-  if (!isPlaced(lettering.at) || !(std::abs(lettering.height) <= kFarthest) ||
+  if (!isPlaced(lettering.at) || !(std::abs(lettering.height) <= kFarthestDrawn) ||
       !std::isfinite(lettering.angle)) {
     return leaveOut();
   }

@@ -9,18 +9,18 @@ namespace quorvan::embedded {
 
 namespace {
 
-struct Named {
+struct NamedCharacter {
   std::string_view name;
   char32_t character;
 };
 
-constexpr Named kNamed[] = {
+constexpr NamedCharacter kNamed[] = {
     {"amp", U'&'}, {"lt", U'<'}, {"gt", U'>'}, {"quot", U'"'}, {"apos", U'\''}};
 
 }  // namespace
 
 std::optional<char32_t> referredCharacter(std::string_view reference) noexcept {
-  for (const Named& named : kNamed) {
+  for (const NamedCharacter& named : kNamed) {
     if (named.name == reference) {
       return named.character;
     }

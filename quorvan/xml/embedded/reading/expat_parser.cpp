@@ -15,7 +15,7 @@ namespace quorvan::embedded {
 
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{64} * 1024;
+constexpr std::size_t kLeastBlock = std::size_t{64} * 1024;
 constexpr std::size_t kMaxBlock = std::size_t{256} * 1024 * 1024;
 constexpr XML_Char kSeparator = '\n';  // stands in no namespace name
 
@@ -114,7 +114,7 @@ ExpatParser::~ExpatParser() {
 
 bool ExpatParser::parse(FileSource& file, dom::LoadProblem& problem) {
   SurrogateCheck surrogates;
-  std::size_t block = kBlock;
+  std::size_t block = kLeastBlock;
   XML_Index position = -1;
   for (;;) {
     void* const buffer = XML_GetBuffer(m_parser, static_cast<int>(block));
@@ -147,7 +147,7 @@ bool ExpatParser::parse(FileSource& file, dom::LoadProblem& problem) {
     // The parser begins anew with a part that is not complete: where one gets long, larger blocks
     // keep that from costing its square.
     const XML_Index reached = XML_GetCurrentByteIndex(m_parser);
-    block = reached == position ? std::min(2 * block, kMaxBlock) : kBlock;
+    block = reached == position ? std::min(2 * block, kMaxBlock) : kLeastBlock;
     position = reached;
   }
 }

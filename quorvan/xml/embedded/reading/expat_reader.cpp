@@ -46,9 +46,9 @@ std::string normalised(std::string_view text) {
 
 // The name in "<!DOCTYPE name ...>".
 std::string_view doctypeName(std::string_view source) noexcept {
-  constexpr std::string_view kBlanks = " \t\r\n";
+  constexpr std::string_view kSpaces = " \t\r\n";
   source.remove_prefix(kDoctypeBegin.size());
-  source.remove_prefix(std::min(source.find_first_not_of(kBlanks), source.size()));
+  source.remove_prefix(std::min(source.find_first_not_of(kSpaces), source.size()));
   return source.substr(0, source.find_first_of(" \t\r\n[>"));
 }
 

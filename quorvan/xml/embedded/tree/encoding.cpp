@@ -7,13 +7,13 @@ namespace quorvan::embedded {
 
 namespace {
 
-struct Named {
+struct NamedEncoding {
   std::string_view name;
   Encoding encoding;
 };
 
 // "ISO8859-1" is a common misspelling.
-constexpr Named kNames[] = {
+constexpr NamedEncoding kNames[] = {
     {"utf-8", Encoding::kUtf8},
     {"utf-16", Encoding::kUtf16LittleEndian},
     {"utf-16le", Encoding::kUtf16LittleEndian},
@@ -38,7 +38,7 @@ constexpr char toLower(char unit) noexcept {
 }  // namespace
 
 std::optional<Encoding> encodingNamed(std::string_view name) noexcept {
-  for (const Named& known : kNames) {
+  for (const NamedEncoding& known : kNames) {
     if (std::equal(name.begin(), name.end(), known.name.begin(), known.name.end(),
                    [](char a, char b) { return toLower(a) == b; })) {
       return known.encoding;
