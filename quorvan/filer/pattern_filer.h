@@ -9,6 +9,7 @@
 /// taken for a scratch file: saving it does not wait for the disk.
 class QUORVAN_API CKtPatternFiler : public CKtFiler {
  public:
+  /// Without a document. A copy shares document and place with what it was copied from.
   CKtPatternFiler();
   CKtPatternFiler(const CKtPatternFiler& other);
   CKtPatternFiler& operator=(const CKtPatternFiler& other);

@@ -7,6 +7,7 @@
 /// each operation gives its coefficient, with one it sets it and leaves the others.
 class QUORVAN_API CKtPlane {
  public:
+  /// The coefficients: of x, y and z, and the constant.
   [[nodiscard]] double A() const noexcept { return m_a; }
   [[nodiscard]] double B() const noexcept { return m_b; }
   [[nodiscard]] double C() const noexcept { return m_c; }

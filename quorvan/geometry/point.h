@@ -9,11 +9,13 @@
 class QUORVAN_API CKtPnt3D {
  public:
   CKtPnt3D() noexcept = default;
+  /// The point (x, y, z).
   CKtPnt3D(double x, double y, double z) noexcept : m_x(x), m_y(y), m_z(z) {}
   /// The point (x, y, 0).
   CKtPnt3D(const CPoint& point) noexcept  // NOLINT(google-explicit-constructor)
       : m_x(static_cast<double>(point.x)), m_y(static_cast<double>(point.y)) {}
 
+  /// The coordinates, in drawing units: each read or set by itself, or all set at once.
   [[nodiscard]] double X() const noexcept { return m_x; }
   [[nodiscard]] double Y() const noexcept { return m_y; }
   [[nodiscard]] double Z() const noexcept { return m_z; }

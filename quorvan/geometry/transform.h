@@ -10,8 +10,8 @@
 class QUORVAN_API CKtMat {
  public:
   CKtMat() noexcept;
+  /// There is nothing to copy.
   CKtMat(const CKtMat& other) noexcept;
-  /// Copies nothing.
   CKtMat& operator=(const CKtMat& other) noexcept;
   virtual ~CKtMat();
 };
@@ -22,21 +22,26 @@ class QUORVAN_API CKtMat {
 /// needs a result uses the Get... forms.
 class QUORVAN_API CKtMat3D : public CKtMat {
  public:
+  /// Fonts, forwards.
   virtual void Transform(LOGFONTW& font) const;
   virtual void Transform(const LOGFONTW& in, LOGFONTW& out) const;
   [[nodiscard]] virtual LOGFONTW GetTransform(const LOGFONTW& font) const;
 
+  /// Points, backwards.
   virtual void UnTransform(CKtPnt3D& point) const;
   virtual void UnTransform(const CKtPnt3D& in, CKtPnt3D& out) const;
   [[nodiscard]] virtual CKtPnt3D GetUnTransform(const CKtPnt3D& point) const;
 
+  /// Vectors, backwards.
   virtual void UnTransform(CKtVect3D& vector) const;
   virtual void UnTransform(const CKtVect3D& in, CKtVect3D& out) const;
   [[nodiscard]] virtual CKtVect3D GetUnTransform(const CKtVect3D& vector) const;
 
+  /// Lengths, backwards.
   virtual void UnTransform(double& length) const;
   [[nodiscard]] virtual double GetUnTransform(double length) const;
 
+  /// Fonts, backwards.
   virtual void UnTransform(LOGFONTW& font) const;
   virtual void UnTransform(const LOGFONTW& in, LOGFONTW& out) const;
   [[nodiscard]] virtual LOGFONTW GetUnTransform(const LOGFONTW& font) const;

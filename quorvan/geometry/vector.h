@@ -11,6 +11,7 @@
 class QUORVAN_API CKtVect3D {
  public:
   CKtVect3D() noexcept = default;
+  /// The vector (x, y, z).
   CKtVect3D(double x, double y, double z) noexcept : m_x(x), m_y(y), m_z(z) {}
   /// From the origin to `point`.
   CKtVect3D(const CKtPnt3D& point, int flag) noexcept
@@ -26,6 +27,7 @@ class QUORVAN_API CKtVect3D {
     applyFlag(flag);
   }
 
+  /// The components, in drawing units: each read or set by itself, or all set at once.
   [[nodiscard]] double X() const noexcept { return m_x; }
   [[nodiscard]] double Y() const noexcept { return m_y; }
   [[nodiscard]] double Z() const noexcept { return m_z; }

@@ -26,6 +26,7 @@ struct QUORVAN_API AcGeContext {
 class QUORVAN_API AcGePoint3d {
  public:
   AcGePoint3d() noexcept = default;
+  /// The point with these coordinates.
   AcGePoint3d(double xCoordinate, double yCoordinate, double zCoordinate) noexcept
       : x(xCoordinate), y(yCoordinate), z(zCoordinate) {}
 
@@ -34,6 +35,7 @@ class QUORVAN_API AcGePoint3d {
   [[nodiscard]] bool isEqualTo(const AcGePoint3d& other,
                                const AcGeTol& tolerance = AcGeContext::gTol) const noexcept;
 
+  /// The coordinates, in the host's length unit.
   double x = 0.0;
   double y = 0.0;
   double z = 0.0;

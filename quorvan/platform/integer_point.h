@@ -5,10 +5,12 @@
 class CPoint {
  public:
   CPoint() noexcept = default;
+  /// The point with these coordinates.
   CPoint(int initX, int initY) noexcept : x(initX), y(initY) {}
 
   friend bool operator==(const CPoint& a, const CPoint& b) noexcept = default;
 
+  /// The coordinates.
   long x = 0;
   long y = 0;
 };

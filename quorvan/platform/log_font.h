@@ -11,6 +11,8 @@
 
 /// The description of a font with the fields and names that Windows gives it.
 struct LOGFONTW {
+  /// Sizes in logical units, angles in tenths of a degree, the weight from 0 to 1000; the rest are
+  /// the flags and codes of Windows, which nothing here looks at.
   std::int32_t lfHeight;
   std::int32_t lfWidth;
   std::int32_t lfEscapement;

@@ -82,6 +82,7 @@ class QUORVAN_API CString {
     }
   }
 
+  /// The text given; none for a null pointer. Narrow text is UTF-8.
   CString& operator=(const CString& other) {
     if (this != &other) {
       if (other.isInline()) {
@@ -126,6 +127,7 @@ class QUORVAN_API CString {
   [[nodiscard]] std::wstring_view view() const noexcept {
     return {m_data, static_cast<std::size_t>(m_length)};
   }
+  /// The number of units without the terminator, and whether it is 0.
   [[nodiscard]] int GetLength() const noexcept { return m_length; }
   [[nodiscard]] bool IsEmpty() const noexcept { return m_length == 0; }
   /// The unit at `index`; the terminator at the length. Raises std::out_of_range elsewhere.
@@ -153,12 +155,14 @@ class QUORVAN_API CString {
   }
   /// Replaces the unit at `index`, which lies below the length, else std::out_of_range.
   void SetAt(int index, wchar_t character);
+  /// Exchanges the two texts.
   void swap(CString& other) noexcept {
     CString kept(static_cast<CString&&>(other));
     other.takeOver(*this);
     takeOver(kept);
   }
 
+  /// Appends a text; nothing for a null pointer. Narrow text is UTF-8.
   CString& operator+=(const CString& text) {
     append(text.view());
     return *this;
@@ -249,6 +253,7 @@ class QUORVAN_API CString {
   void Format(const wchar_t* format, const Arguments&... arguments) {
     *this = formatted(format, {quorvan::platform::FormatArgument(arguments)...});
   }
+  /// Appends what Format would make of the arguments.
   template <class... Arguments>
   void AppendFormat(const wchar_t* format, const Arguments&... arguments) {
     *this += formatted(format, {quorvan::platform::FormatArgument(arguments)...});
