@@ -20,14 +20,14 @@ namespace {
 
 // Memory that is only wished for may fail unnoticed: so many successes in a row mean that there was
 // none to fail.
-constexpr int kSuccessesAtTheEnd = 12;
+constexpr int kUnnoticedAtTheEnd = 12;
 
 // Calls `act` with every allocation in turn failing; it says whether it noticed. Gives how often.
 int failEverywhere(const std::function<bool(int allocation, bool lasts)>& act) {
   int noticed = 0;
   for (const bool lasts : {false, true}) {
     int unnoticed = 0;
-    for (int allocation = 1; unnoticed < kSuccessesAtTheEnd && !testing::Test::HasFailure();
+    for (int allocation = 1; unnoticed < kUnnoticedAtTheEnd && !testing::Test::HasFailure();
          ++allocation) {
       SCOPED_TRACE(std::to_string(allocation) + (lasts ? " and on" : ""));
       const bool wasNoticed = act(allocation, lasts);
@@ -146,7 +146,7 @@ int call(int (*function)(Parameters...)) {
   return function(static_cast<Parameters>(Any())...);
 }
 
-int end() {
+int endChecked() {
   return endFilingChecked(L"1.0", 0, L"Drawing", 0);
 }
 
@@ -165,7 +165,7 @@ bool meetsFault(int (*act)(), int allocation, bool lasts) {
   EXPECT_TRUE(result == QUORVAN_DONE || result == QUORVAN_OUT_OF_MEMORY ||
               (result == QUORVAN_FAILED && Stage::messages() > 0))
       << result << ": " << quorvanLastErrorText();
-  if (stopFilingChecked() == QUORVAN_DONE && end() != QUORVAN_NO_FILING) {
+  if (stopFilingChecked() == QUORVAN_DONE && endChecked() != QUORVAN_NO_FILING) {
     EXPECT_EQ(savedElements("checked.xml", "CKtZantoLine").size(), 1U);
   }
   return result != QUORVAN_DONE;
@@ -205,7 +205,7 @@ TEST(NoMemoryForTwins, AFilingIsOpenedOrNotAndOpensNextTime) {
     }
     EXPECT_EQ(startFilingChecked(L"checked.xml"), QUORVAN_DONE);
     EXPECT_EQ(call(exportLineChecked), QUORVAN_DONE);
-    EXPECT_EQ(end(), QUORVAN_DONE);
+    EXPECT_EQ(endChecked(), QUORVAN_DONE);
     EXPECT_EQ(savedElements("checked.xml", "CKtZantoLine").size(), 1U);
     return result != QUORVAN_DONE;
   });

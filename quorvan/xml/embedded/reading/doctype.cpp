@@ -7,9 +7,6 @@ namespace quorvan::embedded {
 
 namespace {
 
-constexpr std::string_view kDoctypeBegin = "<!DOCTYPE";
-constexpr const char* kBadName = "a name that XML does not allow";
-
 constexpr std::string_view kInstructionBegin = "<?";
 constexpr std::string_view kCommentBegin = "<!--";
 

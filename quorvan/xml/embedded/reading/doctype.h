@@ -16,6 +16,10 @@
 
 namespace quorvan::embedded {
 
+inline constexpr std::string_view kDoctypeBegin = "<!DOCTYPE";
+// Why a file is refused.
+inline constexpr const char* kBadName = "a name that XML does not allow";
+
 struct Doctype {
   std::string source;  // as it stands in the file, in UTF-8; empty without one
   EntityGraph entities;

@@ -1,5 +1,3 @@
-// The limits on what entities may do are declared with this only.
-#define XML_DTD  // NOLINT(readability-identifier-naming)
 #include <quorvan/xml/embedded/reading/expat_parser.h>
 
 #include <algorithm>

@@ -18,9 +18,7 @@ namespace quorvan::embedded {
 
 namespace {
 
-constexpr std::string_view kDoctypeBegin = "<!DOCTYPE";
 constexpr std::string_view kSpaceName = "xml:space";
-constexpr const char* kBadName = "a name that XML does not allow";
 constexpr const char* kUnknownEntity = "an entity is not declared";
 
 // Whether both sides of the first colon, or the name without one, may name something.
