@@ -15,11 +15,6 @@ class CKtFiler;
 /// empty until they are set.
 class QUORVAN_API CKtZantoPolygonBar {
  public:
-  /// The most points that reading takes on trust: an element whose "NoPoints" announces more, and
-  /// more than it has items, is refused with result 0 and no points, since its points would be held
-  /// whether the file has them or not.
-  static constexpr long kMaxPoints = 1000000;
-
   CKtZantoPolygonBar() = default;
   CKtZantoPolygonBar(const CKtZantoPolygonBar& other) = default;
   CKtZantoPolygonBar& operator=(const CKtZantoPolygonBar& other) = default;

@@ -10,8 +10,7 @@ struct CKtZantoPolygonBarItems {
   static constexpr auto kTable = [] {
     using namespace quorvan::items;  // NOLINT(google-build-using-namespace)
     return table("CKtZantoPolygonBar", OwnFiler::kWhileReading,
-                 NumberedPoints<CKtZantoPolygonBar, CKtZantoPolygonBar::kMaxPoints>{
-                     "NoPoints", &CKtZantoPolygonBar::m_points},
+                 NumberedPoints{"NoPoints", &CKtZantoPolygonBar::m_points},
                  Plain{"HookLength1", &CKtZantoPolygonBar::m_hookLength1},
                  Plain{"HookLength2", &CKtZantoPolygonBar::m_hookLength2},
                  NumericFlag{"Side", &CKtZantoPolygonBar::m_side},

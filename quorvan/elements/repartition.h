@@ -20,11 +20,6 @@ class QUORVAN_API CKtZantoRepartition {
   /// The view that the distribution is seen in, as the producing program numbers it.
   enum eViewPoint : std::int32_t {};
 
-  /// The most entries that reading takes on trust of one list: a list whose "size" announces more,
-  /// and more than it has items, is skipped and makes the result 0, since missing entries would be
-  /// held like those there.
-  static constexpr long kMaxEntries = 1000000;
-
   CKtZantoRepartition() = default;
   CKtZantoRepartition(const CKtZantoRepartition& other) = default;
   CKtZantoRepartition& operator=(const CKtZantoRepartition& other) = default;

@@ -6,8 +6,7 @@
 #include <quorvan/elements/repartition.h>
 
 struct CKtZantoRepartitionItems {
-  using Distances =
-      quorvan::items::CountedDoubles<CKtZantoRepartition, CKtZantoRepartition::kMaxEntries>;
+  using Distances = quorvan::items::CountedDoubles<CKtZantoRepartition>;
 
   static constexpr auto kTable = [] {
     using namespace quorvan::items;  // NOLINT(google-build-using-namespace)

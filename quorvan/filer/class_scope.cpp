@@ -96,6 +96,7 @@ int CKtFiler::FindClass(const dom::Name& className) {
       return 0;
     }
     found = dom::firstChildNamed(root, className);
+    m_missingLeft = kMissingEntries;
   } else {
     found = dom::nextSiblingNamed(m_currentClass, className);
   }

@@ -50,7 +50,8 @@ CKtFiler::CKtFiler(const CKtFiler& other)
       m_currentClass(other.m_currentClass),
       m_currentVector(other.m_currentVector),
       m_scratch(other.m_scratch),
-      m_searchIndex(other.m_searchIndex) {
+      m_searchIndex(other.m_searchIndex),
+      m_missingLeft(other.m_missingLeft) {
   // The destructor of every filer uninitialises COM, so every constructor initialises it.
   quorvan::platform::initializeCom();
 }

@@ -40,6 +40,11 @@ class Name;
 /// Writes, reads, searches and saves one transfer file.
 class QUORVAN_API CKtFiler {
  public:
+  /// How many entries of lists a file may announce without having them, where reading holds those
+  /// that are missing too: as many in a list as it has, and so many more in all elements of a class
+  /// together that are read in their order. A list that goes beyond is refused.
+  static constexpr long kMissingEntries = 262144;
+
   /// A closed filer, ready to write. Initialises COM for the calling thread.
   CKtFiler();
 
@@ -203,4 +208,5 @@ class QUORVAN_API CKtFiler {
   IXMLDOMNodePtr m_currentVector;             // opened by beginVector
   int m_scratch = 0;                          // 1 for a pattern, whose file is soon deleted
   std::shared_ptr<quorvan::SearchIndex> m_searchIndex;  // made by the first search
+  long m_missingLeft = kMissingEntries;                 // since the walk over a class began
 };

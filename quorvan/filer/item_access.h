@@ -34,6 +34,14 @@ class ItemAccess {
     return filer.read(name, value);
   }
 
+  /// Whether a list may hold so many entries more than the file has: what is taken on trust is
+  /// bounded for a document, see CKtFiler::kMissingEntries.
+  static bool trust(CKtFiler& filer, long entries) noexcept {
+    const bool isEnough = entries <= filer.m_missingLeft;
+    filer.m_missingLeft -= isEnough ? entries : 0;
+    return isEnough;
+  }
+
   /// The element whose children are the items being read: the open vector, else the class.
   static const IXMLDOMNodePtr& scope(const CKtFiler& filer) { return filer.itemScope(); }
 };

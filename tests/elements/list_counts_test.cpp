@@ -204,7 +204,7 @@ TEST(ListCounts, OfAPolygonBar) {
                joined(items);
       },
       [&](const CKtZantoPolygonBar& bar, int result, std::int32_t number) {
-        const bool refused = number > CKtZantoPolygonBar::kMaxPoints;
+        const bool refused = number > CKtFiler::kMissingEntries;
         const long held = refused || number < 0 ? 0 : number;
         ASSERT_EQ(bar.getNoPoints(), held);
         EXPECT_EQ(result, number <= 3 ? 1 : 0);
@@ -231,7 +231,7 @@ TEST(ListCounts, OfARepartition) {
         return joined(withList);
       },
       [&](const CKtZantoRepartition& repartition, int result, std::int32_t number) {
-        const bool refused = number > CKtZantoRepartition::kMaxEntries;
+        const bool refused = number > CKtFiler::kMissingEntries;
         const std::int32_t held = refused || number < 0 ? 0 : number;
         std::vector<double> expected;
         for (std::int32_t i = 1; i <= held; ++i) {
@@ -249,106 +249,132 @@ TEST(ListCounts, OfARepartition) {
 
 // --- the limits ---------------------------------------------------------------------------------
 
-TEST(ListLimits, APolygonBarHoldsPointsUpToItsLimit) {
+std::string polygonBar(long count, const std::vector<CKtPnt3D>& points) {
   auto items = itemTexts<CKtZantoPolygonBar>(sampleValues<CKtZantoPolygonBar>(0));
-  for (const long beyond : {-1L, 0L, 1L}) {
-    const long count = CKtZantoPolygonBar::kMaxPoints + beyond;
-    items[0] = longItem("NoPoints", count) + pointItem("Point1", {1, 1, 1}) +
-               pointItem(numbered("Point", count), {2, 2, 2});
+  items[0] = longItem("NoPoints", count) + pointEntries("Point", points);
+  return classElement("CKtZantoPolygonBar", 1, joined(items));
+}
+
+std::string repartition(long count, const std::vector<double>& distances) {
+  auto items = itemTexts<CKtZantoRepartition>(sampleValues<CKtZantoRepartition>(0));
+  items[6] = listItem("AxisDistancesBottom", count, doubleEntries("DistanceBottom", distances));
+  return classElement("CKtZantoRepartition", 1, joined(items));
+}
+
+CKtFiler opened(const std::string& elements) {
+  writeBytes(kFile, transferFile(elements));
+  CKtFiler filer;
+  EXPECT_EQ(filer.newFiler(kFileName), 1);
+  return filer;
+}
+
+// How many points each of the polygon bars is read with, in their order.
+std::vector<long> pointsOfBars(CKtFiler& filer, std::size_t bars) {
+  std::vector<long> counts;
+  for (std::size_t i = 0; i < bars; ++i) {
     CKtZantoPolygonBar bar;
     bar.addPoint(CKtPnt3D(5, 5, 5));
-    EXPECT_EQ(readItems(joined(items), bar), 0);
+    static_cast<void>(bar.fileIn(&filer));
+    counts.push_back(bar.getNoPoints());
+  }
+  return counts;
+}
+
+constexpr long kLimit = CKtFiler::kMissingEntries;
+
+// As many as there are may be missing without further ado: here two.
+TEST(ListLimits, APolygonBarHoldsMissingPointsUpToTheLimit) {
+  for (const long beyond : {-1L, 0L, 1L}) {
+    const long count = kLimit + 4 + beyond;
+    CKtFiler filer = opened(polygonBar(count, {{1, 1, 1}, {2, 2, 2}}));
+    CKtZantoPolygonBar bar;
+    EXPECT_EQ(bar.fileIn(&filer), 0);
     EXPECT_EQ(bar.getNoPoints(), beyond <= 0 ? count : 0);
     if (beyond <= 0) {
-      EXPECT_EQ(bar.getPoint(0) == CKtPnt3D(1, 1, 1), 1);
-      EXPECT_EQ(bar.getPoint(static_cast<int>(count) - 2) == CKtPnt3D(), 1);
-      EXPECT_EQ(bar.getPoint(static_cast<int>(count) - 1) == CKtPnt3D(2, 2, 2), 1);
+      EXPECT_EQ(bar.getPoint(1) == CKtPnt3D(2, 2, 2), 1);
+      EXPECT_EQ(bar.getPoint(static_cast<int>(count) - 1) == CKtPnt3D(), 1);
     }
+    EXPECT_EQ(bar.getHidden(), true);
   }
 }
 
-TEST(ListLimits, ARepartitionHoldsEntriesUpToItsLimit) {
-  auto items = itemTexts<CKtZantoRepartition>(sampleValues<CKtZantoRepartition>(0));
+TEST(ListLimits, ARepartitionHoldsMissingEntriesUpToTheLimit) {
+  const auto items = itemTexts<CKtZantoRepartition>(sampleValues<CKtZantoRepartition>(0));
   for (const long beyond : {-1L, 0L, 1L}) {
-    const long count = CKtZantoRepartition::kMaxEntries + beyond;
-    items[6] = listItem(
-        "AxisDistancesBottom", count,
-        doubleItem("DistanceBottom1", 4) + doubleItem(numbered("DistanceBottom", count), 5));
-    CKtZantoRepartition repartition;
-    EXPECT_EQ(readItems(joined(items), repartition), 0);
+    const long count = kLimit + 4 + beyond;
+    CKtFiler filer = opened(repartition(count, {4, 5}));
+    CKtZantoRepartition read;
+    EXPECT_EQ(read.fileIn(&filer), 0);
     std::vector<double> values;
-    repartition.getAxisDistancesBottom(values);
+    read.getAxisDistancesBottom(values);
     if (beyond <= 0) {
       ASSERT_EQ(values.size(), static_cast<std::size_t>(count));
       EXPECT_EQ(values.front(), 4.0);
-      EXPECT_EQ(values[values.size() - 2], 4.0);
       EXPECT_EQ(values.back(), 5.0);
     } else {
       EXPECT_TRUE(values.empty());
     }
     // The lists before and after it are read all the same.
-    EXPECT_EQ(describe(repartition)[5], items[5]);
-    EXPECT_EQ(describe(repartition)[7], items[7]);
-    EXPECT_EQ(repartition.getHidden(), true);
+    EXPECT_EQ(describe(read)[5], items[5]);
+    EXPECT_EQ(describe(read)[7], items[7]);
+    EXPECT_EQ(read.getHidden(), true);
   }
 }
 
-// With limits so low that a small file goes beyond them.
-struct Listed {
-  std::vector<CKtPnt3D> points;
+TEST(ListLimits, WhatIsTakenOnTrustIsBoundedForAllElementsOfAClassTogether) {
+  const std::string half = polygonBar(kLimit / 2, {});
+  const std::string one = polygonBar(1, {});
+  CKtFiler filer =
+      opened(half + half + one + half + polygonBar(6, {{1, 1, 1}, {2, 2, 2}, {3, 3, 3}}));
+  const std::vector<long> expected = {kLimit / 2, kLimit / 2, 0, 0, 6};
+  EXPECT_EQ(pointsOfBars(filer, 5), expected);
+}
+
+TEST(ListLimits, AnotherWalkOverTheElementsReadsTheSame) {
+  const std::string half = polygonBar(kLimit / 2, {});
+  CKtFiler filer = opened(half + half + half + repartition(kLimit, {}));
+  const std::vector<long> expected = {kLimit / 2, kLimit / 2, 0};
+  EXPECT_EQ(pointsOfBars(filer, 3), expected);
+  CKtZantoRepartition read;
+  EXPECT_EQ(read.fileIn(&filer), 0);
   std::vector<double> values;
-};
-
-constexpr auto kNumberedPoints =
-    items::table("Listed", items::OwnFiler::kNone,
-                 items::NumberedPoints<Listed, 3>{"NoPoints", &Listed::points});
-constexpr auto kCountedDoubles =
-    items::table("Listed", items::OwnFiler::kNone,
-                 items::CountedDoubles<Listed, 3>{"Values", "Value", &Listed::values});
-
-template <class Table>
-int readListed(const Table& table, const std::string& itemsOfFile, Listed& listed) {
-  writeBytes(kFile, transferFile(classElement("Listed", 1, itemsOfFile)));
-  CKtFiler filer;
-  filer.newFiler(kFileName);
-  return items::fileIn(table, listed, filer);
+  read.getAxisDistancesBottom(values);
+  EXPECT_EQ(values.size(), static_cast<std::size_t>(kLimit));
+  CKtFiler again;
+  EXPECT_EQ(again.newFiler(kFileName), 1);
+  EXPECT_EQ(pointsOfBars(again, 3), expected);
 }
 
-TEST(ListLimits, NumberedPointsBeyondTheLimitAreReadWhenTheyAreThere) {
-  Listed listed;
-  const std::vector<CKtPnt3D> points{{1, 1, 1}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}, {5, 5, 5}};
-  EXPECT_EQ(
-      readListed(kNumberedPoints, longItem("NoPoints", 5) + pointEntries("Point", points), listed),
-      1);
-  EXPECT_EQ(pointTexts(listed.points), pointTexts(points));
+// As many as are there may be missing.
+TEST(ListLimits, WhatTheFileHoldsIsReadWhateverTheLimit) {
+  std::string points;
+  constexpr long kHeld = kLimit + 1000;
+  for (long i = 1; i <= kHeld; ++i) {
+    points += "<Point" + std::to_string(i) + " X=\"1\" Y=\"2\" Z=\"3\"/>";
+  }
+  auto items = itemTexts<CKtZantoPolygonBar>(sampleValues<CKtZantoPolygonBar>(0));
+  for (const long count : {kHeld, 2 * kHeld}) {
+    items[0] = longItem("NoPoints", count) + points;
+    CKtFiler filer = opened(classElement("CKtZantoPolygonBar", 1, joined(items)));
+    CKtZantoPolygonBar bar;
+    EXPECT_EQ(bar.fileIn(&filer), count == kHeld ? 1 : 0);
+    EXPECT_EQ(bar.getNoPoints(), count);
+  }
 }
 
-// One item may be missing here: the number itself is an item too.
-TEST(ListLimits, NumberedPointsBeyondTheLimitAreRefusedWithFewerItems) {
-  Listed listed;
-  const std::vector<CKtPnt3D> points{{1, 1, 1}, {2, 2, 2}, {3, 3, 3}, {4, 4, 4}};
-  const std::string entries = pointEntries("Point", points);
-  EXPECT_EQ(readListed(kNumberedPoints, longItem("NoPoints", 5) + entries, listed), 0);
-  EXPECT_EQ(pointTexts(listed.points), pointTexts(points) + pointItem("P", {0, 0, 0}));
-  EXPECT_EQ(readListed(kNumberedPoints, longItem("NoPoints", 6) + entries, listed), 0);
-  EXPECT_TRUE(listed.points.empty());
-  EXPECT_EQ(readListed(kNumberedPoints, longItem("NoPoints", 3), listed), 0);
-  EXPECT_EQ(listed.points.size(), 3U);
-}
-
-TEST(ListLimits, ACountedListBeyondTheLimitIsReadWhenItIsThere) {
-  Listed listed;
-  const std::vector<double> values{1, 2, 3, 4};
-  const std::string entries = doubleEntries("Value", values);
-  EXPECT_EQ(readListed(kCountedDoubles, listItem("Values", 4, entries), listed), 1);
-  EXPECT_EQ(listed.values, values);
-  EXPECT_EQ(readListed(kCountedDoubles, listItem("Values", 5, entries), listed), 0);
-  EXPECT_TRUE(listed.values.empty());
-  // A stranger counts as an item, not as an entry.
-  EXPECT_EQ(
-      readListed(kCountedDoubles, listItem("Values", 5, entries + longItem("Other", 1)), listed),
-      0);
-  EXPECT_EQ(listed.values, (std::vector<double>{1, 2, 3, 4, 4}));
+// A file of a hundred thousand such elements costs no more than its size and the limit.
+TEST(ListLimits, ManyElementsThatAnnounceMuchAreReadSoon) {
+  const std::string bar = "<CKtZantoPolygonBar><NoPoints long=\"262144\"/></CKtZantoPolygonBar>";
+  std::string bars;
+  for (int i = 0; i < 20'000; ++i) {
+    bars += bar;
+  }
+  CKtFiler filer = opened(bars);
+  long points = 0;
+  for (const long count : pointsOfBars(filer, 20'000)) {
+    points += count;
+  }
+  EXPECT_EQ(points, kLimit);
 }
 
 }  // namespace

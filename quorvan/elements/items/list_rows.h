@@ -229,9 +229,9 @@ struct Segments {
 
 /// A counted list of doubles. It is skipped when it cannot be opened, without lowering the result.
 /// Reading holds as many values as the count says: a missing entry repeats the value before it, in
-/// this list or the one read before, 0 at first. A count above `kLimit` and above the number of
-/// items in the list is refused: no values, and the result is 0.
-template <class Element, long kLimit>
+/// this list or the one read before, 0 at first. A count that goes too far beyond the entries in
+/// the file (CKtFiler::kMissingEntries) is refused: no values, and the result is 0.
+template <class Element>
 struct CountedDoubles {
   dom::Name name;
   std::string_view stem;
@@ -261,25 +261,27 @@ struct CountedDoubles {
       return;
     }
     const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
-    if (!isBelievable(scope, announced, kLimit)) {
+    ItemsInOrder inOrder(scope);
+    const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));
+    const double former = in.entry;
+    const auto trust = [&in](long entries) { return ItemAccess::trust(in.filer, entries); };
+    if (!forEachNumber(inOrder, scope, stem, count, trust, [&](const IXMLDOMNodePtr& item) {
+          in.result &= filer::itemValue(item, &in.entry);
+          (element.*values).push_back(in.entry);
+        })) {
       in.result = 0;
-    } else {
-      ItemsInOrder inOrder(scope);
-      const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));
-      forEachNumber(inOrder, scope, stem, count, [&](const IXMLDOMNodePtr& item) {
-        in.result &= filer::itemValue(item, &in.entry);
-        (element.*values).push_back(in.entry);
-      });
+      in.entry = former;
+      (element.*values).clear();
     }
     in.result &= in.filer.endVector();
   }
 };
 
 /// Points that stand in the class element itself, behind an item with their number. Reading holds
-/// as many points as the number says: a missing one becomes a default point. A number above
-/// `kLimit` and above the number of items in the element is refused: no points, and the result is
-/// 0.
-template <class Element, long kLimit>
+/// as many points as the number says: a missing one becomes a default point. A number that goes too
+/// far beyond the points in the file (CKtFiler::kMissingEntries) is refused: no points, and the
+/// result is 0.
+template <class Element>
 struct NumberedPoints {
   dom::Name name;
   std::vector<CKtPnt3D> Element::*points;
@@ -302,18 +304,18 @@ struct NumberedPoints {
     long announced = 0;
     in.result &= ItemAccess::read(in.filer, name, &announced);
     const IXMLDOMNodePtr& scope = ItemAccess::scope(in.filer);
-    if (!isBelievable(scope, announced, kLimit)) {
-      in.result = 0;
-      return;
-    }
     ItemsInOrder inOrder(scope);
     inOrder.next(name);
     const auto count = static_cast<std::uint32_t>(std::max(announced, 0L));
-    forEachNumber(inOrder, scope, kPointStem, count, [&](const IXMLDOMNodePtr& item) {
-      CKtPnt3D point;
-      in.result &= filer::itemValue(item, &point);
-      (element.*points).push_back(point);
-    });
+    const auto trust = [&in](long entries) { return ItemAccess::trust(in.filer, entries); };
+    if (!forEachNumber(inOrder, scope, kPointStem, count, trust, [&](const IXMLDOMNodePtr& item) {
+          CKtPnt3D point;
+          in.result &= filer::itemValue(item, &point);
+          (element.*points).push_back(point);
+        })) {
+      in.result = 0;
+      (element.*points).clear();
+    }
   }
 };
 

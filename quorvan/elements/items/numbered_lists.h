@@ -28,34 +28,26 @@ bool forEachPresent(ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::str
   return rest.size() == count - done;
 }
 
-/// Whether a list that holds missing entries too may have `count` of them: up to `limit` that is
-/// taken on trust, above it `scope` must have as many children.
-inline bool isBelievable(const IXMLDOMNodePtr& scope, long count, long limit) {
-  if (count <= limit) {
-    return true;
-  }
-  long children = 0;
-  for (IXMLDOMNodePtr child = dom::firstChild(scope); child != nullptr && children < count;
-       child = dom::nextSibling(child)) {
-    ++children;
-  }
-  return children >= count;
-}
-
 /// Calls `take` for each of the entries `stem`1 to `stem``count`, with a null handle for one that
-/// is missing.
-template <class Take>
-void forEachNumber(ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::string_view stem,
-                   std::uint32_t count, const Take& take) {
+/// is missing. As many may be missing as are there; whether so many more may is asked of `trust`
+/// beforehand. Where they may not it returns false, and what was taken does not count.
+template <class Trust, class Take>
+bool forEachNumber(ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::string_view stem,
+                   std::uint32_t count, const Trust& trust, const Take& take) {
   std::uint32_t done = 0;
   while (done < count && inOrder.next(stem, done + 1)) {
     take(inOrder.item());
     ++done;
   }
   if (done == count) {
-    return;
+    return true;
   }
-  for (const NumberedItem& entry : numberedChildren(scope, stem, done + 1, count)) {
+  const std::vector<NumberedItem> rest = numberedChildren(scope, stem, done + 1, count);
+  const std::size_t held = done + rest.size();
+  if (count - held > held && !trust(static_cast<long>(count - 2 * held))) {
+    return false;
+  }
+  for (const NumberedItem& entry : rest) {
     for (; done + 1 < entry.number; ++done) {
       take(IXMLDOMNodePtr());
     }
@@ -65,6 +57,7 @@ void forEachNumber(ItemsInOrder& inOrder, const IXMLDOMNodePtr& scope, std::stri
   for (; done < count; ++done) {
     take(IXMLDOMNodePtr());
   }
+  return true;
 }
 
 }  // namespace quorvan::items
