@@ -1,5 +1,7 @@
 // quorvan draw: the drawing as a detailer draws it.
 
+#include <charconv>
+#include <cmath>
 #include <fstream>
 #include <memory>
 
@@ -10,6 +12,9 @@
 #include <tools/draw/scene_builder.h>
 #include <tools/draw/writers/svg_writer.h>
 #include <tools/files/work_folder.h>
+#include <tools/model/description.h>
+#include <tools/model/item_reader.h>
+#include <tools/text/table.h>
 #ifdef QUORVAN_HAS_CAIRO
 #include <tools/draw/writers/cairo_writer.h>
 #endif
@@ -30,6 +35,11 @@ struct DrawArguments {
   std::string angles = "auto";
   std::string hidden = "dashed";
   std::string marks = "auto";
+  std::string window;
+  std::string title = "strip";
+  std::string language = "auto";
+  std::string layers;
+  std::string without;
 };
 
 template <class Value>
@@ -43,6 +53,8 @@ constexpr Named<AngleUnit> kAngleUnits[] = {{"deg", AngleUnit::kDegrees},
                                             {"rad", AngleUnit::kRadians}};
 constexpr Named<HiddenBars> kHiddenBars[] = {
     {"dashed", HiddenBars::kDashed}, {"off", HiddenBars::kOff}, {"solid", HiddenBars::kSolid}};
+constexpr Named<Title> kTitles[] = {{"strip", Title::kStrip}, {"none", Title::kNone}};
+constexpr Named<Language> kLanguages[] = {{"en", Language::kEnglish}, {"fr", Language::kFrench}};
 constexpr Named<Marks> kMarks[] = {
     {"auto", Marks::kAuto}, {"all", Marks::kAll}, {"none", Marks::kNone}};
 
@@ -55,6 +67,58 @@ std::optional<Value> named(const Named<Value> (&values)[Count], std::string_view
     }
   }
   return std::nullopt;
+}
+
+// The bits of the layers in a list of names with commas between them.
+std::uint32_t layersNamed(std::string_view names) {
+  std::uint32_t layers = 0;
+  while (!names.empty()) {
+    const std::size_t comma = std::min(names.find(','), names.size());
+    const std::string name(names.substr(0, comma));
+    const auto layer = layerNamed(name);
+    if (!layer) {
+      std::string known;
+      for (std::size_t i = 0; i < kLayers; ++i) {
+        known += (i == 0 ? "" : ", ") + std::string(layerName(static_cast<Layer>(i)));
+      }
+      throw Failure('"' + name + "\" is not a layer; there are " + known);
+    }
+    layers |= 1U << static_cast<unsigned>(*layer);
+    names.remove_prefix(std::min(comma + 1, names.size()));
+  }
+  return layers;
+}
+
+// "all", or the least and the most x and y.
+void setWindow(const std::string& text, DrawOptions& options) {
+  if (text.empty()) {
+    return;
+  }
+  options.isWhole = text == "all";
+  if (options.isWhole) {
+    return;
+  }
+  std::vector<double> sides;
+  const char* at = text.data();
+  const char* const end = text.data() + text.size();
+  while (sides.size() < 4) {
+    double value = 0.0;
+    const auto [next, error] = std::from_chars(at, end, value);
+    if (error != std::errc() || !std::isfinite(value) || (next != end && *next != ',')) {
+      break;
+    }
+    sides.push_back(value);
+    at = next == end ? end : next + 1;
+    if (next == end) {
+      break;
+    }
+  }
+  if (sides.size() != 4 || at != end || !(sides[0] < sides[2]) || !(sides[1] < sides[3])) {
+    throw Failure('"' + text +
+                  "\" is not a window; it is all, or least x, least y, most x, most y "
+                  "in the drawing's unit: 0,-500,6000,1200");
+  }
+  options.window = SheetBox{{sides[0], sides[1]}, {sides[2], sides[3]}};
 }
 
 DrawOptions drawOptions(const DrawArguments& arguments) {
@@ -80,6 +144,13 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   result.angles = named(kAngleUnits, arguments.angles);
   result.hidden = named(kHiddenBars, arguments.hidden).value_or(HiddenBars::kDashed);
   result.marks = named(kMarks, arguments.marks).value_or(Marks::kAuto);
+  result.title = named(kTitles, arguments.title).value_or(Title::kStrip);
+  result.language = named(kLanguages, arguments.language);
+  setWindow(arguments.window, result);
+  if (!arguments.layers.empty()) {
+    result.layers = layersNamed(arguments.layers) | layersNamed("title");
+  }
+  result.layers &= ~layersNamed(arguments.without);
   return result;
 }
 
@@ -114,15 +185,51 @@ void writePicture(const TransferFile& file, const Scene& scene, const DrawArgume
   throw Failure(arguments.output + ": the name must end in .svg, .html, .png or .pdf");
 }
 
+// Names the elements that are not on the sheet because they lie far from the others.
+void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& outliers,
+                    Console& console) {
+  constexpr std::size_t kMostNamed = 5;
+  if (outliers.empty()) {
+    return;
+  }
+  console.err << file.name() << ": warning: " << outliers.size()
+              << (outliers.size() == 1 ? " element lies" : " elements lie")
+              << " far from the others and " << (outliers.size() == 1 ? "is" : "are")
+              << " left out (--window all draws everything): ";
+  ItemReader reader(file);
+  for (std::size_t i = 0; i < outliers.size() && i < kMostNamed; ++i) {
+    const Element& element = file.elements()[outliers[i]];
+    console.err << (i == 0 ? "" : "; ") << printable(describe(element, reader.read(element)));
+  }
+  console.err << (outliers.size() > kMostNamed ? "; ...\n" : "\n");
+}
+
+void report(const TransferFile& file, const SceneResult& result, const DrawOptions& options,
+            Console& console) {
+  if (result.leftOut != 0) {
+    console.err << file.name() << ": warning: " << result.leftOut
+                << " elements are left out: they lie beyond what can be drawn\n";
+  }
+  if (!options.window) {
+    reportOutliers(file, result.outliers, console);
+  }
+  if (result.withoutHeight != 0) {
+    console.err << file.name() << ": note: texts without a height are drawn as high as labels: "
+                << result.withoutHeight << '\n';
+  }
+  if (result.darkened != 0) {
+    console.err << file.name()
+                << ": note: colours too pale for paper are drawn darker: " << result.darkened
+                << '\n';
+  }
+}
+
 void draw(const DrawArguments& arguments, Console& console) {
   const DrawOptions drawing = drawOptions(arguments);
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
   const SceneResult result = buildScene(file, drawing, console);
-  if (result.leftOut != 0) {
-    console.err << arguments.file << ": warning: " << result.leftOut
-                << " elements are left out: they lie beyond what can be drawn\n";
-  }
+  report(file, result, drawing, console);
   const WorkFolder folder(toPath(arguments.output));
   writePicture(file, result.scene, arguments, drawing, folder.file());
   folder.moveToTarget();
@@ -149,6 +256,16 @@ void addStyleOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
   oneOf(command.add_option("--hidden", arguments.hidden, "Hidden bars: dashed, off, solid"),
         namesOf(kHiddenBars), run)
       ->capture_default_str();
+  oneOf(command.add_option("--language", arguments.language,
+                           "Language of labels and title: auto, en, fr"),
+        namesOf(kLanguages, {"auto"}), run)
+      ->capture_default_str();
+  oneOf(command.add_option("--title", arguments.title,
+                           "Legend and title block: strip (below the drawing), none"),
+        namesOf(kTitles), run)
+      ->capture_default_str();
+  command.add_option("--layers", arguments.layers, "Only these layers and the title: bars,links");
+  command.add_option("--without", arguments.without, "Not these layers: texts,marks");
   oneOf(command.add_option("--marks", arguments.marks,
                            "Bar marks: auto (those that no text names), all, none"),
         namesOf(kMarks), run)
@@ -158,10 +275,16 @@ void addStyleOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
 void addSheetOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
   CLI::Option* const sheet =
       command.add_option("--sheet", arguments.sheet,
-                         "A0 to A5, upright A0u to A5u, or width x height in mm; A3 unless given");
+                         "A0 to A5, upright A0u to A5u, or width x height in mm; what the drawing "
+                         "needs unless given");
   run.words[sheet] = {"A0", "A1", "A2", "A3", "A4", "A5", "A0u", "A1u", "A2u", "A3u", "A4u", "A5u"};
-  command.add_option("--scale", arguments.scale, "25 for 1:25; the largest usual one unless given")
+  command
+      .add_option("--scale", arguments.scale,
+                  "25 for 1:25; that of the drawing's lettering unless given")
       ->check(CLI::PositiveNumber);
+  command.add_option("--window", arguments.window,
+                     "What to show: least x, least y, most x, most y, or all; what belongs "
+                     "together unless given");
   oneOf(command.add_option("--unit", arguments.unit, "Unit of the drawing's lengths: mm, cm or m"),
         {"mm", "cm", "m"}, run)
       ->capture_default_str();

@@ -1,129 +1,139 @@
 #include <tools/draw/scene_builder.h>
 
 #include <algorithm>
-#include <cmath>
 
+#include <tools/draw/drawing_survey.h>
+#include <tools/draw/element_painter.h>
 #include <tools/draw/labels/legend.h>
-#include <tools/draw/labels/mark_labels.h>
 #include <tools/draw/labels/title_block.h>
-#include <tools/draw/shapes/element_shapes.h>
-#include <tools/model/item_reader.h>
+#include <tools/draw/scene/painted_box.h>
 
 namespace quorvan::tool {
 
 namespace {
 
+constexpr double kLabelLettering = 2.0;  // mm, where the drawing has none
+constexpr double kLeastLabel = 1.8;      // mm
+constexpr double kLargestLabel = 3.5;    // mm
+constexpr double kRoomForLabels = 12.0;  // mm
+constexpr int kMostTries = 3;
+
+// The labels are as high as the drawing's own texts.
+double letteringOf(const ScaleHints& hints, const Sheet& sheet) {
+  const auto height = usualHeight(hints);
+  return height ? std::clamp(*height / sheet.scale(), kLeastLabel, kLargestLabel) : kLabelLettering;
+}
+
 // Draws element by element.
 class Builder {
  public:
-  Builder(const TransferFile& file, const DrawOptions& options)
+  Builder(const TransferFile& file, const DrawOptions& options, Progress& progress)
       : m_file(file),
         m_options(options),
-        m_sheet(extentsOf(file), options),
-        m_sink({m_sheet, options.colors ? *options.colors : guessColorScheme(file),
-                options.angles ? *options.angles : guessAngleUnit(file).unit, options.hidden}),
-        m_reader(file),
-        m_targets(file),
-        m_index(file),
-        m_labels(file, m_sheet, options.marks) {}
+        m_progress(progress),
+        m_angles(options.angles ? *options.angles : guessAngleUnit(file).unit),
+        m_colors(options.colors ? *options.colors : guessColorScheme(file)),
+        m_language(options.language ? *options.language : guessLanguage(file)),
+        m_survey(survey(file, options, m_angles)) {
+    if (m_survey.hasBars && options.marks != Marks::kNone && !m_survey.contents.hints.frame &&
+        !options.window) {
+      m_survey.contents.around = options.scale && !options.sheet ? 0.0 : kRoomForLabels;
+    }
+  }
 
-  SceneResult build(Progress& progress) {
-    // The texts of the drawing have their places; labels make room for them.
-    const std::uint64_t total = m_file.elements().size();
-    for (const Element& element : m_file.elements()) {
-      progress.report(element.place, 2 * total);
-      if (isText(element)) {
-        draw(element);
+  // Labels and wide lines may reach beyond what was measured: then there is more room around it.
+  SceneResult build() {
+    for (int tries = 1;; ++tries) {
+      SceneResult result = buildOnce();
+      const double over = m_overhang;
+      if (over <= 0.0 || tries == kMostTries || m_options.window || m_options.sheet) {
+        result.outliers = m_survey.outliers;
+        return result;
       }
+      m_survey.contents.around += over;
     }
-    for (const Element& element : m_file.elements()) {
-      progress.report(total + element.place, 2 * total);
-      if (element.schema != nullptr && !isText(element)) {
-        draw(element);
-      }
-    }
-    m_labels.draw(m_sink);
-    drawLegend(m_options, m_sink);
-    drawTitleBlock(m_file, m_options, m_sink);
-    SceneResult result;
-    result.scene.width = m_sheet.width();
-    result.scene.height = m_sheet.height();
-    result.scene.title = titleOf(m_file);
-    result.leftOut = m_sink.leftOut();
-    result.scene.shapes = m_sink.take();
-    return result;
   }
 
  private:
-  static bool isText(const Element& element) { return element.is(items::ElementClass::kText); }
+  SceneResult buildOnce() {
+    const Sheet sheet(m_survey.contents, m_options);
+    DrawContext context{sheet, m_colors, m_angles, m_options.hidden, m_language};
+    context.lettering = letteringOf(m_survey.contents.hints, sheet);
+    ShapeSink sink(context);
+    MarkLabels labels(m_file, sheet, m_options.marks);
+    ElementPainter painter(m_file, sink, &labels);
+    drawElements(painter);
+    labels.draw(sink);
+    sink.drawLabels();
+    drawLegend(m_options, sink);
+    drawTitleBlock(m_file, m_options, sink);
+    SceneResult result;
+    result.scene.width = sheet.width();
+    result.scene.height = sheet.height();
+    result.scene.title = titleOf(m_file);
+    if (m_options.window) {
+      result.scene.window = windowOn(sheet);
+    }
+    result.leftOut = sink.leftOut();
+    result.darkened = sink.darkened();
+    result.withoutHeight = sink.withoutHeight();
+    result.scene.shapes = sink.take();
+    std::erase_if(result.scene.shapes,
+                  [this](const Shape& shape) { return !m_options.shows(shape.layer); });
+    m_overhang = overhang(result.scene, sheet.room());
+    return result;
+  }
 
-  void draw(const Element& element) {
-    const std::vector<ItemValue>& items = m_reader.read(element);
-    if (const auto shape = barShapeOf(element)) {
-      drawBarElement(element, toBar(*shape, items));
-    } else if (element.is(items::ElementClass::kRepartition)) {
-      drawSeries(element, toRepartition(items));
-    } else {
-      m_sink.begin(element.place);
-      drawGraphic(element, items, m_sink);
+  void drawElements(ElementPainter& painter) {
+    const std::uint64_t total = m_file.elements().size();
+    auto outlier = m_survey.outliers.begin();
+    for (const Element& element : m_file.elements()) {
+      m_progress.report(element.place, total);
+      if (outlier != m_survey.outliers.end() && *outlier == element.place) {
+        ++outlier;
+        continue;
+      }
+      painter.draw(element);
     }
   }
 
-  [[nodiscard]] bool isOff(bool isHidden) const {
-    return isHidden && m_options.hidden == HiddenBars::kOff;
+  [[nodiscard]] SheetBox windowOn(const Sheet& sheet) const {
+    const PlanePoint size =
+        (m_survey.contents.box.most - m_survey.contents.box.least) * (1.0 / sheet.scale());
+    const PlanePoint center{sheet.width() / 2.0,
+                            (sheet.room().least.y + sheet.room().most.y) / 2.0};
+    return {center - size * 0.5, center + size * 0.5};
   }
 
-  void drawBarElement(const Element& element, const Bar& bar) {
-    if (isOff(bar.isHidden)) {
-      return;
+  // How far the drawing is painted beyond its room.
+  static double overhang(const Scene& scene, const SheetBox& room) {
+    double most = 0.0;
+    for (const Shape& shape : scene.shapes) {
+      if (shape.layer == Layer::kTitle) {
+        continue;
+      }
+      const SheetBox box = paintedBox(shape);
+      most = std::max({most, room.least.x - box.least.x, box.most.x - room.most.x,
+                       room.least.y - box.least.y, box.most.y - room.most.y});
     }
-    m_sink.begin(element.place, bar.isHidden);
-    if (bar.isLink()) {
-      drawLink(bar, m_sink);
-    } else {
-      drawBar(bar, m_sink);
-    }
-    m_labels.look(element, bar, m_sheet);
-  }
-
-  void drawSeries(const Element& element, const Repartition& series) {
-    if (isOff(series.isHidden)) {
-      return;
-    }
-    m_sink.begin(element.place, series.isHidden);
-    const Element* const target = m_index.find(series.className, series.index);
-    const auto shape = barShapeOf(series.className);
-    if (target == nullptr || !shape) {
-      return drawRepartition(series, nullptr, true, m_sink);
-    }
-    const Bar bar = toBar(*shape, m_targets.read(*target));
-    drawRepartition(series, &bar, !isNamed(series, bar), m_sink);
-  }
-
-  // Whether a text of the drawing says what the series is.
-  bool isNamed(const Repartition& series, const Bar& bar) {
-    if (series.hasLine()) {
-      return m_labels.lookAtSeries(bar, m_sheet.place(series.start), m_sheet.place(series.end));
-    }
-    return bar.line.size() > 1 && m_labels.lookAtSeries(bar, m_sheet.place(bar.line.front()),
-                                                        m_sheet.place(bar.line.back()));
+    return most;
   }
 
   const TransferFile& m_file;
   const DrawOptions& m_options;
-  Sheet m_sheet;
-  ShapeSink m_sink;
-  ItemReader m_reader;
-  ItemReader m_targets;
-  ElementIndex m_index;
-  MarkLabels m_labels;
+  Progress& m_progress;
+  AngleUnit m_angles;
+  ColorScheme m_colors;
+  Language m_language;
+  DrawingSurvey m_survey;
+  double m_overhang = 0.0;
 };
 
 }  // namespace
 
 SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console) {
   Progress progress(console, "drawing " + file.name());
-  return Builder(file, options).build(progress);
+  return Builder(file, options, progress).build();
 }
 
 }  // namespace quorvan::tool

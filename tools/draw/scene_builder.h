@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include <tools/console/console.h>
 #include <tools/draw/scene/draw_options.h>
@@ -12,7 +14,10 @@ namespace quorvan::tool {
 
 struct SceneResult {
   Scene scene;
-  std::uint64_t leftOut = 0;  // elements whose coordinates are beyond what can be drawn
+  std::uint64_t leftOut = 0;            // elements whose coordinates are beyond what can be drawn
+  std::vector<std::uint32_t> outliers;  // elements that lie far from the others, and are not drawn
+  std::uint64_t darkened = 0;           // elements whose colour would be too pale to read
+  std::uint64_t withoutHeight = 0;      // texts without a height, which got one
 };
 
 SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console);

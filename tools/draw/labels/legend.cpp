@@ -29,15 +29,14 @@ double widthOf(std::string_view text) {
 }
 
 std::vector<Entry> entriesOf(const ShapeSink& sink) {
+  const Wording& words = wordingOf(sink.context().language);
   const Style end{ink::kBars, 0.0, true};
-  const Entry all[] = {{Layer::kFormwork, {ink::kFormwork, pen::kMedium}, "formwork"},
-                       {Layer::kMeshes, {ink::kMeshes, pen::kMedium}, "mesh"},
-                       {Layer::kBars, {ink::kBars, 0.7}, "bar"},
-                       {Layer::kLinks, {ink::kLinks, 0.4}, "link"},
-                       {Layer::kEndOn, end, "bar seen end-on"},
-                       {Layer::kRepartitions,
-                        {ink::kRepartitions, pen::kThin},
-                        "repartition: (mark) number, diameter / spacing"}};
+  const Entry all[] = {{Layer::kFormwork, {ink::kFormwork, pen::kFormwork}, words.formwork},
+                       {Layer::kMeshes, {ink::kMeshes, pen::kMedium}, words.mesh},
+                       {Layer::kBars, {ink::kBars, 0.7}, words.bar},
+                       {Layer::kLinks, {ink::kLinks, 0.4}, words.link},
+                       {Layer::kEndOn, end, words.endOn},
+                       {Layer::kRepartitions, {ink::kRepartitions, pen::kThin}, words.repartition}};
   std::vector<Entry> entries;
   for (const Entry& entry : all) {
     if (sink.has(entry.layer)) {
@@ -45,7 +44,7 @@ std::vector<Entry> entriesOf(const ShapeSink& sink) {
     }
   }
   if (sink.hasHidden() && sink.context().hidden == HiddenBars::kDashed) {
-    entries.push_back({Layer::kBars, {ink::kBars, 0.5, false, true}, "hidden"});
+    entries.push_back({Layer::kBars, {ink::kBars, 0.5, false, true}, words.hidden});
   }
   return entries;
 }
@@ -104,6 +103,9 @@ void drawScale(const DrawOptions& options, ShapeSink& sink) {
 }  // namespace
 
 void drawLegend(const DrawOptions& options, ShapeSink& sink) {
+  if (!sink.sheet().hasTitle()) {
+    return;
+  }
   sink.begin(kNoElement);
   const std::vector<Entry> entries = entriesOf(sink);
   const double room = sink.sheet().width() - kMargin - kScaleRoom;

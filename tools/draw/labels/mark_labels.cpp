@@ -2,24 +2,24 @@
 
 #include <algorithm>
 
-#include <tools/text/number_text.h>
+#include <tools/schedule/bar_list.h>
 
 namespace quorvan::tool {
 
 namespace {
 
-constexpr double kBubble = 2.2;         // mm, radius
-constexpr double kMarkLettering = 2.0;  // mm, height of capitals
-constexpr double kCharacter = 1.6;      // mm, width
-constexpr double kMarkGap = 0.6;        // mm
 constexpr double kAlong[] = {0.5, 0.3, 0.7, 0.15, 0.85};
-constexpr double kAway[] = {5.0, -5.0, 9.0, -9.0, 14.0, -14.0};
 
 }  // namespace
 
 MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks) : m_marks(marks) {
   if (marks == Marks::kAuto) {
     m_texts.emplace(file, sheet);
+  }
+  if (marks != Marks::kNone) {
+    for (const BarRow& row : makeBarList(file, kLengthUnits[0]).rows) {
+      m_numbers[row.mark] += row.number();
+    }
   }
 }
 
@@ -29,7 +29,13 @@ void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet
   }
   const bool canBeNamed = m_texts && m_texts->has(bar.reference);
   // A bar with bends is marked at its longest leg, a ring at its side.
-  Labelled one{element.place, bar.reference, bar.diameter, bar.isHidden, -1.0, {}, {}};
+  Labelled one;
+  one.element = element.place;
+  one.mark = bar.reference;
+  one.diameter = bar.diameter;
+  one.isSmooth = bar.adherence == "Dx";
+  one.isHidden = bar.isHidden;
+  one.length = bar.hasLength() ? lengthOf(bar) : 0.0;
   for (std::size_t i = 0; i < bar.line.size(); ++i) {
     const PlanePoint from = sheet.place(bar.line[i == 0 ? 0 : i - 1]);
     const PlanePoint to = sheet.place(bar.line[i]);
@@ -76,46 +82,27 @@ void MarkLabels::draw(ShapeSink& sink) {
   }
 }
 
-// A bubble with the mark, the diameter beside it, and a leader to the bar.
+// The mark in a bubble, what the bar list says of it, and a leader to the bar.
 void MarkLabels::drawOne(const Labelled& bar, ShapeSink& sink) {
-  const std::string mark = std::to_string(bar.mark);
-  const std::string size = "\u00D8" + rounded(bar.diameter, 2);
-  const double bubble =
-      std::max(kBubble, kMarkGap + kCharacter * static_cast<double>(mark.size()) / 2.0);
-  const double width = 2.0 * bubble + kMarkGap + kCharacter * static_cast<double>(size.size() - 1);
-  const PlanePoint across = leftOf(directionOf(bar.to - bar.from));
-  PlanePoint anchor = (bar.from + bar.to) * 0.5;
-  PlanePoint center = anchor + across * kAway[0];
-  const auto findRoom = [&] {
-    for (const double away : kAway) {
-      for (const double along : kAlong) {
-        anchor = bar.from + (bar.to - bar.from) * along;
-        center = anchor + across * away;
-        const SheetBox box{center - PlanePoint{bubble, bubble},
-                           center + PlanePoint{width - bubble, bubble}};
-        if (sink.taken().isFree({box})) {
-          return sink.taken().take({box});
-        }
-      }
-    }
-  };
-  findRoom();
-  sink.begin(bar.element, bar.isHidden);
-  const Style style{ink::kMarks, pen::kThin};
-  Style bubbleStyle = style;
-  bubbleStyle.isOnPaper = true;
-  Path leader;
-  leader.moveTo(anchor);
-  leader.lineTo(center - directionOf(center - anchor) * bubble);
-  sink.addPath(Layer::kMarks, style, std::move(leader));
-  sink.addCircle(Layer::kMarks, bubbleStyle, center, bubble);
-  sink.addText(Layer::kMarks, ink::kMarks,
-               {mark, center, kMarkLettering, 0.0, AlignX::kCentre, AlignY::kMiddle});
-  const PlanePoint beside = center + PlanePoint{bubble + kMarkGap, 0.0};
-  Style sizeStyle{ink::kMarks, 0.0, true};
-  sizeStyle.isOnPaper = true;
-  sink.addText(Layer::kMarks, sizeStyle,
-               {size, beside, kMarkLettering, 0.0, AlignX::kLeft, AlignY::kMiddle});
+  const double unit = sink.sheet().unit();
+  BarWords words;
+  words.mark = bar.mark;
+  words.diameter = bar.diameter * unit;
+  words.isSmooth = bar.isSmooth;
+  words.lengthInMetres = bar.length * unit / 1000.0;
+  if (const auto number = m_numbers.find(bar.mark); number != m_numbers.end()) {
+    words.number = number->second;
+  }
+  Callout callout;
+  callout.color = ink::kMarks;
+  callout.mark = std::to_string(bar.mark);
+  callout.text = barText(words, sink.context().language);
+  callout.element = bar.element;
+  callout.isHidden = bar.isHidden;
+  for (const double along : kAlong) {
+    callout.anchors.push_back(bar.from + (bar.to - bar.from) * along);
+  }
+  sink.addCallout(std::move(callout));
 }
 
 }  // namespace quorvan::tool

@@ -31,11 +31,13 @@ class MarkLabels {
 
  private:
   struct Labelled {
-    std::uint32_t element;
-    std::int64_t mark;
-    double diameter;
-    bool isHidden;
-    double size;  // of the bar on the sheet
+    std::uint32_t element = kNoElement;
+    std::int64_t mark = 0;
+    double diameter = 0.0;
+    bool isSmooth = false;
+    bool isHidden = false;
+    double length = 0.0;
+    double size = -1.0;  // of the bar on the sheet
     PlanePoint from;
     PlanePoint to;
   };
@@ -43,8 +45,9 @@ class MarkLabels {
   void drawOne(const Labelled& bar, ShapeSink& sink);
 
   Marks m_marks;
-  std::optional<MarkTexts> m_texts;  // that the drawing has
-  std::set<std::int64_t> m_named;    // by these texts
+  std::optional<MarkTexts> m_texts;                           // that the drawing has
+  std::unordered_map<std::int64_t, std::uint64_t> m_numbers;  // of bars, by mark
+  std::set<std::int64_t> m_named;                             // by these texts
   std::vector<Labelled> m_bars;
   std::unordered_map<std::int64_t, std::size_t> m_places;  // of the marks among m_bars
 };

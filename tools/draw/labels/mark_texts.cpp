@@ -161,7 +161,12 @@ std::optional<MarkText> markIn(std::string_view text) {
   if (const auto number = at.number()) {
     Cursor behind = at;
     behind.skipBlanks();
-    return behind.atEnd() ? MarkText{*number, true, std::nullopt} : numberWithBar(at, *number);
+    if (behind.atEnd()) {
+      return MarkText{*number, true, std::nullopt};
+    }
+    if (const auto found = numberWithBar(at, *number)) {
+      return found;
+    }
   }
   for (std::size_t begin = 0; begin < text.size(); ++begin) {
     if (begin == 0 || (!isLetter(text[begin - 1]) && isLetter(text[begin]))) {

@@ -87,6 +87,19 @@ Color colorOf(std::int64_t number, ColorScheme scheme) noexcept {
   return color == Color{255, 255, 255} ? Color() : color;
 }
 
+Color legibleOnPaper(Color color) noexcept {
+  constexpr double kBrightest = 190.0;  // of 255, as the eye weighs the parts
+  constexpr double kDarkened = 130.0;
+  const double brightness = 0.299 * color.red + 0.587 * color.green + 0.114 * color.blue;
+  if (brightness <= kBrightest) {
+    return color;
+  }
+  const auto darker = [&](std::uint8_t value) {
+    return static_cast<std::uint8_t>(value * kDarkened / brightness);
+  };
+  return {darker(color.red), darker(color.green), darker(color.blue)};
+}
+
 std::string webColor(Color color) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string text = "#";

@@ -32,6 +32,9 @@ ColorScheme guessColorScheme(const TransferFile& file);
 /// The colour on white paper: what the palette has as white is black.
 Color colorOf(std::int64_t number, ColorScheme scheme) noexcept;
 
+/// The colour, or a darker one of its hue where it could hardly be seen on white paper.
+Color legibleOnPaper(Color color) noexcept;
+
 /// "#1a2b3c".
 std::string webColor(Color color);
 

@@ -1,99 +1,201 @@
 #include <tools/draw/scene/occupancy.h>
 
 #include <algorithm>
+#include <cmath>
 
-#include <tools/draw/scene/lettering_metrics.h>
-#include <tools/draw/scene/text_width.h>
+#include <tools/draw/scene/painted_box.h>
 
 namespace quorvan::tool {
 
 namespace {
 
-constexpr double kCell = 10.0;           // mm
-constexpr double kLargestBox = 50.0;     // mm: what is larger is no obstacle, but a background
-constexpr double kFarthest = 1e6;        // mm: nothing there is read
-constexpr std::size_t kMostBoxes = 200;  // of one text
-constexpr std::size_t kFullCell = 64;    // boxes; such a cell is taken altogether
-
-bool isSensible(const SheetBox& box) {
-  const double width = box.most.x - box.least.x;
-  const double height = box.most.y - box.least.y;
-  return width <= kLargestBox && height <= kLargestBox && std::abs(box.least.x) <= kFarthest &&
-         std::abs(box.least.y) <= kFarthest;
-}
-
-bool overlap(const SheetBox& a, const SheetBox& b) {
-  return a.least.x < b.most.x && b.least.x < a.most.x && a.least.y < b.most.y &&
-         b.least.y < a.most.y;
-}
-
-// Calls with the number of each cell that the box touches, until one call gives false.
-template <class Call>
-bool forCells(const SheetBox& box, Call call) {
-  const auto cell = [](double place) {
-    return static_cast<std::int64_t>(std::floor(place / kCell));
-  };
-  for (std::int64_t x = cell(box.least.x); x <= cell(box.most.x); ++x) {
-    for (std::int64_t y = cell(box.least.y); y <= cell(box.most.y); ++y) {
-      if (!call(x * 1000003 + y)) {
-        return false;
-      }
-    }
-  }
-  return true;
-}
+constexpr double kMostCells = 8e6;
+constexpr int kArcParts = 12;
+constexpr double kCosts[] = {20.0, 5.0, 1.0};  // of a text, a line, concrete, a cell each
+constexpr double kBesideSheet = 200.0;         // the sheet
 
 }  // namespace
 
-std::vector<SheetBox> boxesOf(const Lettering& text) {
-  const double height = std::abs(text.height);
-  const double width = textWidth(text.text, height);
-  std::vector<SheetBox> boxes;
-  if (!(height > 0.0) || !(height <= kLargestBox) || !(width > 0.0)) {
-    return boxes;
+Occupancy::Occupancy(double width, double height) {
+  if (!(width > 0.0 && height > 0.0 && std::isfinite(width * height))) {
+    width = height = 1.0;
   }
-  const PlanePoint along = turned({1.0, 0.0}, text.angle);
-  const PlanePoint up = leftOf(along);
-  const double share = text.alignX == AlignX::kCentre  ? 0.5
-                       : text.alignX == AlignX::kRight ? 1.0
-                                                       : 0.0;
-  const PlanePoint begin = baseOf(text) - along * (share * width);
-  const bool isLevel = std::abs(along.y) < 1e-6 || std::abs(along.x) < 1e-6;
-  const double step = isLevel ? std::min(width, kLargestBox / 2.0) : height;
-  for (double at = 0.0; at < width && boxes.size() < kMostBoxes; at += step) {
-    const PlanePoint from = begin + along * at;
-    const PlanePoint to = begin + along * std::min(at + step, width) + up * height;
-    boxes.push_back({{std::min(from.x, to.x), std::min(from.y, to.y)},
-                     {std::max(from.x, to.x), std::max(from.y, to.y)}});
-  }
-  return boxes;
+  m_cell = std::max(0.5, std::sqrt(width * height / kMostCells));
+  m_columns = static_cast<int>(std::min(width / m_cell, kMostCells)) + 1;
+  m_rows = static_cast<int>(std::min(height / m_cell, kMostCells / m_columns)) + 1;
+  m_cells.resize(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows));
 }
 
-bool Occupancy::isFree(const std::vector<SheetBox>& boxes) const {
-  return std::ranges::all_of(boxes, [this](const SheetBox& box) {
-    return !isSensible(box) || forCells(box, [&](std::int64_t cell) {
-      const auto found = m_cells.find(cell);
-      return found == m_cells.end() ||
-             (found->second.size() < kFullCell &&
-              std::ranges::none_of(found->second,
-                                   [&](const SheetBox& taken) { return overlap(taken, box); }));
-    });
-  });
+int Occupancy::column(double x) const {
+  return static_cast<int>(std::clamp(std::floor(x / m_cell), -2.0, m_columns + 1.0));
 }
 
-void Occupancy::take(const std::vector<SheetBox>& boxes) {
-  for (const SheetBox& box : boxes) {
-    if (!isSensible(box)) {
-      continue;
+int Occupancy::row(double y) const {
+  return static_cast<int>(std::clamp(std::floor(y / m_cell), -2.0, m_rows + 1.0));
+}
+
+void Occupancy::takeAt(int x, int y, Kind kind) {
+  if (x >= 0 && y >= 0 && x < m_columns && y < m_rows) {
+    m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
+            static_cast<std::size_t>(x)] |= static_cast<std::uint8_t>(kind);
+  }
+}
+
+double Occupancy::costAt(int x, int y) const {
+  if (x < 0 || y < 0 || x >= m_columns || y >= m_rows) {
+    return kBesideSheet;
+  }
+  const unsigned cell = m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
+                                static_cast<std::size_t>(x)];
+  return ((cell & 1U) != 0 ? kCosts[0] : 0.0) + ((cell & 2U) != 0 ? kCosts[1] : 0.0) +
+         ((cell & 4U) != 0 ? kCosts[2] : 0.0);
+}
+
+// Calls for points no farther apart than a cell, as far as they lie near the sheet.
+template <class Call>
+void Occupancy::along(PlanePoint from, PlanePoint to, Call call) const {
+  const SheetBox sheet{{-m_cell, -m_cell}, {(m_columns + 1) * m_cell, (m_rows + 1) * m_cell}};
+  SheetBox box{from, from};
+  box.include(to);
+  if (!isFinite(from) || !isFinite(to) || !box.meets(sheet)) {
+    return;
+  }
+  // Only the part over the sheet is walked.
+  double begin = 0.0;
+  double end = 1.0;
+  const auto cut = [&](double at, double way, double least, double most) {
+    if (way != 0.0) {
+      const double a = (least - at) / way;
+      const double b = (most - at) / way;
+      begin = std::max(begin, std::min(a, b));
+      end = std::min(end, std::max(a, b));
     }
-    forCells(box, [&](std::int64_t cell) {
-      std::vector<SheetBox>& taken = m_cells[cell];
-      if (taken.size() < kFullCell) {
-        taken.push_back(box);
-      }
-      return true;
-    });
+  };
+  cut(from.x, to.x - from.x, sheet.least.x, sheet.most.x);
+  cut(from.y, to.y - from.y, sheet.least.y, sheet.most.y);
+  const double length = lengthOf(to - from) * (end - begin);
+  if (!(end >= begin) || !(length < 1e7)) {
+    return;
   }
+  const int parts = static_cast<int>(length / m_cell) + 1;
+  for (int i = 0; i <= parts; ++i) {
+    call(from + (to - from) * (begin + (end - begin) * i / parts));
+  }
+}
+
+// Calls for points all over the text.
+template <class Call>
+void Occupancy::over(const Lettering& text, Call call) const {
+  const TextCorners box = cornersOf(text);
+  const PlanePoint up = box.corners[3] - box.corners[0];
+  const double height = lengthOf(up);
+  if (!(height > 0.0) || !(height < 1e4)) {
+    return;
+  }
+  const int parts = static_cast<int>(height / m_cell) + 1;
+  for (int i = 0; i <= parts; ++i) {
+    const PlanePoint lift = up * (static_cast<double>(i) / parts);
+    along(box.corners[0] + lift, box.corners[1] + lift, call);
+  }
+}
+
+void Occupancy::take(const SheetBox& box, Kind kind) {
+  if (box.isEmpty()) {
+    return;
+  }
+  for (int y = std::max(0, row(box.least.y)); y <= std::min(m_rows - 1, row(box.most.y)); ++y) {
+    for (int x = std::max(0, column(box.least.x)); x <= std::min(m_columns - 1, column(box.most.x));
+         ++x) {
+      takeAt(x, y, kind);
+    }
+  }
+}
+
+void Occupancy::take(const Lettering& text) {
+  over(text, [this](PlanePoint point) { takeAt(column(point.x), row(point.y), Kind::kText); });
+}
+
+void Occupancy::take(const Path& path, Kind kind) {
+  const auto mark = [&](PlanePoint point) { takeAt(column(point.x), row(point.y), kind); };
+  PlanePoint at;
+  PlanePoint start;
+  for (const PathStep& step : path.steps()) {
+    if (step.kind == PathStep::Kind::kMove) {
+      start = step.to;
+    } else if (step.kind == PathStep::Kind::kClose) {
+      along(at, start, mark);
+      continue;
+    } else if (step.kind == PathStep::Kind::kLine) {
+      along(at, step.to, mark);
+    } else {
+      const PlanePoint out = at - step.center;
+      for (int i = 0; i < kArcParts; ++i) {
+        along(step.center + turned(out, step.sweep * i / kArcParts),
+              step.center + turned(out, step.sweep * (i + 1) / kArcParts), mark);
+      }
+    }
+    at = step.to;
+  }
+}
+
+void Occupancy::fill(const std::vector<PlanePoint>& outline, Kind kind) {
+  SheetBox box = SheetBox::none();
+  for (const PlanePoint point : outline) {
+    box.include(point);
+  }
+  if (box.isEmpty() || !isFinite(box.least) || !isFinite(box.most)) {
+    return;
+  }
+  std::vector<double> crossings;
+  for (int y = std::max(0, row(box.least.y)); y <= std::min(m_rows - 1, row(box.most.y)); ++y) {
+    const double level = (y + 0.5) * m_cell;
+    crossings.clear();
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+      const PlanePoint a = outline[i];
+      const PlanePoint b = outline[(i + 1) % outline.size()];
+      if ((a.y > level) != (b.y > level)) {
+        crossings.push_back(a.x + (b.x - a.x) * (level - a.y) / (b.y - a.y));
+      }
+    }
+    std::ranges::sort(crossings);
+    for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
+      const int last = std::min(m_columns - 1, column(crossings[i + 1]));
+      for (int x = std::max(0, column(crossings[i])); x <= last; ++x) {
+        takeAt(x, y, kind);
+      }
+    }
+  }
+}
+
+double Occupancy::cost(const SheetBox& box) const {
+  double sum = 0.0;
+  for (int y = row(box.least.y); y <= row(box.most.y); ++y) {
+    for (int x = column(box.least.x); x <= column(box.most.x); ++x) {
+      sum += costAt(x, y);
+    }
+  }
+  return sum;
+}
+
+double Occupancy::cost(const Lettering& text) const {
+  SheetBox box = SheetBox::none();
+  for (const PlanePoint corner : cornersOf(text).corners) {
+    box.include(corner);
+  }
+  double sum = 0.0;
+  // What lies beside the sheet is not walked over.
+  if (box.least.x < 0.0 || box.least.y < 0.0 || box.most.x > m_columns * m_cell ||
+      box.most.y > m_rows * m_cell) {
+    sum = kBesideSheet * (box.width() + box.height());
+  }
+  over(text, [&](PlanePoint point) { sum += costAt(column(point.x), row(point.y)); });
+  return sum;
+}
+
+double Occupancy::cost(PlanePoint from, PlanePoint to) const {
+  double sum = 0.0;
+  along(from, to, [&](PlanePoint point) { sum += costAt(column(point.x), row(point.y)); });
+  return sum;
 }
 
 }  // namespace quorvan::tool

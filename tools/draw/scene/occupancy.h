@@ -1,33 +1,49 @@
-// Which parts of the sheet are taken by texts and marks already.
+// What covers which part of the sheet, so that what is added finds room.
 #pragma once
 
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 #include <tools/draw/scene/scene.h>
+#include <tools/draw/scene/sheet_box.h>
 
 namespace quorvan::tool {
 
-/// An upright rectangle on the sheet.
-struct SheetBox {
-  PlanePoint least;
-  PlanePoint most;
-};
-
-/// The boxes that a text covers, one behind the other along its base line: the box around a text
-/// at an angle would cover much more. Its width is an estimate.
-std::vector<SheetBox> boxesOf(const Lettering& text);
-
+/// A fine grid over the sheet. What lies beside the sheet is taken.
 class Occupancy {
  public:
-  /// Whether nothing that was taken overlaps any of the boxes.
-  [[nodiscard]] bool isFree(const std::vector<SheetBox>& boxes) const;
+  enum class Kind : std::uint8_t { kText = 1, kLine = 2, kConcrete = 4 };
 
-  void take(const std::vector<SheetBox>& boxes);
+  Occupancy(double width, double height);
+
+  void take(const SheetBox& box, Kind kind);
+  void take(const Lettering& text);
+  /// The lines and arcs of the path.
+  void take(const Path& path, Kind kind);
+  /// The inside of the outline.
+  void fill(const std::vector<PlanePoint>& outline, Kind kind);
+
+  /// 0 where nothing is covered; else the more, the worse it is to cover: texts count most, then
+  /// lines, then concrete.
+  [[nodiscard]] double cost(const SheetBox& box) const;
+  [[nodiscard]] double cost(const Lettering& text) const;
+  /// Of a thin line.
+  [[nodiscard]] double cost(PlanePoint from, PlanePoint to) const;
 
  private:
-  std::unordered_map<std::int64_t, std::vector<SheetBox>> m_cells;
+  [[nodiscard]] int column(double x) const;
+  [[nodiscard]] int row(double y) const;
+  [[nodiscard]] double costAt(int x, int y) const;
+  void takeAt(int x, int y, Kind kind);
+  template <class Call>
+  void along(PlanePoint from, PlanePoint to, Call call) const;
+  template <class Call>
+  void over(const Lettering& text, Call call) const;
+
+  double m_cell = 0.5;  // mm
+  int m_columns = 1;
+  int m_rows = 1;
+  std::vector<std::uint8_t> m_cells;
 };
 
 }  // namespace quorvan::tool

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include <tools/draw/scene/colors.h>
 #include <tools/draw/scene/path.h>
 #include <tools/draw/scene/plane_point.h>
+#include <tools/draw/scene/sheet_box.h>
 
 namespace quorvan::tool {
 
@@ -32,6 +34,9 @@ inline constexpr std::size_t kLayers = 12;
 
 /// "formwork", "bars" and so on.
 std::string_view layerName(Layer layer) noexcept;
+
+/// The layer of that name; nothing for any other.
+std::optional<Layer> layerNamed(std::string_view name) noexcept;
 
 /// How something is drawn. Nothing is stroked at a width of 0.
 struct Style {
@@ -79,7 +84,8 @@ struct Scene {
   double width = 0.0;
   double height = 0.0;
   std::string title;
-  std::vector<Shape> shapes;  // by layer, then in the order of the file
+  std::optional<SheetBox> window;  // the drawing shows nothing beyond it
+  std::vector<Shape> shapes;       // by layer, then in the order of the file
 };
 
 }  // namespace quorvan::tool

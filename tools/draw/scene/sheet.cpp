@@ -9,8 +9,9 @@ namespace quorvan::tool {
 namespace {
 
 constexpr double kMillimetresPerMetre = 1000.0;
-constexpr double kUsualScales[] = {1, 2, 2.5, 5, 10, 20, 25, 50, 75};
 constexpr double kMostSheet = 20000.0;  // mm
+constexpr double kMostAround = 4000.0;  // mm, of a sheet made around a drawing without being asked
+constexpr double kLeastSize = 1e-3;     // mm, of a drawing of one point
 
 struct NamedSheet {
   std::string_view name;
@@ -19,18 +20,7 @@ struct NamedSheet {
 
 constexpr NamedSheet kSheets[] = {{"A0", {1189, 841}}, {"A1", {841, 594}}, {"A2", {594, 420}},
                                   {"A3", {420, 297}},  {"A4", {297, 210}}, {"A5", {210, 148}}};
-
-// The first usual scale, and then ten and a hundred times those, that is not below `least`.
-double usualScale(double least) {
-  for (double power = 1.0; power < 1e15; power *= 100.0) {
-    for (const double scale : kUsualScales) {
-      if (scale * power >= least) {
-        return scale * power;
-      }
-    }
-  }
-  return least;
-}
+constexpr std::string_view kUsualSheets[] = {"A4", "A3", "A2", "A1", "A0"};
 
 std::optional<double> numberIn(std::string_view text) {
   double value = 0.0;
@@ -44,26 +34,108 @@ std::optional<double> numberIn(std::string_view text) {
 
 }  // namespace
 
-Sheet::Sheet(const std::optional<Extents>& extents, const DrawOptions& options)
-    : m_plane(options.plane) {
-  const PlanePoint least = extents ? projected(extents->least) : PlanePoint();
-  const PlanePoint most = extents ? projected(extents->most) : PlanePoint();
-  const double unit = options.unit->inMetres * kMillimetresPerMetre;
-  const PlanePoint size = (most - least) * unit;
+Sheet Sheet::natural(const DrawOptions& options) {
+  return {options.plane, options.unit->inMetres * kMillimetresPerMetre};
+}
+
+Sheet::Sheet(const SheetContents& contents, const DrawOptions& options)
+    : Sheet(options.plane, options.unit->inMetres * kMillimetresPerMetre) {
+  m_hasTitle = options.title == Title::kStrip;
+  const bool isEmpty = contents.box.isEmpty();
+  choose(contents, options);
+  m_factor = m_unit / m_scale;
+  const PlanePoint middle{m_size.width / 2.0, (m_size.height + stripHeight()) / 2.0};
+  m_origin = middle - (isEmpty ? PlanePoint() : contents.box.center() * (1.0 / m_scale));
+}
+
+void Sheet::choose(const SheetContents& contents, const DrawOptions& options) {
+  const std::optional<double> own = chooseScale(contents.hints);
+  const auto fits = [&](double scale) {
+    const PlanePoint size = sizeAt(scale, contents);
+    const PlanePoint room = roomOn(m_size);
+    return size.x <= room.x && size.y <= room.y;
+  };
   if (options.sheet) {
     m_size = *options.sheet;
   }
-  const double roomX = std::max(1.0, m_size.width - 2 * kMargin);
-  const double roomY = std::max(1.0, m_size.height - 3 * kMargin - kTitleHeight);
-  m_scale =
-      options.scale ? *options.scale : usualScale(std::max({size.x / roomX, size.y / roomY, 1e-3}));
-  m_factor = unit / m_scale;
-  const PlanePoint drawn = (most - least) * m_factor;
-  if (options.scale && !options.sheet) {
-    m_size = {drawn.x + 2 * kMargin, drawn.y + 3 * kMargin + kTitleHeight};
+  if (options.scale) {
+    m_scale = *options.scale;
+    if (!options.sheet) {
+      makeAround(contents);
+    }
+    return;
   }
-  const PlanePoint middle{m_size.width / 2.0, (m_size.height + kTitleHeight + kMargin) / 2.0};
-  m_origin = middle - (least + most) * (m_factor / 2.0);
+  if (own && !options.sheet) {
+    m_scale = *own;
+    return chooseSheet(contents);
+  }
+  if (own && options.sheet) {
+    // The strip never takes the scale away from a drawing that has a title block of its own.
+    const bool hasTitle = m_hasTitle;
+    m_hasTitle = hasTitle && (!contents.hints.frame || fits(*own));
+    if (fits(*own)) {
+      m_scale = *own;
+      return;
+    }
+    m_hasTitle = hasTitle;
+  }
+  const PlanePoint room = roomOn(m_size);
+  const double x = contents.box.isEmpty()
+                       ? 0.0
+                       : contents.box.width() / std::max(1.0, room.x - 2 * contents.around);
+  const double y = contents.box.isEmpty()
+                       ? 0.0
+                       : contents.box.height() / std::max(1.0, room.y - 2 * contents.around);
+  m_scale = usualScale(std::max({x, y, kLeastSize}));
+}
+
+// The smallest usual sheet on which the drawing goes at the scale.
+void Sheet::chooseSheet(const SheetContents& contents) {
+  const PlanePoint size = sizeAt(m_scale, contents);
+  if (!contents.hints.frame) {
+    for (const std::string_view name : kUsualSheets) {
+      for (const char* const turn : {"", "u"}) {
+        const SheetSize sheet = *sheetNamed(std::string(name) + turn);
+        const PlanePoint room = roomOn(sheet);
+        if (size.x <= room.x && size.y <= room.y) {
+          m_size = sheet;
+          return;
+        }
+      }
+    }
+  }
+  if (size.x <= kMostAround && size.y <= kMostAround) {
+    return makeAround(contents);
+  }
+  m_size = {1189, 841};
+  const PlanePoint room = roomOn(m_size);
+  m_scale = usualScale(std::max(contents.box.width() / room.x, contents.box.height() / room.y));
+}
+
+void Sheet::makeAround(const SheetContents& contents) {
+  const PlanePoint size = sizeAt(m_scale, contents);
+  m_size = {size.x + 2 * kMargin, size.y + 2 * kMargin + stripHeight()};
+}
+
+SheetBox Sheet::room() const noexcept {
+  constexpr double kEdge = 2.0;  // mm, of the paper
+  const double bottom = m_hasTitle ? stripHeight() + kMargin / 2.0 : kEdge;
+  return {{kEdge, bottom}, {m_size.width - kEdge, m_size.height - kEdge}};
+}
+
+double Sheet::stripHeight() const noexcept {
+  return m_hasTitle ? kTitleHeight + kMargin : 0.0;
+}
+
+PlanePoint Sheet::roomOn(SheetSize size) const noexcept {
+  return {std::max(1.0, size.width - 2 * kMargin),
+          std::max(1.0, size.height - 2 * kMargin - stripHeight())};
+}
+
+PlanePoint Sheet::sizeAt(double scale, const SheetContents& contents) const noexcept {
+  const PlanePoint around{2 * contents.around, 2 * contents.around};
+  return contents.box.isEmpty() ? around
+                                : (contents.box.most - contents.box.least) * (1.0 / scale) + around;
 }
 
 PlanePoint Sheet::place(const Coordinates& point) const noexcept {

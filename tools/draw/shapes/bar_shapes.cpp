@@ -82,14 +82,23 @@ std::vector<PlanePoint> pointsOf(const Bar& bar, const Sheet& sheet) {
 
 }  // namespace
 
-double penOf(double diameter, double least, const Sheet& sheet) noexcept {
-  const double width = diameter * sheet.factor();
+double penOf(double diameter, const Sheet& sheet) noexcept {
+  constexpr double kThinnest = 0.35;
+  constexpr double kThickestLeast = 0.8;
+  const double width = std::abs(diameter) * sheet.factor();
+  const double least =
+      std::clamp(0.3 + 0.0125 * std::abs(diameter) * sheet.unit(), kThinnest, kThickestLeast);
   return width > least ? std::min(width, pen::kThickest) : least;
 }
 
 double bendRadius(const Bar& bar, const Sheet& sheet) noexcept {
-  constexpr double kDiameters = 2.5;
-  return kDiameters * std::abs(bar.diameter) * sheet.factor();
+  constexpr double kLastThin = 16.0;     // mm, of the diameter
+  constexpr double kRounding = 0.01;     // mm
+  constexpr double kThinMandrel = 4.0;   // diameters
+  constexpr double kThickMandrel = 7.0;  // diameters
+  const double diameter = std::abs(bar.diameter);
+  const bool isThick = diameter * sheet.unit() > kLastThin + kRounding;
+  return ((isThick ? kThickMandrel : kThinMandrel) + 1.0) / 2.0 * diameter * sheet.factor();
 }
 
 void drawBar(const Bar& bar, ShapeSink& sink) {
@@ -97,7 +106,7 @@ void drawBar(const Bar& bar, ShapeSink& sink) {
   if (points.empty()) {
     return;
   }
-  const double width = penOf(bar.diameter, pen::kLeastBar, sink.sheet());
+  const double width = penOf(bar.diameter, sink.sheet());
   // A bar along the view is a point as well.
   if (bar.shape == BarShape::kPoint || points.size() == 1) {
     sink.addCircle(Layer::kEndOn, {ink::kBars, 0.0, true}, points.front(), width / 2.0);

@@ -20,13 +20,19 @@ void drawBar(const Bar& bar, ShapeSink& sink);
 void drawLink(const Bar& link, ShapeSink& sink);
 
 /// A repartition with the bar that it repeats, which may be null: the bars where they lie, and a
-/// dimension line across them with a mark at each; with a label of number and spacing if wanted.
+/// dimension line across them with a stroke at each; with a label of number and spacing if wanted.
 void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled, ShapeSink& sink);
 
-/// The width of the pen for a bar of that diameter.
-double penOf(double diameter, double least, const Sheet& sheet) noexcept;
+/// What the label of the repartition says; the mark and length are those of the bar, if it is
+/// known.
+std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSink& sink);
 
-/// The radius, on its axis, to which a bar is bent: a mandrel of four diameters.
+/// The width of the pen for a bar of that diameter: its own where the scale shows it, else one that
+/// grows with the diameter, the same wherever the bar is drawn.
+double penOf(double diameter, const Sheet& sheet) noexcept;
+
+/// The radius, on its axis, to which a bar is bent: a mandrel of four diameters, of seven above
+/// 16 mm.
 double bendRadius(const Bar& bar, const Sheet& sheet) noexcept;
 
 }  // namespace quorvan::tool

@@ -7,8 +7,7 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kMeshLettering = 2.5;  // mm
-constexpr double kLeastHeight = 0.1;    // mm
+constexpr int kOutlineParts = 16;
 
 const ItemValue& itemOf(const std::vector<ItemValue>& items, std::string_view name) {
   static const ItemValue kNone;
@@ -16,8 +15,8 @@ const ItemValue& itemOf(const std::vector<ItemValue>& items, std::string_view na
   return found == nullptr ? kNone : *found;
 }
 
-Color colorIn(const std::vector<ItemValue>& items, const ShapeSink& sink) {
-  return colorOf(itemOf(items, "Color").integer, sink.context().colors);
+Color colorIn(const std::vector<ItemValue>& items, ShapeSink& sink) {
+  return sink.ink(itemOf(items, "Color").integer);
 }
 
 Path outlineOf(const std::vector<Coordinates>& points, const Sheet& sheet) {
@@ -60,16 +59,16 @@ void drawText(const std::vector<ItemValue>& items, ShapeSink& sink) {
   Lettering text;
   text.text = itemOf(items, "Contents").text;
   text.at = sink.sheet().place(itemOf(items, "Location").point);
-  text.height = std::max(kLeastHeight, itemOf(items, "Height").number * sink.sheet().factor());
+  text.height = sink.heightOf(itemOf(items, "Height").number);
   text.angle = sink.context().radians(itemOf(items, "Angle").number);
   text.alignX = alignXOf(itemOf(items, "JustificationX").integer);
   text.alignY = alignYOf(itemOf(items, "JustificationY").integer);
-  sink.taken().take(boxesOf(text));
   sink.addText(Layer::kTexts, colorIn(items, sink), std::move(text));
 }
 
 void drawFill(const std::vector<ItemValue>& items, ShapeSink& sink) {
-  sink.addPath(Layer::kFills, {colorIn(items, sink), 0.0, true},
+  sink.addPath(Layer::kFills,
+               {colorOf(itemOf(items, "Color").integer, sink.context().colors), 0.0, true},
                outlineOf(itemOf(items, "Vector").points, sink.sheet()));
 }
 
@@ -94,19 +93,37 @@ void drawMesh(const std::vector<ItemValue>& items, ShapeSink& sink) {
   const std::string& type = itemOf(items, "Type").text;
   Lettering name;
   name.text = reference + (reference.empty() || type.empty() ? "" : " \u2013 ") + type;
-  name.height = kMeshLettering;
+  name.height = sink.context().lettering;
   name.angle = std::atan2(direction.y, direction.x);
   name.alignX = AlignX::kCentre;
   std::vector<PlanePoint> places;
   for (const double share : {0.5, 0.35, 0.65, 0.2, 0.8}) {
     places.push_back(first + (across - first) * share + leftOf(direction));
   }
-  sink.addLabel(Layer::kMeshes, ink::kMeshes, std::move(name), places);
+  sink.addLabel(Layer::kMeshes, ink::kMeshes, std::move(name), std::move(places));
+}
+
+// What each of the outlines encloses.
+void addConcrete(const Path& path, ShapeSink& sink) {
+  std::vector<PlanePoint> outline;
+  PlanePoint at;
+  for (const PathStep& step : path.steps()) {
+    if (step.kind == PathStep::Kind::kMove) {
+      sink.addConcrete(outline);
+      outline.clear();
+    }
+    for (int i = 1; step.kind == PathStep::Kind::kArc && i < kOutlineParts; ++i) {
+      outline.push_back(step.center + turned(at - step.center, step.sweep * i / kOutlineParts));
+    }
+    outline.push_back(step.to);
+    at = step.to;
+  }
+  sink.addConcrete(outline);
 }
 
 // The segments that join each other make one path.
 void drawFormwork(const std::vector<ItemValue>& items, ShapeSink& sink) {
-  const Style style{ink::kFormwork, pen::kMedium};
+  const Style style{ink::kFormwork, pen::kFormwork};
   Path path;
   const Coordinates* last = nullptr;
   for (const Segment& segment : itemOf(items, "Vector").segments) {
@@ -122,6 +139,7 @@ void drawFormwork(const std::vector<ItemValue>& items, ShapeSink& sink) {
     }
     last = &segment.end;
   }
+  addConcrete(path, sink);
   sink.addPath(Layer::kFormwork, style, std::move(path));
 }
 

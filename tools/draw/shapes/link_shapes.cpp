@@ -10,7 +10,8 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kHooksApart = 2.0;    // diameters between the two hooks of a link
+constexpr double kBeside = 1.25;       // diameters from axis to axis of bars side by side
+constexpr double kLying = 1.8;         // radians: a hook up to that lies along a leg
 constexpr double kStirrupWidth = 5.0;  // diameters: as narrow as the bends allow
 
 struct Link {
@@ -46,40 +47,62 @@ void drawFrame(const Link& link) {
   if (corners.size() != 4) {
     return;
   }
-  // Both sides that meet in the first corner end in a hook, bent to the inside.
+  // Both sides that meet in the first corner end in a hook, bent to the inside. A right-angled one
+  // lies along the other side, within it.
   const double side = crossOf(corners[1] - corners[0], corners[3] - corners[0]) > 0.0 ? -1.0 : 1.0;
   const double radius = bendRadius(link.bar, link.sink.sheet());
-  link.hook(corners[1], corners[0], side, radius);
-  link.hook(corners[3], corners[0], -side, radius);
+  const double inside = std::abs(link.hookAngle) < kLying ? kBeside * link.diameter : 0.0;
+  const PlanePoint along = directionOf(corners[1] - corners[0]) * inside;
+  const PlanePoint up = directionOf(corners[3] - corners[0]) * inside;
+  link.hook(corners[1], corners[0] + along, side, radius);
+  link.hook(corners[3], corners[0] + up, -side, radius);
 }
 
-// The circle, the overlap just inside it, and a hook at each end of that.
+// A hook that goes on where the ring ends: bent towards the centre, then straight.
+Path ringHook(const Link& link, PlanePoint end, PlanePoint out, double turn, double radius) {
+  const double angle = std::abs(link.hookAngle);
+  const double bend = std::min(radius, angle > 0.0 ? link.hookLength / angle : radius);
+  Path hook;
+  hook.moveTo(end);
+  if (angle > 0.0) {
+    hook.arcTo(end - out * bend, turn * angle);
+  }
+  // The way goes on to the left of the centre's direction for a turn to the left.
+  const PlanePoint way = turned(leftOf(out) * turn, turn * angle);
+  hook.lineTo(hook.end() + way * std::max(0.0, link.hookLength - angle * bend));
+  return hook;
+}
+
+// The ring as it is bent: once round, narrowing so that the overlap lies inside, and a hook at each
+// end.
 void drawRing(const Link& link) {
   const Sheet& sheet = link.sink.sheet();
   const PlanePoint center = sheet.place(link.bar.center);
   const double radius = std::abs(link.bar.radius) * sheet.factor();
-  link.sink.addCircle(Layer::kLinks, link.style, center, radius);
-  const double inner = radius - kHooksApart * link.diameter;
+  const double overlap = std::max(0.0, link.bar.overlap * sheet.factor());
+  const double inner = radius - kBeside * link.diameter;
+  if (!(inner > 0.0) || (overlap == 0.0 && !(link.hookLength > 0.0))) {
+    return link.sink.addCircle(Layer::kLinks, link.style, center, radius);
+  }
   const PlanePoint out = link.bar.line.empty()
                              ? PlanePoint{1.0, 0.0}
                              : directionOf(sheet.place(link.bar.line.front()) - center);
-  const double overlap = link.bar.overlap * sheet.factor();
-  if (!(inner > 0.0)) {
-    return;
-  }
+  Path ring;
+  ring.moveTo(center + out * radius);
+  ring.arcTo(center, std::numbers::pi);
+  // The second half ends a bar's width inside the beginning.
+  ring.arcTo(center - out * ((radius - inner) / 2.0), std::numbers::pi);
   const double sweep = std::min(overlap / inner, 2.0 * std::numbers::pi);
-  const PlanePoint begin = center + out * inner;
-  const PlanePoint end = center + turned(out, sweep) * inner;
   if (sweep > 0.0) {
-    Path arc;
-    arc.moveTo(begin);
-    arc.arcTo(center, sweep);
-    link.sink.addPath(Layer::kLinks, link.style, std::move(arc));
+    ring.arcTo(center, sweep);
   }
-  // The hooks turn to the centre.
-  const double bend = bendRadius(link.bar, sheet);
-  link.hook(begin + leftOf(out) * inner, begin, -1.0, bend);
-  link.hook(end - leftOf(turned(out, sweep)) * inner, end, 1.0, bend);
+  if (link.hookLength > 0.0) {
+    const double bend = bendRadius(link.bar, sheet);
+    ring.append(ringHook(link, ring.end(), turned(out, sweep), 1.0, bend));
+    link.sink.addPath(Layer::kLinks, link.style,
+                      ringHook(link, center + out * radius, out, -1.0, bend));
+  }
+  link.sink.addPath(Layer::kLinks, link.style, std::move(ring));
 }
 
 // A long link about its axis, with round ends.
@@ -118,7 +141,7 @@ void drawStirrup(const Link& link) {
 }  // namespace
 
 void drawLink(const Bar& bar, ShapeSink& sink) {
-  const double width = penOf(bar.diameter, pen::kLeastLink, sink.sheet());
+  const double width = penOf(bar.diameter, sink.sheet());
   const Link link{bar,
                   sink,
                   {ink::kLinks, width},

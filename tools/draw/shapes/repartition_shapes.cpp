@@ -3,77 +3,48 @@
 #include <algorithm>
 
 #include <tools/model/series_layout.h>
-#include <tools/text/number_text.h>
 
 namespace quorvan::tool {
 
 namespace {
 
 constexpr double kMarkLength = 1.2;    // mm, of the stroke at each bar
-constexpr double kRowLettering = 2.0;  // mm
-constexpr double kAboveLine = 0.8;     // mm
 constexpr double kSeriesWidth = 0.25;  // mm
 
-std::string labelOf(const Repartition& series, const Bar* bar) {
-  std::string text = std::to_string(series.number());
-  if (bar != nullptr) {
-    text =
-        "(" + std::to_string(bar->reference) + ") " + text + " \u00D8" + rounded(bar->diameter, 2);
-  }
-  const std::string spacing = spacingText(statedSpacings(series, bar));
-  return spacing.empty() ? text : text + " / " + spacing;
-}
-
-// The places of a label along the line from `first` to `last`: above it, then below, then farther.
-std::vector<PlanePoint> placesAlong(PlanePoint first, PlanePoint last, PlanePoint up) {
-  constexpr double kShares[] = {0.5, 0.3, 0.7, 0.1, 0.9};
-  constexpr double kRows[] = {0.0, -1.0, 1.0, -2.0, 2.0, -3.0, 3.0};
-  constexpr double kRowHeight = kRowLettering + 2.0 * kAboveLine;
-  std::vector<PlanePoint> places;
-  for (const double row : kRows) {
-    for (const double share : kShares) {
-      places.push_back(first + (last - first) * share + up * (kAboveLine + row * kRowHeight));
-    }
-  }
-  return places;
-}
-
-// A dimension line over the points: a stroke at each, and a text above its middle.
-void drawDimension(const std::vector<PlanePoint>& points, const std::string& label,
-                   ShapeSink& sink) {
-  PlanePoint way = directionOf(points.back() - points.front());
+// A dimension line over the points with a stroke at each.
+void drawDimension(const std::vector<PlanePoint>& points, ShapeSink& sink) {
+  const PlanePoint way = directionOf(points.back() - points.front());
   const Style style{ink::kRepartitions, pen::kThin};
   Path line;
   line.moveTo(points.front());
   line.lineTo(points.back());
   sink.addPath(Layer::kRepartitions, style, std::move(line));
-  const PlanePoint stroke = turned(way, 0.785398) * kMarkLength;
+  const PlanePoint stroke =
+      turned(way, 0.785398) * (sink.context().isMeasuring ? 0.0 : kMarkLength);
   Path strokes;
   for (const PlanePoint point : points) {
     strokes.moveTo(point - stroke);
     strokes.lineTo(point + stroke);
   }
   sink.addPath(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, std::move(strokes));
-  if (label.empty()) {
-    return;
-  }
-  // Texts read from below or from the right.
-  if (way.x < -1e-9 || (std::abs(way.x) <= 1e-9 && way.y < 0.0)) {
-    way = way * -1.0;
-  }
-  Lettering text;
-  text.text = label;
-  text.height = kRowLettering;
-  text.angle = std::atan2(way.y, way.x);
-  text.alignX = AlignX::kCentre;
-  sink.addLabel(Layer::kRepartitions, ink::kRepartitions, std::move(text),
-                placesAlong(points.front(), points.back(), leftOf(way)));
+}
+
+void addSeriesLabel(const Repartition& series, const Bar* bar, std::vector<PlanePoint> anchors,
+                    std::uint32_t element, ShapeSink& sink) {
+  Callout callout;
+  callout.layer = Layer::kRepartitions;
+  callout.color = ink::kRepartitions;
+  callout.text = seriesText(series, bar, sink);
+  callout.anchors = std::move(anchors);
+  callout.element = element;
+  callout.isHidden = series.isHidden;
+  sink.addCallout(std::move(callout));
 }
 
 // The bars themselves.
 void drawSeriesBars(const SeriesLayout& layout, const Bar* bar, ShapeSink& sink) {
   const Sheet& sheet = sink.sheet();
-  const double width = bar == nullptr ? kSeriesWidth : penOf(bar->diameter, kSeriesWidth, sheet);
+  const double width = bar == nullptr ? kSeriesWidth : penOf(bar->diameter, sheet);
   Path bars;
   for (const SeriesBar& one : layout.bars) {
     bars.moveTo(sheet.place(one.first));
@@ -91,23 +62,41 @@ void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
   }
   const PlanePoint first = sink.sheet().place(bar.line.front());
   const PlanePoint last = sink.sheet().place(bar.line.back());
-  PlanePoint way = directionOf(last - first);
-  if (way.x < -1e-9) {
-    way = way * -1.0;
-  }
   const PlanePoint at = first + (last - first) * 0.25;
-  const PlanePoint up = leftOf(way) * kMarkLength;
-  sink.addCircle(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, at, kMarkLength);
-  Lettering text;
-  text.text = labelOf(series, &bar);
-  text.height = kRowLettering;
-  text.angle = std::atan2(way.y, way.x);
-  text.alignX = AlignX::kCentre;
-  sink.addLabel(Layer::kRepartitions, ink::kRepartitions, std::move(text),
-                placesAlong(at + up, at + up, leftOf(way)));
+  sink.addCircle(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, at,
+                 sink.context().isMeasuring ? 0.0 : kMarkLength);
+  addSeriesLabel(series, &bar, {at}, sink.element(), sink);
 }
 
 }  // namespace
+
+std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSink& sink) {
+  const std::vector<double> spacings = statedSpacings(series, bar);
+  const double unit = sink.sheet().unit();
+  const auto inUnits = [&](double millimetres) {
+    std::vector<double> scaled = spacings;
+    for (double& spacing : scaled) {
+      spacing *= unit / millimetres;
+    }
+    return spacingText(scaled);
+  };
+  BarWords words;
+  words.number = series.number();
+  words.spacingInMillimetres = inUnits(1.0);
+  words.spacingInCentimetres = inUnits(10.0);
+  if (bar == nullptr) {
+    return std::to_string(series.number()) +
+           (spacings.empty() ? "" : " e=" + words.spacingInCentimetres);
+  }
+  words.mark = bar->reference;
+  words.diameter = bar->diameter * unit;
+  words.isSmooth = bar->adherence == "Dx";
+  words.lengthInMetres = bar->hasLength() ? lengthOf(*bar) * unit / 1000.0 : 0.0;
+  const std::string text = barText(words, sink.context().language);
+  return sink.context().language == Language::kEnglish
+             ? text
+             : "(" + std::to_string(bar->reference) + ") " + text;
+}
 
 void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled, ShapeSink& sink) {
   if (!series.hasLine()) {
@@ -125,7 +114,14 @@ void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled,
     points.push_back(sink.sheet().place(crossing));
   }
   drawSeriesBars(layout, bar, sink);
-  drawDimension(points, isLabelled ? labelOf(series, bar) : std::string(), sink);
+  drawDimension(points, sink);
+  if (isLabelled) {
+    const PlanePoint way = points.back() - points.front();
+    addSeriesLabel(series, bar,
+                   {points[points.size() / 2], points.front() + way * 0.25,
+                    points.front() + way * 0.75, points.front(), points.back()},
+                   sink.element(), sink);
+  }
 }
 
 }  // namespace quorvan::tool

@@ -8,17 +8,20 @@ namespace {
 
 // Beyond this nothing on a sheet can be meant, and numbers get too long to be written.
 constexpr double kFarthestDrawn = 1e9;
+// What is measured has no sheet yet.
+constexpr double kFarthestMeasured = 1e100;
+constexpr double kLargestDot = 5.0;  // mm: such a circle is no place for a label inside
 
-bool isPlaced(PlanePoint point) {
-  return std::abs(point.x) <= kFarthestDrawn && std::abs(point.y) <= kFarthestDrawn;
+bool isPlaced(PlanePoint point, double farthest) {
+  return std::abs(point.x) <= farthest && std::abs(point.y) <= farthest;
 }
 
-bool isPlaced(const Path& path) {
+bool isPlaced(const Path& path, double farthest) {
   if (!path.isFinite()) {
     return false;
   }
   for (const PathStep& step : path.steps()) {
-    if (!isPlaced(step.to)) {
+    if (!isPlaced(step.to, farthest)) {
       return false;
     }
   }
@@ -27,56 +30,146 @@ bool isPlaced(const Path& path) {
 
 }  // namespace
 
+double ShapeSink::farthest() const noexcept {
+  return m_context.isMeasuring ? kFarthestMeasured : kFarthestDrawn;
+}
+
 void ShapeSink::addPath(Layer layer, const Style& style, Path path) {
   if (path.steps().empty()) {
     return;
   }
-  if (!isPlaced(path)) {
+  if (!isPlaced(path, farthest())) {
     return leaveOut();
   }
   Shape shape = shapeOn(layer, Shape::Kind::kPath, style);
   shape.path = std::move(path);
-  m_layers[static_cast<std::size_t>(layer)].push_back(std::move(shape));
+  if (!m_context.isMeasuring) {
+    m_taken.take(shape.path, Occupancy::Kind::kLine);
+  }
+  add(std::move(shape));
 }
 
 void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, double radius) {
-  if (!isPlaced(center) || !(std::abs(radius) <= kFarthestDrawn)) {
+  if (!isPlaced(center, farthest()) || !(std::abs(radius) <= farthest())) {
     return leaveOut();
   }
   Shape shape = shapeOn(layer, Shape::Kind::kCircle, style);
   shape.center = center;
   shape.radius = std::abs(radius);
-  m_layers[static_cast<std::size_t>(layer)].push_back(std::move(shape));
+  if (!m_context.isMeasuring && shape.radius <= kLargestDot) {
+    m_taken.take(SheetBox{center, center}.grown(shape.radius), Occupancy::Kind::kLine);
+  } else if (!m_context.isMeasuring) {
+    Path round;
+    round.moveTo(center + PlanePoint{shape.radius, 0.0});
+    round.arcTo(center, 2.0 * std::numbers::pi);
+    m_taken.take(round, Occupancy::Kind::kLine);
+  }
+  add(std::move(shape));
 }
 
 void ShapeSink::addText(Layer layer, const Style& style, Lettering lettering) {
-  if (!isPlaced(lettering.at) || !(std::abs(lettering.height) <= kFarthestDrawn) ||
+  if (!isPlaced(lettering.at, farthest()) || !(std::abs(lettering.height) <= farthest()) ||
       !std::isfinite(lettering.angle)) {
     return leaveOut();
   }
   Shape shape = shapeOn(layer, Shape::Kind::kText, style);
   shape.lettering = std::move(lettering);
-  m_layers[static_cast<std::size_t>(layer)].push_back(std::move(shape));
+  if (!m_context.isMeasuring) {
+    m_taken.take(shape.lettering);
+  }
+  add(std::move(shape));
+}
+
+void ShapeSink::add(Shape shape) {
+  m_layers[static_cast<std::size_t>(shape.layer)].push_back(std::move(shape));
 }
 
 void ShapeSink::addLabel(Layer layer, Color color, Lettering lettering,
-                         std::span<const PlanePoint> places) {
-  if (places.empty()) {
+                         std::vector<PlanePoint> places) {
+  if (!m_context.isMeasuring && !places.empty() && !lettering.text.empty()) {
+    m_labels.push_back({layer, color, std::move(lettering), std::move(places), m_element});
+  }
+}
+
+void ShapeSink::addCallout(Callout callout) {
+  if (m_context.isMeasuring) {
     return;
   }
-  lettering.at = places.front();
-  for (const PlanePoint place : places) {
-    Lettering there = lettering;
-    there.at = place;
-    if (isPlaced(place) && m_taken.isFree(boxesOf(there))) {
-      lettering.at = place;
-      break;
+  const SheetBox room = m_context.sheet.room();
+  std::erase_if(callout.anchors, [&](PlanePoint anchor) {
+    return !isFinite(anchor) || !room.meets({anchor, anchor});
+  });
+  if (!callout.anchors.empty()) {
+    m_callouts.push_back(std::move(callout));
+  }
+}
+
+void ShapeSink::drawLabels() {
+  constexpr std::size_t kMany = 1000;
+  Style style{{}, 0.0, true};
+  style.isOnPaper = true;
+  for (Label& label : m_labels) {
+    begin(label.element);
+    style.color = label.color;
+    Lettering best = label.lettering;
+    double least = -1.0;
+    for (const PlanePoint place : label.places) {
+      label.lettering.at = place;
+      const double cost = isPlaced(place, kFarthestDrawn) ? m_taken.cost(label.lettering) : -1.0;
+      if (cost >= 0.0 && (least < 0.0 || cost < least)) {
+        least = cost;
+        best = label.lettering;
+      }
+    }
+    if (least >= 0.0) {
+      addText(label.layer, style, std::move(best));
     }
   }
-  m_taken.take(boxesOf(lettering));
-  Style style{color, 0.0, true};
-  style.isOnPaper = true;
-  addText(layer, style, std::move(lettering));
+  for (const Callout& callout : m_callouts) {
+    drawCallout(callout, m_callouts.size() > kMany);
+  }
+  m_labels.clear();
+  m_callouts.clear();
+}
+
+void ShapeSink::drawCallout(const Callout& callout, bool isQuick) {
+  const double lettering = m_context.lettering;
+  const CalloutPlace place = placeOf(callout, lettering, m_context.sheet.room(), m_taken, isQuick);
+  begin(callout.element, callout.isHidden);
+  const Style line{callout.color, pen::kThin};
+  Path leader;
+  leader.moveTo(place.anchor);
+  leader.lineTo(place.leaderEnd);
+  addPath(callout.layer, line, std::move(leader));
+  if (!callout.mark.empty()) {
+    Style bubble = line;
+    bubble.isOnPaper = true;
+    addCircle(callout.layer, bubble, place.bubble, place.radius);
+    addText(callout.layer, callout.color,
+            {callout.mark, place.bubble, lettering, 0.0, AlignX::kCentre, AlignY::kMiddle});
+  }
+  if (!callout.text.empty()) {
+    Style text{callout.color, 0.0, true};
+    text.isOnPaper = true;
+    addText(callout.layer, text,
+            {callout.text, place.text, lettering, 0.0, AlignX::kLeft, AlignY::kMiddle});
+  }
+  m_taken.take(place.box, Occupancy::Kind::kText);
+}
+
+Color ShapeSink::ink(std::int64_t number) {
+  const Color color = colorOf(number, m_context.colors);
+  const Color legible = legibleOnPaper(color);
+  m_darkened += legible == color ? 0U : 1U;
+  return legible;
+}
+
+double ShapeSink::heightOf(double height) {
+  if (height > 0.0) {
+    return height * m_context.sheet.factor();
+  }
+  ++m_withoutHeight;
+  return m_context.lettering;
 }
 
 std::vector<Shape> ShapeSink::take() {

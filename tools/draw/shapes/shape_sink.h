@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <numbers>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +11,7 @@
 #include <tools/draw/scene/occupancy.h>
 #include <tools/draw/scene/scene.h>
 #include <tools/draw/scene/sheet.h>
+#include <tools/draw/shapes/callout.h>
 
 namespace quorvan::tool {
 
@@ -21,8 +21,7 @@ inline constexpr double kFine = 0.13;
 inline constexpr double kThin = 0.18;
 inline constexpr double kMedium = 0.35;
 inline constexpr double kThickest = 60.0;  // a bar of any size at 1:1
-inline constexpr double kLeastBar = 0.5;
-inline constexpr double kLeastLink = 0.3;
+inline constexpr double kFormwork = 0.25;
 }  // namespace pen
 
 /// The colours that the program gives by itself.
@@ -42,6 +41,9 @@ struct DrawContext {
   ColorScheme colors;
   AngleUnit angles;
   HiddenBars hidden;
+  Language language = Language::kEnglish;
+  double lettering = 2.0;    // mm, of what the program adds
+  bool isMeasuring = false;  // only what the elements themselves look like
 
   [[nodiscard]] double radians(double angle) const noexcept {
     return angles == AngleUnit::kDegrees ? angle * std::numbers::pi / 180.0 : angle;
@@ -50,7 +52,10 @@ struct DrawContext {
 
 class ShapeSink {
  public:
-  explicit ShapeSink(const DrawContext& context) : m_context(context) {}
+  explicit ShapeSink(const DrawContext& context)
+      : m_context(context),
+        m_taken(context.isMeasuring ? 1.0 : context.sheet.width(),
+                context.isMeasuring ? 1.0 : context.sheet.height()) {}
 
   [[nodiscard]] const DrawContext& context() const noexcept { return m_context; }
   [[nodiscard]] const Sheet& sheet() const noexcept { return m_context.sheet; }
@@ -62,6 +67,8 @@ class ShapeSink {
     m_hasHidden = m_hasHidden || isHidden;
   }
 
+  [[nodiscard]] std::uint32_t element() const noexcept { return m_element; }
+
   void addPath(Layer layer, const Style& style, Path path);
   void addCircle(Layer layer, const Style& style, PlanePoint center, double radius);
   void addText(Layer layer, Color color, Lettering lettering) {
@@ -69,12 +76,29 @@ class ShapeSink {
   }
   void addText(Layer layer, const Style& style, Lettering lettering);
 
-  /// Adds a text that the program puts there by itself, at the first of the places where it covers
-  /// no other text; at the first of all if there is none.
-  void addLabel(Layer layer, Color color, Lettering lettering, std::span<const PlanePoint> places);
+  /// Adds a text that the program puts there by itself, at the place where it covers least.
+  void addLabel(Layer layer, Color color, Lettering lettering, std::vector<PlanePoint> places);
 
-  /// What texts and marks cover. The texts of the drawing come first, wherever they stand in it.
-  [[nodiscard]] Occupancy& taken() noexcept { return m_taken; }
+  /// Adds a text with a leader.
+  void addCallout(Callout callout);
+
+  /// Finds places for labels and callouts, now that everything else has its own.
+  void drawLabels();
+
+  /// What lies inside an outline is concrete: labels stand beside it.
+  void addConcrete(const std::vector<PlanePoint>& outline) {
+    if (!m_context.isMeasuring) {
+      m_taken.fill(outline, Occupancy::Kind::kConcrete);
+    }
+  }
+
+  /// A colour as it is drawn: what would be too pale to read is darkened, and counted.
+  [[nodiscard]] Color ink(std::int64_t number);
+  /// The height of a text as it is drawn: that of the labels for a text without one, and counted.
+  [[nodiscard]] double heightOf(double height);
+
+  [[nodiscard]] std::uint64_t darkened() const noexcept { return m_darkened; }
+  [[nodiscard]] std::uint64_t withoutHeight() const noexcept { return m_withoutHeight; }
 
   [[nodiscard]] bool has(Layer layer) const noexcept {
     return !m_layers[static_cast<std::size_t>(layer)].empty();
@@ -88,7 +112,18 @@ class ShapeSink {
 
  private:
   [[nodiscard]] Shape shapeOn(Layer layer, Shape::Kind kind, const Style& style) const;
+  [[nodiscard]] double farthest() const noexcept;
   void leaveOut();
+  void add(Shape shape);
+  void drawCallout(const Callout& callout, bool isQuick);
+
+  struct Label {
+    Layer layer;
+    Color color;
+    Lettering lettering;
+    std::vector<PlanePoint> places;
+    std::uint32_t element;
+  };
 
   DrawContext m_context;
   Occupancy m_taken;
@@ -96,6 +131,10 @@ class ShapeSink {
   std::uint32_t m_element = kNoElement;
   bool m_isHidden = false;
   bool m_hasHidden = false;
+  std::vector<Label> m_labels;
+  std::vector<Callout> m_callouts;
+  std::uint64_t m_darkened = 0;
+  std::uint64_t m_withoutHeight = 0;
   std::uint32_t m_lastLeftOut = kNoElement;
   std::uint64_t m_leftOut = 0;
 };

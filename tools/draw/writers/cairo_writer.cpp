@@ -34,7 +34,18 @@ class Painter {
     cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
     cairo_select_font_face(m_context, "Arial", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     for (const Shape& shape : m_scene.shapes) {
+      const bool isCut = m_scene.window && shape.layer != Layer::kTitle;
+      if (isCut) {
+        cairo_save(m_context);
+        const SheetBox& window = *m_scene.window;
+        cairo_rectangle(m_context, window.least.x, down(window.most.y), window.width(),
+                        window.height());
+        cairo_clip(m_context);
+      }
       paint(shape);
+      if (isCut) {
+        cairo_restore(m_context);
+      }
     }
   }
 

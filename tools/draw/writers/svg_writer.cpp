@@ -78,11 +78,13 @@ class Writer {
     m_styles.write(m_out);
     m_out << "<rect class=\"paper\" width=\"" << number(m_scene.width) << "\" height=\""
           << number(m_scene.height) << "\" fill=\"#ffffff\"/>\n";
+    writeWindow();
     const Shape* last = nullptr;
     for (const Shape& shape : m_scene.shapes) {
       if (last == nullptr || last->layer != shape.layer) {
+        const bool isCut = m_scene.window && shape.layer != Layer::kTitle;
         m_out << (last == nullptr ? "" : "</g>\n") << "<g data-layer=\"" << layerName(shape.layer)
-              << "\">\n";
+              << (isCut ? "\" clip-path=\"url(#window)" : "") << "\">\n";
       }
       writeShape(shape);
       last = &shape;
@@ -103,6 +105,15 @@ class Writer {
     }
     m_out << "viewBox=\"0 0 " << width << ' ' << height << "\">\n<title>" << xmlText(m_scene.title)
           << "</title>\n";
+  }
+
+  void writeWindow() {
+    if (m_scene.window) {
+      const SheetBox& window = *m_scene.window;
+      m_out << "<clipPath id=\"window\"><rect x=\"" << number(window.least.x) << "\" y=\""
+            << number(m_scene.height - window.most.y) << "\" width=\"" << number(window.width())
+            << "\" height=\"" << number(window.height()) << "\"/></clipPath>\n";
+    }
   }
 
   // Attributes that every shape has.

@@ -1,0 +1,63 @@
+#include <tools/draw/element_painter.h>
+
+namespace quorvan::tool {
+
+void ElementPainter::draw(const Element& element) {
+  if (element.schema == nullptr) {
+    return;
+  }
+  const std::vector<ItemValue>& items = m_reader.read(element);
+  if (const auto shape = barShapeOf(element)) {
+    drawBarElement(element, toBar(*shape, items));
+  } else if (element.is(items::ElementClass::kRepartition)) {
+    drawSeries(element, toRepartition(items));
+  } else {
+    m_sink.begin(element.place);
+    drawGraphic(element, items, m_sink);
+  }
+}
+
+bool ElementPainter::isOff(bool isHidden) const {
+  return isHidden && m_sink.context().hidden == HiddenBars::kOff;
+}
+
+void ElementPainter::drawBarElement(const Element& element, const Bar& bar) {
+  if (isOff(bar.isHidden)) {
+    return;
+  }
+  m_sink.begin(element.place, bar.isHidden);
+  if (bar.isLink()) {
+    drawLink(bar, m_sink);
+  } else {
+    drawBar(bar, m_sink);
+  }
+  if (m_labels != nullptr) {
+    m_labels->look(element, bar, m_sink.sheet());
+  }
+}
+
+void ElementPainter::drawSeries(const Element& element, const Repartition& series) {
+  if (isOff(series.isHidden)) {
+    return;
+  }
+  m_sink.begin(element.place, series.isHidden);
+  const Element* const target = m_index.find(series.className, series.index);
+  const auto shape = barShapeOf(series.className);
+  if (target == nullptr || !shape) {
+    return drawRepartition(series, nullptr, m_labels != nullptr, m_sink);
+  }
+  const Bar bar = toBar(*shape, m_targets.read(*target));
+  drawRepartition(series, &bar, m_labels != nullptr && !isNamed(series, bar), m_sink);
+}
+
+// Whether a text of the drawing says what the series is.
+bool ElementPainter::isNamed(const Repartition& series, const Bar& bar) {
+  const Sheet& sheet = m_sink.sheet();
+  if (series.hasLine()) {
+    return m_labels->lookAtSeries(bar, sheet.place(series.start), sheet.place(series.end));
+  }
+  return bar.line.size() > 1 &&
+         m_labels->lookAtSeries(bar, sheet.place(bar.line.front()), sheet.place(bar.line.back()));
+}
+
+}  // namespace quorvan::tool
