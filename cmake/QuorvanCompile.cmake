@@ -5,6 +5,10 @@ target_compile_features(quorvan_compile INTERFACE cxx_std_20)
 target_include_directories(quorvan_compile INTERFACE "${PROJECT_SOURCE_DIR}"
                                                      "${QUORVAN_GENERATED_DIR}")
 
+if(WIN32)
+  # The system's header defines macros of these names otherwise.
+  target_compile_definitions(quorvan_compile INTERFACE NOMINMAX)
+endif()
 if(MSVC)
   target_compile_options(quorvan_compile INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /EHsc)
 else()

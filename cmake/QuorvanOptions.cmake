@@ -12,7 +12,8 @@ option(QUORVAN_WERROR "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 option(QUORVAN_COVERAGE "Instrument the library for line and branch coverage" OFF)
 set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 
-# Where the XML document service comes from: the platform's own through COM, or the embedded one.
+# Where the XML document service comes from: the platform's own through COM, where there is one, or
+# the embedded one.
 if(WIN32)
   set(_default_backend service)
 else()
@@ -20,9 +21,12 @@ else()
 endif()
 set(QUORVAN_DOM_BACKEND ${_default_backend} CACHE STRING "XML document service: embedded or service")
 set_property(CACHE QUORVAN_DOM_BACKEND PROPERTY STRINGS embedded service)
-if(NOT QUORVAN_DOM_BACKEND STREQUAL _default_backend)
-  message(FATAL_ERROR "QUORVAN_DOM_BACKEND=${QUORVAN_DOM_BACKEND} is not available on "
-                      "${CMAKE_SYSTEM_NAME}; it takes ${_default_backend} there.")
+if(NOT QUORVAN_DOM_BACKEND MATCHES "^(embedded|service)$")
+  message(FATAL_ERROR "QUORVAN_DOM_BACKEND is ${QUORVAN_DOM_BACKEND}; it takes embedded or service.")
+endif()
+if(QUORVAN_DOM_BACKEND STREQUAL "service" AND NOT WIN32)
+  message(FATAL_ERROR "QUORVAN_DOM_BACKEND=service: ${CMAKE_SYSTEM_NAME} has no such service; it "
+                      "takes embedded there.")
 endif()
 unset(_default_backend)
 

@@ -71,7 +71,7 @@ void Transcript::savedFile(const char* path) {
     return;
   }
   const std::string bytes = savedBytes(path);
-  if (runsUnderWine()) {
+  if (usesWinesDocuments()) {
     std::ofstream(path, std::ios::binary) << bytes;
   }
   line(std::string("file ") + path + ' ' + escape(bytes));

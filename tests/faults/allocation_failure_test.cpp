@@ -288,8 +288,8 @@ TEST(NoMemory, AStartOfFilingIsStartedAgain) {
     while (!memory.isOver()) {
       SCOPED_TRACE(memory.allocation());
       const Stage stage;
-      std::filesystem::copy_file(kStageFile, "filing.xml",
-                                 std::filesystem::copy_options::overwrite_existing);
+      std::filesystem::remove("filing.xml");
+      std::filesystem::copy_file(kStageFile, "filing.xml");
       memory.run([] {
         startFiling(L"filing.xml");
         return Stage::messages() == 0;

@@ -59,14 +59,24 @@ TEST_F(ComInitialization, EndsWithAFilerThatCannotSave) {
 
 int balanceWhileSaving = -1;
 
-int renameAndLook(const char* from, const char* to) {
-  balanceWhileSaving = comBalance();
-  return embedded::systemFileCalls().rename(from, to);
+embedded::FileCalls lookingCalls() {
+  embedded::FileCalls calls = embedded::systemFileCalls();
+#ifdef _WIN32
+  calls.moveFile = [](const wchar_t* from, const wchar_t* to, DWORD flags) {
+    balanceWhileSaving = comBalance();
+    return embedded::systemFileCalls().moveFile(from, to, flags);
+  };
+#else
+  calls.rename = [](const char* from, const char* to) {
+    balanceWhileSaving = comBalance();
+    return embedded::systemFileCalls().rename(from, to);
+  };
+#endif
+  return calls;
 }
 
 TEST_F(ComInitialization, LastsUntilAFilerThatIsDestroyedOpenHasSaved) {
-  embedded::FileCalls calls = embedded::systemFileCalls();
-  calls.rename = &renameAndLook;
+  const embedded::FileCalls calls = lookingCalls();
   {
     CKtFiler filer;
     filer.newFiler(kPath);

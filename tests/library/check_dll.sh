@@ -6,7 +6,7 @@ headers=$(x86_64-w64-mingw32-objdump -p "$1")
 failed=0
 
 imports=$(awk '/DLL Name:/ { print tolower($3) }' <<<"$headers" | tr -d '\r' | sort -u)
-allowed='^(kernel32|msvcrt|ole32|oleaut32|user32)\.dll$'
+allowed='^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$'
 if foreign=$(grep -vE "$allowed" <<<"$imports"); then
   echo "imports what is not part of the system: $foreign" >&2
   failed=1

@@ -11,7 +11,7 @@
 
 #include <quorvan/text/utf8.h>
 
-#ifdef _WIN32
+#ifdef QUORVAN_TEST_SERVICE
 #include <windows.h>
 #endif
 
@@ -156,8 +156,8 @@ bool existAsListed(const testing::TestSuite& suite) {
 
 }  // namespace
 
-bool runsUnderWine() {
-#ifdef _WIN32
+bool usesWinesDocuments() {
+#ifdef QUORVAN_TEST_SERVICE
   return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 #else
   return false;
@@ -165,7 +165,7 @@ bool runsUnderWine() {
 }
 
 std::string withoutKnownDifferences(std::string saved) {
-  if (runsUnderWine()) {
+  if (usesWinesDocuments()) {
     for (const ByteDifference& difference : kByteDifferences) {
       saved = difference.undo(saved);
     }
@@ -174,7 +174,7 @@ std::string withoutKnownDifferences(std::string saved) {
 }
 
 void leaveOutCrashingTests() {
-  if (!runsUnderWine()) {
+  if (!usesWinesDocuments()) {
     return;
   }
   std::string filter = testing::GTEST_FLAG(filter);
@@ -185,7 +185,7 @@ void leaveOutCrashingTests() {
 }
 
 int judge(int result) {
-  if (!runsUnderWine()) {
+  if (!usesWinesDocuments()) {
     return result;
   }
   const testing::UnitTest& unit = *testing::UnitTest::GetInstance();

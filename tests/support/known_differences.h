@@ -7,11 +7,11 @@
 
 namespace quorvan::test {
 
-/// Whether this program runs under Wine.
-bool runsUnderWine();
+/// Whether the documents of this program are those of Wine's service.
+bool usesWinesDocuments();
 
-/// The bytes that the document service of Windows, like the embedded one, would have saved; on
-/// other systems than Wine the bytes themselves.
+/// The bytes that the document service of Windows, like the embedded one, would have saved; where
+/// it is not Wine's service that saves, the bytes themselves.
 std::string withoutKnownDifferences(std::string saved);
 
 /// Takes the tests that Wine is listed to crash in out of those to run.

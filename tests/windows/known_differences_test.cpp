@@ -28,7 +28,7 @@ class KnownDifferences : public testing::Test {
     dom::save(m_document, CString(L"loaded.xml"));
   }
   void SetUp() override {
-    if (!runsUnderWine()) {
+    if (!usesWinesDocuments()) {
       GTEST_SKIP() << "these are differences of Wine's service";
     }
   }

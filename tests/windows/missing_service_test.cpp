@@ -39,7 +39,7 @@ class MissingService : public testing::Test {
     setMessageBoxHook(keep);
   }
   void SetUp() override {
-    if (!test::runsUnderWine()) {
+    if (!test::usesWinesDocuments()) {
       GTEST_SKIP() << "only Wine's service can be kept away";
     }
   }

@@ -1,7 +1,6 @@
 #include <quorvan/xml/embedded/document.h>
 
 #include <new>
-#include <string>
 #include <utility>
 
 #include <quorvan/xml/embedded/files/file_calls.h>
@@ -42,7 +41,7 @@ DocumentHandle Document::create() {
 }
 
 bool Document::load(const CString& path, dom::LoadProblem& problem) {
-  const std::string file = systemPath(path);
+  const SystemPath file = systemPath(path);
   m_tree = Tree::create();
   if (file.empty()) {
     problem.failure = dom::LoadFailure::kMissing;
@@ -70,7 +69,7 @@ void Document::save(const CString& path, dom::Durability durability) const {
     platform::raiseComError(E_FAIL);
   }
   const Encoding encoding = declaredEncoding(*m_tree);
-  const std::string target = systemPath(path);
+  const SystemPath target = systemPath(path);
   if (target.empty()) {
     platform::raiseComError(E_INVALIDARG);
   }
@@ -82,7 +81,7 @@ void Document::save(const CString& path, dom::Durability durability) const {
 
 void Document::clearLeftOver(const CString& path) noexcept {
   try {
-    const std::string target = systemPath(path);
+    const SystemPath target = systemPath(path);
     if (!target.empty()) {
       FileReplacement::clearLeftOver(target);
     }

@@ -11,7 +11,7 @@ namespace {
 
 std::string randomValue(RandomSource& random) {
   // Wine's document service does not keep what is not ASCII from one saving to the next.
-  static const bool onlyAscii = runsUnderWine();
+  static const bool onlyAscii = usesWinesDocuments();
   static const std::string kValues[] = {"1.0000000", "0.0000000", "1",  "2",   "",     "a",
                                         "b",         "1.5",       "-1", "abc", "<&>\""};
   static const std::string kOther[] = {"\xC3\xA9", "\xE2\x82\xAC", "a\tb"};
@@ -126,7 +126,7 @@ class Maker {
     if (!m_random.oneIn(25)) {
       return;
     }
-    if (!runsUnderWine() && m_random.oneIn(3)) {
+    if (!usesWinesDocuments() && m_random.oneIn(3)) {
       link(document, *m_forest.make(Kind::kDoctype, root.name));
     } else {
       Node* const comment = m_forest.make(Kind::kComment, "#comment");

@@ -81,7 +81,7 @@ class Composer {
   std::string anyName(bool isItem) {
     static const std::string kRare[] = {"", "1x", "a b", "#comment", "#text", "\xC3\x89"};
     // Beyond ASCII, names make Wine's document service save files that it reads differently.
-    const int rare = runsUnderWine() ? 5 : 6;
+    const int rare = usesWinesDocuments() ? 5 : 6;
     if (m_random.oneIn(25)) {
       return kRare[m_random.below(rare)];
     }

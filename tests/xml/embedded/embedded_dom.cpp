@@ -62,7 +62,7 @@ std::string EmbeddedDom::readBy(Reader reader, std::string_view bytes) const {
 std::string EmbeddedDom::readAgainBy(Reader reader) const {
   dom::LoadProblem problem;
   std::optional<embedded::FileSource> source =
-      embedded::FileSource::open(path("read.xml"), problem);
+      embedded::FileSource::open(embedded::systemPath(wide(file("read.xml"))), problem);
   const Tree::Owned tree = reader(source.value());
   return tree == nullptr ? "(refused)" : dump(*tree);
 }

@@ -12,7 +12,10 @@ namespace quorvan::test {
 inline constexpr HRESULT kSharingViolation = static_cast<HRESULT>(0x80070020U);
 
 /// While it lives, every file call of the process is counted, and what is planned happens to it.
-/// One at a time.
+/// One at a time. Calls have the names and errors of POSIX on every system: what a Windows function
+/// does goes by the name of the call that does the same there, a look at a file's attributes by
+/// "lstat", at its type and
+/// size by "fstat".
 class FileFaults {
  public:
   FileFaults();
@@ -22,11 +25,12 @@ class FileFaults {
 
   /// Makes the call of that number, from 1 on, fail with `error`; every later one too if `lasts`.
   void failAt(int call, int error, bool lasts) noexcept;
-  /// Ends the process at the call of that number, before the call is made.
+  /// Ends the process at the call of that number, before the call is made: with exit code 0, on
+  /// Windows 9.
   void dieAt(int call) noexcept;
   /// Makes each read and write move no more than so many bytes, none at all for 0.
   void moveAtMost(std::size_t bytes) noexcept;
-  /// Makes every other read and write be interrupted by a signal.
+  /// Makes every other read and write be interrupted by a signal, where the system does that.
   void interrupt() noexcept;
   /// Makes calls of one name fail: "write", "fsync", ...
   void failAll(std::string_view name, int error) noexcept;

@@ -1,9 +1,6 @@
 // Why a file is refused, as the embedded document says it.
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <string>
 #include <string_view>
 
@@ -51,17 +48,6 @@ TEST_F(LoadProblems, TellWhatIsRefusedAlthoughItIsWellFormed) {
   const LoadProblem problem = problemOf("<?xml version=\"1.1\"?><a/>");
   EXPECT_EQ(problem.failure, LoadFailure::kNotWellFormed);
   EXPECT_NE(problem.reason, "");
-}
-
-TEST_F(LoadProblems, TellAFileThatMayNotBeRead) {
-  if (geteuid() == 0) {
-    GTEST_SKIP() << "the administrator may read any file";
-  }
-  writeFile("secret.xml", "<a/>");
-  ASSERT_EQ(chmod(path("secret.xml").c_str(), 0), 0);
-  LoadProblem problem;
-  EXPECT_FALSE(dom::load(m_document, wide(file("secret.xml")), problem));
-  EXPECT_EQ(problem.failure, LoadFailure::kNoAccess);
 }
 
 }  // namespace

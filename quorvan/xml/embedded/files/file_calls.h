@@ -2,36 +2,15 @@
 // any of them fail.
 #pragma once
 
-#include <sys/stat.h>
-#include <sys/types.h>
-
-#include <cstddef>
-#include <string>
-
 #include <quorvan/platform/com_error.h>
 #include <quorvan/text/cstring.h>
+#ifdef _WIN32
+#include <quorvan/xml/embedded/files/file_calls_windows.h>
+#else
+#include <quorvan/xml/embedded/files/file_calls_posix.h>
+#endif
 
 namespace quorvan::embedded {
-
-/// Each works like the POSIX call of its name.
-struct FileCalls {
-  int (*open)(const char* path, int flags, mode_t mode);
-  ssize_t (*read)(int file, void* buffer, std::size_t size);
-  ssize_t (*write)(int file, const void* bytes, std::size_t size);
-  off_t (*lseek)(int file, off_t offset, int whence);
-  int (*fsync)(int file);
-  int (*close)(int file);
-  int (*rename)(const char* from, const char* to);
-  int (*unlink)(const char* path);
-  int (*fstat)(int file, struct stat* status);
-  int (*lstat)(const char* path, struct stat* status);
-  ssize_t (*readlink)(const char* path, char* target, std::size_t size);
-  int (*access)(const char* path, int mode);
-  int (*flock)(int file, int operation);
-  int (*fchmod)(int file, mode_t mode);
-  int (*fchown)(int file, uid_t owner, gid_t group);
-  int (*fcntl)(int file, int command, int argument);
-};
 
 /// The calls in use: those of the system unless a test has put others in their place.
 const FileCalls& fileCalls() noexcept;
@@ -42,13 +21,13 @@ const FileCalls& systemFileCalls() noexcept;
 /// Puts other calls in place, for the whole process. They must outlive their use.
 void setFileCalls(const FileCalls& calls) noexcept;
 
-/// The HRESULT for an `errno`.
+/// The HRESULT for an error of the system: an `errno`, on Windows what GetLastError gives.
 HRESULT resultOf(int error) noexcept;
 
-/// Raises the HRESULT for an `errno`.
+/// Raises the HRESULT for an error of the system.
 [[noreturn]] void raiseFileError(int error);
 
 /// The path as the system takes it; empty for an empty path and for one that no file can have.
-std::string systemPath(const CString& path);
+SystemPath systemPath(const CString& path);
 
 }  // namespace quorvan::embedded

@@ -9,54 +9,25 @@
 //
 // A scratch file stands in a folder that others may write too: a link, a device or a pipe in its
 // place is replaced itself, and nothing that it leads to is touched.
+//
+//   class FileReplacement
+//     FileReplacement(const SystemPath& path, dom::Durability durability)
+//       Begins a new file for the path. Raises when there cannot be one; a new file that a killed
+//       process left behind is taken away, one that another process is writing raises the error
+//       for a file in use.
+//     ~FileReplacement()
+//       Takes the new file away again, unless it has replaced the old one.
+//     void write(std::string_view bytes)
+//       Appends to the new file. Raises when it cannot all be written.
+//     void commit()
+//       Puts the new file in place of the old one. Raises when that fails; the old file is then as
+//       it was.
+//     static void clearLeftOver(const SystemPath& path) noexcept
+//       Takes away the new file that a killed process left behind for the path, if there is one.
 #pragma once
 
-#include <sys/stat.h>
-
-#include <optional>
-#include <string>
-#include <string_view>
-
-#include <quorvan/xml/dom.h>
-
-namespace quorvan::embedded {
-
-class FileReplacement {
- public:
-  /// Begins a new file for the path. Raises when there cannot be one; a new file that a killed
-  /// process left behind is taken away, one that another process is writing raises the error for
-  /// a file in use.
-  FileReplacement(const std::string& path, dom::Durability durability);
-  FileReplacement(const FileReplacement&) = delete;
-  FileReplacement& operator=(const FileReplacement&) = delete;
-  /// Takes the new file away again, unless it has replaced the old one.
-  ~FileReplacement();
-
-  /// Appends to the new file. Raises when it cannot all be written.
-  void write(std::string_view bytes);
-
-  /// Puts the new file in place of the old one. Raises when that fails; the old file is then as
-  /// it was.
-  void commit();
-
-  /// Takes away the new file that a killed process left behind for the path, if there is one.
-  static void clearLeftOver(const std::string& path) noexcept;
-
- private:
-  void begin();
-  void openInPlace();
-  void createBeside(const std::optional<struct stat>& former);
-  bool tryCreate(mode_t mode);
-  void takeOver(const struct stat& former) const;
-  void bringToDisk() const;
-  void bringFolderToDisk() const noexcept;
-  void abandon() noexcept;
-
-  std::string m_target;
-  std::string m_folder;
-  std::string m_beside;  // empty when the target is written in place
-  dom::Durability m_durability;
-  int m_file = -1;
-};
-
-}  // namespace quorvan::embedded
+#ifdef _WIN32
+#include <quorvan/xml/embedded/files/file_replacement_windows.h>
+#else
+#include <quorvan/xml/embedded/files/file_replacement_posix.h>
+#endif

@@ -7,7 +7,7 @@
 
 namespace quorvan::embedded {
 
-Tree::Owned readDocument(const std::string& path, dom::LoadProblem& problem) {
+Tree::Owned readDocument(const SystemPath& path, dom::LoadProblem& problem) {
   std::optional<FileSource> file = FileSource::open(path, problem);
   return file ? readDocument(*file, problem) : nullptr;
 }

@@ -1,6 +1,8 @@
 #include <quorvan/xml/embedded/tree/memory_block.h>
 
+#if __has_include(<sys/mman.h>)
 #include <sys/mman.h>
+#endif
 
 #include <new>
 

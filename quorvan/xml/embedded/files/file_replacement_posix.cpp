@@ -140,7 +140,7 @@ mode_t narrowed(mode_t mode, bool hasOwner, bool hasGroup) noexcept {
 
 }  // namespace
 
-FileReplacement::FileReplacement(const std::string& path, dom::Durability durability)
+FileReplacement::FileReplacement(const SystemPath& path, dom::Durability durability)
     : m_target(path), m_durability(durability) {
   try {
     begin();
@@ -296,7 +296,7 @@ void FileReplacement::bringFolderToDisk() const noexcept {
   }
 }
 
-void FileReplacement::clearLeftOver(const std::string& path) noexcept {
+void FileReplacement::clearLeftOver(const SystemPath& path) noexcept {
   try {
     removeLeftOver(nameBeside(path));
   } catch (...) {  // NOLINT(bugprone-empty-catch): a save for the path will meet it again

@@ -81,9 +81,9 @@ void raiseFileError(int error) {
   platform::raiseComError(resultOf(error));
 }
 
-std::string systemPath(const CString& path) {
-  std::string bytes = toUtf8(path.view());
-  return bytes.find('\0') == std::string::npos ? bytes : std::string();
+SystemPath systemPath(const CString& path) {
+  SystemPath bytes = toUtf8(path.view());
+  return bytes.find('\0') == std::string::npos ? bytes : SystemPath();
 }
 
 }  // namespace quorvan::embedded

@@ -46,7 +46,7 @@ int openForReading(const std::string& path) noexcept {
 
 }  // namespace
 
-std::optional<FileSource> FileSource::open(const std::string& path, dom::LoadProblem& problem) {
+std::optional<FileSource> FileSource::open(const SystemPath& path, dom::LoadProblem& problem) {
   const int file = openForReading(path);
   if (file < 0) {
     const int error = errno;

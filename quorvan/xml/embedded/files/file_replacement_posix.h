@@ -1,0 +1,44 @@
+// FileReplacement where the system is POSIX; see file_replacement.h.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
+
+namespace quorvan::embedded {
+
+class FileReplacement {
+ public:
+  FileReplacement(const SystemPath& path, dom::Durability durability);
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  ~FileReplacement();
+
+  void write(std::string_view bytes);
+  void commit();
+
+  static void clearLeftOver(const SystemPath& path) noexcept;
+
+ private:
+  void begin();
+  void openInPlace();
+  void createBeside(const std::optional<struct stat>& former);
+  bool tryCreate(mode_t mode);
+  void takeOver(const struct stat& former) const;
+  void bringToDisk() const;
+  void bringFolderToDisk() const noexcept;
+  void abandon() noexcept;
+
+  std::string m_target;
+  std::string m_folder;
+  std::string m_beside;  // empty when the target is written in place
+  dom::Durability m_durability;
+  int m_file = -1;
+};
+
+}  // namespace quorvan::embedded

@@ -1,0 +1,36 @@
+// FileReplacement on Windows; see file_replacement.h.
+#pragma once
+
+#include <string_view>
+
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/embedded/files/file_calls.h>
+
+namespace quorvan::embedded {
+
+class FileReplacement {
+ public:
+  FileReplacement(const SystemPath& path, dom::Durability durability);
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  ~FileReplacement();
+
+  void write(std::string_view bytes);
+  void commit();
+
+  static void clearLeftOver(const SystemPath& path) noexcept;
+
+ private:
+  void begin();
+  void createBeside();
+  void bringToDisk() const;
+  void close();
+  void abandon() noexcept;
+
+  SystemPath m_target;
+  SystemPath m_beside;  // empty when the target is written in place
+  dom::Durability m_durability;
+  SystemFile m_file = kNoFile;
+};
+
+}  // namespace quorvan::embedded
