@@ -59,24 +59,14 @@ TEST_F(ComInitialization, EndsWithAFilerThatCannotSave) {
 
 int balanceWhileSaving = -1;
 
-embedded::FileCalls lookingCalls() {
-  embedded::FileCalls calls = embedded::systemFileCalls();
-#ifdef _WIN32
-  calls.moveFile = [](const wchar_t* from, const wchar_t* to, DWORD flags) {
-    balanceWhileSaving = comBalance();
-    return embedded::systemFileCalls().moveFile(from, to, flags);
-  };
-#else
-  calls.rename = [](const char* from, const char* to) {
-    balanceWhileSaving = comBalance();
-    return embedded::systemFileCalls().rename(from, to);
-  };
-#endif
-  return calls;
+int renameAndLook(const char* from, const char* to) {
+  balanceWhileSaving = comBalance();
+  return embedded::systemFileCalls().rename(from, to);
 }
 
 TEST_F(ComInitialization, LastsUntilAFilerThatIsDestroyedOpenHasSaved) {
-  const embedded::FileCalls calls = lookingCalls();
+  embedded::FileCalls calls = embedded::systemFileCalls();
+  calls.rename = &renameAndLook;
   {
     CKtFiler filer;
     filer.newFiler(kPath);

@@ -67,19 +67,5 @@ TEST(FilerCom, WorksOnAThreadOfAnotherApartment) {
   });
 }
 
-// COM drops it with the last initialisation, before the filer has let its nodes go.
-TEST(FilerCom, TheServiceStaysInMemory) {
-  onNewThread([] {
-    CKtFiler filer;
-    ASSERT_EQ(filer.newFiler(CString(L"stays.xml")), 1);
-  });
-  HMODULE service = ::GetModuleHandleW(L"msxml3.dll");
-  for (int i = 0; i < 100 && service != nullptr; ++i) {
-    ::FreeLibrary(service);
-    service = ::GetModuleHandleW(L"msxml3.dll");
-  }
-  EXPECT_NE(service, nullptr);
-}
-
 }  // namespace
 }  // namespace quorvan

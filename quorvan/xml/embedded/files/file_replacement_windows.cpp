@@ -60,7 +60,7 @@ SystemPath linkTarget(const SystemPath& link) {
 
 // Gives the new file the permissions of the old one: those that were given to it itself; those of
 // the folder it has already. What is not allowed is left.
-void copyPermissions(const SystemPath& from, const SystemPath& to) noexcept {
+void copyPermissions(const SystemPath& from, SystemPath to) noexcept {
   PACL list = nullptr;
   PSECURITY_DESCRIPTOR descriptor = nullptr;
   if (::GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
@@ -73,8 +73,7 @@ void copyPermissions(const SystemPath& from, const SystemPath& to) noexcept {
     const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
                                                  ? PROTECTED_DACL_SECURITY_INFORMATION
                                                  : UNPROTECTED_DACL_SECURITY_INFORMATION;
-    SystemPath path = to;
-    static_cast<void>(::SetNamedSecurityInfoW(path.data(), SE_FILE_OBJECT,
+    static_cast<void>(::SetNamedSecurityInfoW(to.data(), SE_FILE_OBJECT,
                                               DACL_SECURITY_INFORMATION | inheritance, nullptr,
                                               nullptr, list, nullptr));
   }
