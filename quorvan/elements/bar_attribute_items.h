@@ -8,11 +8,19 @@
 
 namespace quorvan::items {
 
+// The names of the bar attributes, for whoever looks for a bar by them.
+inline constexpr dom::Name kSteelGradeName = "SteelGrade";
+inline constexpr dom::Name kAdherenceName = "Adherence";
+inline constexpr dom::Name kDiameterName = "Diameter";
+inline constexpr dom::Name kReferenceName = "Reference";
+inline constexpr dom::Name kHiddenName = "Hidden";
+
 /// The five items that every bar and link ends with.
-inline constexpr std::tuple kBarAttributeRows{
-    Plain{"SteelGrade", &BarAttributes::steelGrade},
-    Adherence{"Adherence", &BarAttributes::adherence}, Plain{"Diameter", &BarAttributes::diameter},
-    Plain{"Reference", &BarAttributes::reference}, OptionalFlag{"Hidden", &BarAttributes::hidden}};
+inline constexpr std::tuple kBarAttributeRows{Plain{kSteelGradeName, &BarAttributes::steelGrade},
+                                              Adherence{kAdherenceName, &BarAttributes::adherence},
+                                              Plain{kDiameterName, &BarAttributes::diameter},
+                                              Plain{kReferenceName, &BarAttributes::reference},
+                                              OptionalFlag{kHiddenName, &BarAttributes::hidden}};
 
 /// The bar attributes as one value member of an element.
 template <class Element>

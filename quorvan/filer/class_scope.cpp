@@ -1,6 +1,7 @@
 // Class scopes: creating, finding and closing class elements, and the look-up of named children.
 #include <quorvan/filer/class_count.h>
 #include <quorvan/filer/filer.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
@@ -37,14 +38,15 @@ int CKtFiler::CreateClass(const dom::Name& className, int version) {
   if (m_currentClass == nullptr || !dom::hasAttributes(m_currentClass)) {
     return 0;
   }
-  if (!dom::addAttribute(m_document, m_currentClass, "version",
+  if (!dom::addAttribute(m_document, m_currentClass, quorvan::filer::kVersionName,
                          static_cast<std::int16_t>(version))) {
     return 0;
   }
   // Counted only when the attribute is there: an element that could not be made has no index.
   const int* const counted = m_classCounts.find(className);
   const int index = counted != nullptr ? changedCount(*counted, 1) : 1;
-  if (!dom::addAttribute(m_document, m_currentClass, "index", static_cast<std::int16_t>(index))) {
+  if (!dom::addAttribute(m_document, m_currentClass, quorvan::filer::kIndexName,
+                         static_cast<std::int16_t>(index))) {
     return 0;
   }
   InsertClassNameInMap(className);
@@ -125,7 +127,9 @@ int CKtFiler::GetCurrentNodeDescription(CString* name, int* version, int* index)
     *number = value.toLong();
     return true;
   };
-  return store("version", version) && store("index", index) ? 1 : 0;
+  return store(quorvan::filer::kVersionName, version) && store(quorvan::filer::kIndexName, index)
+             ? 1
+             : 0;
 }
 
 int CKtFiler::getLastUsedIndex() {

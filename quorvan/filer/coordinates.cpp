@@ -1,5 +1,6 @@
 #include <quorvan/filer/coordinates.h>
 
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/text/numbers.h>
 #include <quorvan/xml/values.h>
 
@@ -17,7 +18,7 @@ bool appendCoordinates(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr&
   char* const endY = format(endX, y);
   char* const endZ = format(endY, z);
   const dom::NewAttribute attributes[] = {
-      {"X", {{texts, endX}}}, {"Y", {{endX, endY}}}, {"Z", {{endY, endZ}}}};
+      {kX, {{texts, endX}}}, {kY, {{endX, endY}}}, {kZ, {{endY, endZ}}}};
   return dom::appendElement(document, parent, name, attributes);
 }
 
@@ -27,15 +28,15 @@ int readCoordinates(const IXMLDOMNodePtr& item, Geometry* geometry) {
     return 0;
   }
   dom::AttributeValue value;
-  if (!dom::attribute(item, "X", value)) {
+  if (!dom::attribute(item, kX, value)) {
     return 0;
   }
   geometry->X(value.toDouble());
-  if (!dom::attribute(item, "Y", value)) {
+  if (!dom::attribute(item, kY, value)) {
     return 0;
   }
   geometry->Y(value.toDouble());
-  if (!dom::attribute(item, "Z", value)) {
+  if (!dom::attribute(item, kZ, value)) {
     return 0;
   }
   geometry->Z(value.toDouble());
@@ -66,8 +67,8 @@ bool entryValue(const IXMLDOMNodePtr& entry, CKtPnt3D& point) {
   dom::AttributeValue x;
   dom::AttributeValue y;
   dom::AttributeValue z;
-  if (!dom::hasAttributes(entry) || !dom::attribute(entry, "X", x) ||
-      !dom::attribute(entry, "Y", y) || !dom::attribute(entry, "Z", z)) {
+  if (!dom::hasAttributes(entry) || !dom::attribute(entry, kX, x) ||
+      !dom::attribute(entry, kY, y) || !dom::attribute(entry, kZ, z)) {
     return false;
   }
   point.XYZ(x.toDouble(), y.toDouble(), z.toDouble());

@@ -2,6 +2,7 @@
 #include <quorvan/filer/filer.h>
 
 #include <quorvan/filer/search_index.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/geometry/module_prompts.h>
 #include <quorvan/platform/com.h>
 #include <quorvan/platform/message_box.h>
@@ -94,7 +95,7 @@ int CKtFiler::newFiler(CString path) {
 
 int CKtFiler::prepareEmptyDocument() {
   dom::append(m_document, dom::createProcessingInstruction(m_document, "xml", kDeclaration));
-  dom::append(m_document, dom::createElement(m_document, "Document"));
+  dom::append(m_document, dom::createElement(m_document, quorvan::filer::kRootName));
   return 1;
 }
 

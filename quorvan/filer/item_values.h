@@ -1,14 +1,11 @@
 // What a scalar item holds, given its element. Not installed.
 #pragma once
 
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
 namespace quorvan::filer {
-
-inline constexpr dom::Name kDoubleKind = "double";
-inline constexpr dom::Name kLongKind = "long";
-inline constexpr dom::Name kStringKind = "string";
 
 /// Each gives 1, or 0 when `item` is null, takes no attributes or lacks the one of its kind; the
 /// value is then left alone.

@@ -1,7 +1,8 @@
-// Lists of points and of vectors: one element with a "size" and a child an entry. Lists belong to
-// the class element, also while a vector scope is open.
+// Lists of points and of vectors: one element with a "size" and a child for each entry. Lists
+// belong to the class element, also while a vector scope is open.
 #include <quorvan/filer/coordinates.h>
 #include <quorvan/filer/filer.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
@@ -21,7 +22,8 @@ int writeList(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& currentC
               long count) {
   const IXMLDOMNodePtr list = dom::createElement(document, name);
   if (list == nullptr || !dom::hasAttributes(list) ||
-      !dom::addAttribute(document, list, "size", static_cast<std::int32_t>(count))) {
+      !dom::addAttribute(document, list, quorvan::filer::kSizeName,
+                         static_cast<std::int32_t>(count))) {
     return 0;
   }
   for (const Entry& entry : entries) {
@@ -61,7 +63,8 @@ bool readEntries(IXMLDOMNodePtr child, long count, std::vector<Entry>* entries) 
 template <class Entry>
 int readList(const IXMLDOMNodePtr& list, std::vector<Entry>* entries, long* count) {
   dom::AttributeValue size;
-  if (list == nullptr || !dom::hasAttributes(list) || !dom::attribute(list, "size", size)) {
+  if (list == nullptr || !dom::hasAttributes(list) ||
+      !dom::attribute(list, quorvan::filer::kSizeName, size)) {
     return 0;
   }
   *count = size.toLong();

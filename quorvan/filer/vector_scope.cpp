@@ -1,5 +1,6 @@
 // Vector scopes: a named element with a "size" that gathers the items written while it is open.
 #include <quorvan/filer/filer.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
@@ -21,7 +22,8 @@ int CKtFiler::openVector(const dom::Name& name, long count) {
   if (vector == nullptr || !dom::hasAttributes(vector)) {
     return 0;
   }
-  if (!dom::addAttribute(m_document, vector, "size", static_cast<std::int16_t>(count))) {
+  if (!dom::addAttribute(m_document, vector, quorvan::filer::kSizeName,
+                         static_cast<std::int16_t>(count))) {
     return 0;
   }
   m_currentVector = std::move(vector);
@@ -45,7 +47,8 @@ int CKtFiler::openVector(const dom::Name& name, long* count) {
   }
   m_writing = 0;
   dom::AttributeValue size;
-  if (!dom::hasAttributes(m_currentVector) || !dom::attribute(m_currentVector, "size", size)) {
+  if (!dom::hasAttributes(m_currentVector) ||
+      !dom::attribute(m_currentVector, quorvan::filer::kSizeName, size)) {
     endVector();
     return 0;
   }

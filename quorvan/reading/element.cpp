@@ -1,6 +1,7 @@
 #include <quorvan/reading/element.h>
 
 #include <quorvan/elements/items/numbered_items.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/reading/boundary.h>
 
 namespace dom = quorvan::dom;
@@ -167,11 +168,11 @@ int quorvanElementClassNumber(const QuorvanElement* element) {
 }
 
 std::int32_t quorvanElementVersion(const QuorvanElement* element) {
-  return numberOf(element, "version");
+  return numberOf(element, quorvan::filer::kVersionName);
 }
 
 std::int32_t quorvanElementIndex(const QuorvanElement* element) {
-  return numberOf(element, "index");
+  return numberOf(element, quorvan::filer::kIndexName);
 }
 
 std::size_t quorvanElementPlace(const QuorvanElement* element) {

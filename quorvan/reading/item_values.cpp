@@ -4,11 +4,14 @@
 #include <algorithm>
 #include <array>
 
+#include <quorvan/elements/items/item_words.h>
 #include <quorvan/elements/items/scalar_rows.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/reading/boundary.h>
 #include <quorvan/reading/element.h>
 #include <quorvan/reading/kinds.h>
 #include <quorvan/reading/read.h>
+#include <quorvan/text/utf8.h>
 
 namespace dom = quorvan::dom;
 namespace filer = quorvan::filer;
@@ -17,8 +20,6 @@ using quorvan::fail;
 using quorvan::reading::guarded;
 
 namespace {
-
-constexpr dom::Name kSize = "size";
 
 bool has(const QuorvanItem& item, const dom::Name& attribute) {
   dom::AttributeValue value;
@@ -40,10 +41,10 @@ QuorvanKind kindInFile(const QuorvanItem& item) {
   if (has(item, filer::kStringKind)) {
     return QUORVAN_KIND_TEXT;
   }
-  if (has(item, "X") && has(item, "Y") && has(item, "Z")) {
+  if (has(item, filer::kX) && has(item, filer::kY) && has(item, filer::kZ)) {
     return QUORVAN_KIND_POINT;
   }
-  return has(item, kSize) ? QUORVAN_KIND_LIST : QUORVAN_KIND_NONE;
+  return has(item, filer::kSizeName) ? QUORVAN_KIND_LIST : QUORVAN_KIND_NONE;
 }
 
 // Whether an item that the class files as `kind` may stand in the file as `found`.
@@ -114,7 +115,7 @@ const wchar_t* bondClass(const QuorvanItem& item, CString& text) {
   if (!is(item, items::Kind::kAdherence) || !dom::attribute(item.node, filer::kLongKind, code)) {
     return nullptr;
   }
-  text = items::Adherence<CString>::textOf(code.toLong());
+  text = quorvan::fromUtf8(items::adherenceOf(code.toLong()));
   return text;
 }
 
@@ -213,6 +214,6 @@ int quorvanReadPoint(const QuorvanItem* item, double* xyz) {
 
 int quorvanReadSize(const QuorvanItem* item, std::int32_t* announced) {
   const bool isNumber = item != nullptr && is(*item, items::Kind::kNumberedPoints);
-  return read(item, announced, isNumber ? filer::kLongKind : kSize,
+  return read(item, announced, isNumber ? filer::kLongKind : filer::kSizeName,
               [&](const dom::AttributeValue& found) { *announced = found.toLong(); });
 }

@@ -2,8 +2,10 @@
 #include <cstdint>
 #include <limits>
 
+#include <quorvan/elements/items/item_words.h>
 #include <quorvan/elements/items/numbered_items.h>
 #include <quorvan/filer/item_values.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/reading/boundary.h>
 #include <quorvan/reading/element.h>
 #include <quorvan/reading/kinds.h>
@@ -15,8 +17,6 @@ using quorvan::fail;
 using quorvan::reading::guarded;
 
 namespace {
-
-constexpr std::string_view kBulgeStem = "Bulge";
 
 // The entries of a list as they are met.
 class Entries {
@@ -158,9 +158,8 @@ bool readDouble(const IXMLDOMNodePtr& entry, double* to) {
 }  // namespace
 
 bool quorvan::reading::readCoordinates(const IXMLDOMNodePtr& node, double* xyz) {
-  static constexpr dom::Name kNames[] = {"X", "Y", "Z"};
   dom::AttributeValue value;
-  for (const dom::Name& name : kNames) {
+  for (const dom::Name& name : quorvan::filer::kCoordinateNames) {
     if (!dom::hasAttributes(node) || !dom::attribute(node, name, value)) {
       return false;
     }
@@ -182,7 +181,7 @@ int quorvanReadPoints(const QuorvanItem* item, double* xyz, std::size_t room, st
 int quorvanReadBulges(const QuorvanItem* item, double* xyz, std::size_t room, std::size_t* count) {
   return read(item, count, Entries(quorvan::reading::readCoordinates, 3, xyz, room),
               [](const QuorvanItem& found, List& list) {
-                list = {kBulgeStem, found.schema->kind, true};
+                list = {items::kBulgeStem, found.schema->kind, true};
                 return isListOf(found, items::Kind::kSegmentList);
               });
 }

@@ -1,3 +1,5 @@
+#include <quorvan/elements/items/item_words.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/text/numbers.h>
 
 #include <tools/check/rules.h>
@@ -7,9 +9,6 @@
 namespace quorvan::tool {
 
 namespace {
-
-constexpr std::string_view kRootName = "Document";
-constexpr std::string_view kVersion = "1";
 
 // The index behind `index`, with the 16 bits in which it is filed.
 std::int32_t following(std::int32_t index) {
@@ -27,9 +26,9 @@ void checkDocument(const TransferFile& file, FindingSink& sink) {
     sink.add(findings::kNodeBeforeRoot, root.position, '"' + file.nodeBeforeRoot() + '"',
              "the root element behind the declaration");
   }
-  if (root.name != kRootName) {
+  if (root.name != filer::kRootName.text()) {
     sink.add(findings::kRootName, root.position, '"' + std::string(root.name) + '"',
-             '"' + std::string(kRootName) + '"');
+             '"' + std::string(filer::kRootName.text()) + '"');
   }
 }
 
@@ -51,15 +50,17 @@ void checkControl(const TransferFile& file, FindingSink& sink) {
 }
 
 void IndexRule::look(const Element& element) {
-  const std::string_view* const version = m_file.tree().attribute(*element.node, "version");
-  if (version == nullptr || *version != kVersion) {
+  const std::string_view* const version =
+      m_file.tree().attribute(*element.node, filer::kVersionName.text());
+  if (version == nullptr || *version != std::to_string(items::kElementVersion)) {
     m_sink.add(findings::kVersion, element, "",
                version == nullptr ? "no version" : "version=\"" + std::string(*version) + '"',
                "version=\"1\"");
   }
   Seen& seen = m_classes[element.className()];
   const std::int32_t expected = following(seen.last);
-  const std::string_view* const text = m_file.tree().attribute(*element.node, "index");
+  const std::string_view* const text =
+      m_file.tree().attribute(*element.node, filer::kIndexName.text());
   const auto index = text == nullptr ? std::nullopt : exactLong(*text);
   if (!index) {
     m_sink.add(findings::kIndexMissing, element, "",

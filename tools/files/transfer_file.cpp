@@ -4,6 +4,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include <quorvan/filer/vocabulary.h>
+
 #include <tools/console/terminal.h>
 #include <tools/files/forbidden_characters.h>
 #include <tools/files/temporary_folder.h>
@@ -86,7 +88,7 @@ void TransferFile::collectElements() {
 }
 
 std::string_view TransferFile::indexOf(const Element& element) const noexcept {
-  const std::string_view* const text = m_tree.attribute(*element.node, "index");
+  const std::string_view* const text = m_tree.attribute(*element.node, filer::kIndexName.text());
   return text == nullptr ? std::string_view() : *text;
 }
 

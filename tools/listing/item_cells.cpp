@@ -1,5 +1,7 @@
 #include <tools/listing/item_cells.h>
 
+#include <quorvan/elements/items/item_words.h>
+
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -56,7 +58,7 @@ std::string itemCell(const ItemValue& item) {
       return std::to_string(item.integer);
     case items::Kind::kFlag:
     case items::Kind::kNumericFlag:
-      return item.flag ? "True" : "False";
+      return std::string(item.flag ? items::kTrue : items::kFalse);
     case items::Kind::kString:
     case items::Kind::kAdherence:
       return item.text;

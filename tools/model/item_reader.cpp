@@ -4,6 +4,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include <quorvan/elements/items/item_words.h>
+#include <quorvan/filer/vocabulary.h>
 #include <quorvan/text/numbers.h>
 
 #include <tools/model/item_text.h>
@@ -13,7 +15,10 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr std::string_view kCoordinateNames[] = {"X", "Y", "Z"};
+bool isCoordinate(std::string_view attribute) {
+  return std::ranges::find(filer::kCoordinateNames, attribute, &dom::Name::text) !=
+         std::end(filer::kCoordinateNames);
+}
 
 std::string quoted(std::string_view name, std::string_view value) {
   return std::string(name) + "=\"" + std::string(value) + '"';
@@ -140,11 +145,9 @@ class ItemReader::Reading {
     }
     // A point that lacks one coordinate is not of another type.
     const auto others = m_tree.attributes(node);
-    const bool isCoordinate =
-        std::ranges::find(kCoordinateNames, attribute) != std::end(kCoordinateNames) &&
-        !others.empty() &&
-        std::ranges::find(kCoordinateNames, others.front().name) != std::end(kCoordinateNames);
-    report(others.empty() || isCoordinate ? ProblemKind::kMissing : ProblemKind::kMistyped, &node,
+    const bool lacksOne =
+        isCoordinate(attribute) && !others.empty() && isCoordinate(others.front().name);
+    report(others.empty() || lacksOne ? ProblemKind::kMissing : ProblemKind::kMistyped, &node,
            node.name,
            others.empty() ? "no attribute" : quoted(others.front().name, others.front().value),
            "the attribute " + name(attribute));
@@ -176,32 +179,32 @@ class ItemReader::Reading {
   }
 
   void readFlag(const Node& node, bool& value) {
-    const std::string_view* const found = text(node, "string");
+    const std::string_view* const found = text(node, filer::kStringKind.text());
     if (found == nullptr) {
       return;
     }
     const auto flag = flagOf(*found);
     value = flag.value_or(false);
     if (!flag) {
-      report(ProblemKind::kNoFlag, &node, node.name, quoted("string", *found),
+      report(ProblemKind::kNoFlag, &node, node.name, quoted(filer::kStringKind.text(), *found),
              R"("True" or "False")");
     }
   }
 
   void readAdherence(const Node& node, std::string& value) {
-    if (const std::string_view* const code = m_tree.attribute(node, "long")) {
-      value = adherenceOf(parseLong(*code));
-      report(ProblemKind::kNumericAdherence, &node, node.name, quoted("long", *code),
-             "string=\"" + value + '"');
-    } else if (const std::string_view* const found = text(node, "string")) {
+    if (const std::string_view* const code = m_tree.attribute(node, filer::kLongKind.text())) {
+      value = items::adherenceOf(parseLong(*code));
+      report(ProblemKind::kNumericAdherence, &node, node.name,
+             quoted(filer::kLongKind.text(), *code), "string=\"" + value + '"');
+    } else if (const std::string_view* const found = text(node, filer::kStringKind.text())) {
       value = *found;
     }
   }
 
   void readPoint(const Node& node, Coordinates& point) {
-    readDouble(node, kCoordinateNames[0], point.x);
-    readDouble(node, kCoordinateNames[1], point.y);
-    readDouble(node, kCoordinateNames[2], point.z);
+    readDouble(node, filer::kX.text(), point.x);
+    readDouble(node, filer::kY.text(), point.y);
+    readDouble(node, filer::kZ.text(), point.z);
   }
 
   void readScalar(const items::ItemSchema& schema, ItemValue& value) {
@@ -210,15 +213,15 @@ class ItemReader::Reading {
       case items::Kind::kVector:
         return readPoint(*value.node, value.point);
       case items::Kind::kDouble:
-        return readDouble(*value.node, "double", value.number);
+        return readDouble(*value.node, filer::kDoubleKind.text(), value.number);
       case items::Kind::kLong:
-        return readLong(*value.node, "long", value.integer);
+        return readLong(*value.node, filer::kLongKind.text(), value.integer);
       case items::Kind::kColor:
-        readLong(*value.node, "long", value.integer);
+        readLong(*value.node, filer::kLongKind.text(), value.integer);
         value.integer = static_cast<std::uint32_t>(value.integer);
         return;
       case items::Kind::kNumericFlag:
-        readLong(*value.node, "long", value.integer);
+        readLong(*value.node, filer::kLongKind.text(), value.integer);
         value.flag = value.integer != 0;
         return;
       case items::Kind::kFlag:
@@ -226,7 +229,7 @@ class ItemReader::Reading {
       case items::Kind::kAdherence:
         return readAdherence(*value.node, value.text);
       default:
-        if (const std::string_view* const found = text(*value.node, "string")) {
+        if (const std::string_view* const found = text(*value.node, filer::kStringKind.text())) {
           value.text = *found;
         }
     }
@@ -235,11 +238,11 @@ class ItemReader::Reading {
   void readList(const items::ItemSchema& schema, ItemValue& value) {
     const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
     std::int64_t count = 0;
-    readLong(*value.node, isNumbered ? "long" : "size", count);
+    readLong(*value.node, isNumbered ? filer::kLongKind.text() : filer::kSizeName.text(), count);
     const Node& parent = isNumbered ? *m_element.node : *value.node;
     const bool hasSegments = schema.kind == items::Kind::kSegmentList;
     ListEntries entries(m_tree, parent, schema.stem);
-    ListEntries bulges(m_tree, parent, hasSegments ? kBulgeStem : std::string_view());
+    ListEntries bulges(m_tree, parent, hasSegments ? items::kBulgeStem : std::string_view());
     checkCount(schema, *value.node, count, entries, hasSegments ? &bulges : nullptr);
     entries.limit(count);
     bulges.limit(count / 2);
@@ -258,7 +261,8 @@ class ItemReader::Reading {
       return;
     }
     const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
-    const std::string_view attribute = isNumbered ? "long" : "size";
+    const std::string_view attribute =
+        isNumbered ? filer::kLongKind.text() : filer::kSizeName.text();
     const std::size_t held = entries.all().size();
     const std::string_view* const announced = m_tree.attribute(node, attribute);
     if (announced == nullptr) {
@@ -304,7 +308,7 @@ class ItemReader::Reading {
 
   void readNumbers(const ListEntries& entries, std::vector<double>& numbers) {
     for (const ListEntry& entry : entries.all()) {
-      readDouble(*entry.node, "double", numbers.emplace_back(0.0));
+      readDouble(*entry.node, filer::kDoubleKind.text(), numbers.emplace_back(0.0));
     }
   }
 

@@ -100,8 +100,4 @@ std::optional<std::uint32_t> entryNumber(std::string_view name, std::string_view
   return number;
 }
 
-std::string_view adherenceOf(std::int32_t code) noexcept {
-  return code == 0 ? "Ha" : code == 1 ? "Dx" : "";
-}
-
 }  // namespace quorvan::tool

@@ -21,7 +21,4 @@ std::optional<bool> flagOf(std::string_view text) noexcept;
 /// The number at the end of a name that begins with `stem`: digits without leading zeros, from 1.
 std::optional<std::uint32_t> entryNumber(std::string_view name, std::string_view stem) noexcept;
 
-/// The text of an adherence code of older files.
-std::string_view adherenceOf(std::int32_t code) noexcept;
-
 }  // namespace quorvan::tool

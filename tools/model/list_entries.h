@@ -10,8 +10,6 @@
 
 namespace quorvan::tool {
 
-inline constexpr std::string_view kBulgeStem = "Bulge";
-
 /// The largest "size" that a list is filed with: it has 16 bits.
 inline constexpr std::size_t kLargestSize = 32767;
 

@@ -1,5 +1,6 @@
 #include <tools/repair/item_mending.h>
 
+#include <quorvan/elements/items/item_words.h>
 #include <quorvan/text/numbers.h>
 
 #include <tools/model/item_text.h>
@@ -80,8 +81,8 @@ std::optional<MendedAttribute> mend(const DocumentTree& tree, const Node& item,
   }
   const std::string_view* const right = tree.attribute(item, name);
   if (schema.kind == items::Kind::kAdherence && tree.attribute(item, "long") != nullptr) {
-    return MendedAttribute{name,
-                           std::string(adherenceOf(parseLong(*tree.attribute(item, "long"))))};
+    return MendedAttribute{
+        name, std::string(items::adherenceOf(parseLong(*tree.attribute(item, "long"))))};
   }
   const std::string_view text = right == nullptr ? attributes.front().value : *right;
   auto value = valueAs(schema.kind, text);

@@ -19,12 +19,10 @@
 #include <utility>
 
 #include <quorvan/elements/items/item_schema.h>
+#include <quorvan/elements/items/item_words.h>
 #include <quorvan/filer/item_access.h>
 
 namespace quorvan::items {
-
-/// The version that every element class files.
-inline constexpr int kElementVersion = 1;
 
 /// The state of one element going out.
 struct Writing {

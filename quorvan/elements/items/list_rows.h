@@ -15,10 +15,6 @@
 
 namespace quorvan::items {
 
-inline constexpr dom::Name kListName = "Vector";
-inline constexpr std::string_view kPointStem = "Point";
-inline constexpr std::string_view kBulgeStem = "Bulge";
-
 /// Writes entry `number` (from 1) of a list.
 template <class Value>
 int writeEntry(CKtFiler& filer, std::string_view stem, std::size_t number, const Value& value) {

@@ -7,6 +7,7 @@
 #include <quorvan/elements/items/filing.h>
 #include <quorvan/geometry/point.h>
 #include <quorvan/geometry/vector.h>
+#include <quorvan/text/utf8.h>
 
 namespace quorvan::items {
 
@@ -109,12 +110,12 @@ Buffered(dom::Name, Value Element::*) -> Buffered<Element, Value>;
 
 /// Writes a flag as the text "True" or "False".
 inline int writeFlag(CKtFiler& filer, const dom::Name& name, bool flag) {
-  return ItemAccess::write(filer, name, dom::AsciiText{flag ? "True" : "False"});
+  return ItemAccess::write(filer, name, dom::AsciiText{flag ? kTrue : kFalse});
 }
 
 /// Whether a flag's text says true.
 inline bool isTrue(const CString& text) {
-  return text.CompareNoCase(L"True") == 0;
+  return text.CompareNoCase(kWideTrue.data()) == 0;
 }
 
 /// A required flag, read through the element's text buffer: it is set from the buffer whether or
@@ -202,13 +203,11 @@ struct Adherence {
   void read(Reading& in, Element& element) const {
     long code = 0;
     if (ItemAccess::read(in.filer, name, &code) != 0) {
-      element.*field = textOf(code);
+      element.*field = fromUtf8(adherenceOf(code));
     } else {
       in.result &= ItemAccess::read(in.filer, name, &(element.*field));
     }
   }
-
-  static CString textOf(long code) { return code == 0 ? L"Ha" : code == 1 ? L"Dx" : L""; }
 };
 
 template <class Element>

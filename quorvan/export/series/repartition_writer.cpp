@@ -1,24 +1,26 @@
 #include <quorvan/export/series/repartition_writer.h>
 
+#include <quorvan/elements/bar_attribute_items.h>
 #include <quorvan/elements/repartition.h>
 #include <quorvan/export/filing/filing_state.h>
 #include <quorvan/export/filing/scratch_search.h>
 #include <quorvan/export/series/repartition_geometry.h>
+#include <quorvan/filer/item_access.h>
 
 namespace quorvan {
 
 namespace {
 
-constexpr int kPatternVersion = 1;
-
 // Files what identifies the repeated bar among the elements of its class.
 void writeBarPattern(CKtPatternFiler& pattern, const PendingFrame& frame, bool hidden) {
-  pattern.beginClass(frame.className, kPatternVersion);
-  pattern.writeItem(L"Reference", static_cast<long>(frame.reference));
-  pattern.writeItem(L"SteelGrade", frame.frame.getSteelGrade());
-  pattern.writeItem(L"Adherence", frame.frame.getAdherence());
-  pattern.writeItem(L"Diameter", frame.frame.getDiameter());
-  pattern.writeItem(L"Hidden", hidden ? L"True" : L"False");
+  pattern.beginClass(frame.className, items::kElementVersion);
+  const CKtZantoFrameRect& bar = frame.frame;
+  ItemAccess::write(pattern, items::kReferenceName, static_cast<long>(frame.reference));
+  ItemAccess::write(pattern, items::kSteelGradeName, bar.getSteelGrade());
+  ItemAccess::write(pattern, items::kAdherenceName, bar.getAdherence());
+  ItemAccess::write(pattern, items::kDiameterName, bar.getDiameter());
+  ItemAccess::write(pattern, items::kHiddenName,
+                    dom::AsciiText{hidden ? items::kTrue : items::kFalse});
   pattern.endClass();
 }
 
