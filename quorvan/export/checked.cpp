@@ -184,3 +184,15 @@ int run(When when, const Call& call) noexcept {
   }
 QUORVAN_FLAT_FUNCTIONS(QUORVAN_TWIN)
 #undef QUORVAN_TWIN
+
+int quorvanAbandonFiling() {
+  return run(IN_FILING, [] {
+    // A filer as it was before the first filing: letting go of the path alone would leave the
+    // counts of the drawing to the next one.
+    quorvan::theFiler = CKtFiler();
+    quorvan::pendingFrames.clear();
+    quorvan::groupedFrames.clear();
+    quorvan::filingOpen = false;
+    quorvan::filingStopped = false;
+  });
+}

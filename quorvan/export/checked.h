@@ -29,6 +29,10 @@ extern "C" {
 QUORVAN_FLAT_FUNCTIONS(QUORVAN_TWIN)
 #undef QUORVAN_TWIN
 
+/// Gives the open filing up: nothing of it reaches the disk, the file that was to be added to is as
+/// it was, and frames held back are gone. QUORVAN_NO_FILING when none is open.
+QUORVAN_API int quorvanAbandonFiling(void);
+
 #ifdef __cplusplus
 }
 #endif

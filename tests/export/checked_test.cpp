@@ -183,6 +183,27 @@ TEST_F(CheckedFunctions, OtherNullTextsAreEmptyOnes) {
   EXPECT_EQ(endFilingChecked(nullptr, 0, nullptr, 0), QUORVAN_DONE);
 }
 
+TEST_F(CheckedFunctions, AFilingThatIsGivenUpLeavesNothingBehind) {
+  start();
+  exportLine(1, 2, 3, 4, 5, 6, 7);
+  end();
+  const std::string before = fileBytes(kDrawing);
+  startChecked();
+  EXPECT_EQ(exportLineChecked(1, 2, 3, 4, 5, 6, 7), QUORVAN_DONE);
+  EXPECT_EQ(pushChecked(L"CKtZantoStirrup"), QUORVAN_DONE);
+  EXPECT_EQ(endChecked(), QUORVAN_BAD_SERIES);
+  EXPECT_EQ(stopFilingChecked(), QUORVAN_DONE);
+  EXPECT_EQ(quorvanAbandonFiling(), QUORVAN_DONE);
+  EXPECT_EQ(fileBytes(kDrawing), before);
+  EXPECT_EQ(quorvanAbandonFiling(), QUORVAN_NO_FILING);
+  // Neither frames nor counts nor the stop go over to the next.
+  std::filesystem::remove(kDrawing);
+  startChecked();
+  EXPECT_EQ(exportLineChecked(1, 2, 3, 4, 5, 6, 7), QUORVAN_DONE);
+  EXPECT_EQ(endChecked(), QUORVAN_DONE);
+  EXPECT_EQ(indexes(), "CKtZantoLine 1, CKtDrawingControl 1");
+}
+
 TEST_F(CheckedFunctions, GiveTheProjectName) {
   const wchar_t* name = nullptr;
   EXPECT_EQ(getModulePromptsProjectNameChecked(&name), QUORVAN_DONE);

@@ -1,0 +1,16 @@
+"""The library lies inside: the wheel is for one system, and for any Python of it."""
+
+from setuptools import setup
+from wheel.bdist_wheel import bdist_wheel
+
+
+class PlatformWheel(bdist_wheel):
+    def finalize_options(self):
+        super().finalize_options()
+        self.root_is_pure = False
+
+    def get_tag(self):
+        return "py3", "none", super().get_tag()[2]
+
+
+setup(cmdclass={"bdist_wheel": PlatformWheel})
