@@ -315,4 +315,7 @@ struct NumberedPoints {
   }
 };
 
+template <class Element>
+NumberedPoints(dom::Name, std::vector<CKtPnt3D> Element::*) -> NumberedPoints<Element>;
+
 }  // namespace quorvan::items
