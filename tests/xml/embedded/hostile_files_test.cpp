@@ -75,6 +75,18 @@ TEST_F(HostileFiles, TheNumberOfAttributesIsBounded) {
   EXPECT_FALSE(loads("<!DOCTYPE a>" + withAttributes(kMaxAttributes + 1)));
 }
 
+// More than a block of the writer's, ended at every place of an attribute.
+TEST_F(HostileFiles, AnElementOfManyAttributesIsSavedAsItWasRead) {
+  for (std::size_t length = 0; length < 24; ++length) {
+    std::string document = "<a";
+    for (std::size_t i = 0; i < kMaxAttributes; ++i) {
+      document += " b" + std::to_string(i) + "=\"" + std::string(length, 'v') + '"';
+    }
+    document += "/>\r\n";
+    EXPECT_TRUE(resaved(document) == document) << length;
+  }
+}
+
 TEST_F(HostileFiles, EntitiesAreResolvedInTextAndValues) {
   ASSERT_TRUE(
       loads("<!DOCTYPE a [<!ENTITY e 'x&#38;amp;<b>y</b>'><!ENTITY f 'v'>]>"

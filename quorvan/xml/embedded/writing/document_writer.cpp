@@ -166,7 +166,8 @@ void DocumentWriter::writeStartTag(Ref ref, const Node& node, bool isWhole) {
     limit = at + (kRoom - kSlack);
   };
   const auto fits = [&](const NameEntry& name, std::size_t size) {
-    return name.isAscii && name.length + size < static_cast<std::size_t>(limit - at);
+    // The signs around the last attribute may have gone a little beyond the limit.
+    return name.isAscii && at < limit && name.length + size < static_cast<std::size_t>(limit - at);
   };
   if (const NameEntry& name = m_names[node.name()]; fits(name, 0)) {
     char* const begin = at;
