@@ -174,21 +174,26 @@ const Unit* readDigits(const Unit* at, const Unit* end, std::uint64_t& value) no
   return at;
 }
 
-// The number times a power of ten: both exact, one operation, whose rounding is the only one.
-double scaled(std::int64_t number, std::int64_t exponent) noexcept {
-  if (exponent == 0) {
-    return static_cast<double>(number);
-  }
-  if (roundsQuietly()) {
-    return exponent < 0 ? static_cast<double>(number) / kPowersOfTen[-exponent]
-                        : static_cast<double>(number) * kPowersOfTen[exponent];
-  }
+// The same as below in whatever state. Volatile, so that the operation stays where the state is the
+// one it needs.
+double scaledQuietly(std::int64_t number, std::int64_t exponent) noexcept {
   const InitialFloatingPointState state;
-  // Volatile, so that the operation stays where the state is the one it needs.
   const volatile auto factor = static_cast<double>(number);
   const volatile double power = kPowersOfTen[exponent < 0 ? -exponent : exponent];
   const volatile double value = exponent < 0 ? factor / power : factor * power;
   return value;
+}
+
+// The number times a power of ten: both exact, one operation, whose rounding is the only one.
+inline double scaled(std::int64_t number, std::int64_t exponent) noexcept {
+  if (exponent == 0) {
+    return static_cast<double>(number);
+  }
+  if (roundsQuietly()) [[likely]] {
+    return exponent < 0 ? static_cast<double>(number) / kPowersOfTen[-exponent]
+                        : static_cast<double>(number) * kPowersOfTen[exponent];
+  }
+  return scaledQuietly(number, exponent);
 }
 
 template <class Unit>

@@ -15,6 +15,8 @@ while read -r name; do
     pattern="quorvan_add_fuzz_target\($test "
   elif [[ $suite == Soak ]]; then
     pattern="$suite\.$test"
+  elif [[ $suite == Scaling ]]; then
+    pattern="quorvan_add_scaling_test\($test "
   fi
   if ! grep -rqE --include='*.cpp' --include=CMakeLists.txt "$pattern" tests fuzz; then
     echo "SECURITY.md names $name, which is no test"

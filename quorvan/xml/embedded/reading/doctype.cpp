@@ -1,5 +1,7 @@
 #include <quorvan/xml/embedded/reading/doctype.h>
 
+#include <algorithm>
+
 #include <quorvan/xml/embedded/reading/expat_parser.h>
 #include <quorvan/xml/embedded/reading/step_budget.h>
 
@@ -7,6 +9,7 @@ namespace quorvan::embedded {
 
 namespace {
 
+constexpr std::string_view kNamespaceName = "xmlns";
 constexpr std::string_view kInstructionBegin = "<?";
 constexpr std::string_view kCommentBegin = "<!--";
 
@@ -44,7 +47,7 @@ class DeclarationPass {
   static DeclarationPass& self(void* pass) noexcept { return *static_cast<DeclarationPass*>(pass); }
 
   void entity(std::string_view name, bool isParameter, std::string_view text);
-  void attribute(std::string_view element);
+  void attribute(std::string_view element, std::string_view name, std::string_view value);
   void checkPlainName(std::string_view name);
 
   ExpatParser m_parser{ExpatParser::Names::kAsTheyAre};
@@ -77,10 +80,10 @@ DeclarationPass::DeclarationPass(Doctype& doctype, std::uint64_t fileSize)
         });
       });
   XML_SetAttlistDeclHandler(
-      parser, [](void* pass, const char* element, const char* /*name*/, const char* /*type*/,
-                 const char* /*value*/, int /*isRequired*/) {
+      parser, [](void* pass, const char* element, const char* name, const char* /*type*/,
+                 const char* value, int /*isRequired*/) {
         DeclarationPass& me = self(pass);
-        me.m_parser.guard([&] { me.attribute(element); });
+        me.m_parser.guard([&] { me.attribute(element, name, value == nullptr ? "" : value); });
       });
   XML_SetNotationDeclHandler(parser, [](void* pass, const char* name, const char* /*base*/,
                                         const char* /*systemId*/, const char* /*publicId*/) {
@@ -99,12 +102,19 @@ void DeclarationPass::entity(std::string_view name, bool isParameter, std::strin
 }
 
 // The parser compares each attribute with all that are declared for the element.
-void DeclarationPass::attribute(std::string_view element) {
+void DeclarationPass::attribute(std::string_view element, std::string_view name,
+                                std::string_view value) {
   auto found = m_doctype.declaredAttributes.find(element);
   if (found == m_doctype.declaredAttributes.end()) {
-    found = m_doctype.declaredAttributes.emplace(element, 0).first;
+    found = m_doctype.declaredAttributes.emplace(element, DeclaredAttributes()).first;
   }
-  if (!m_steps.spend(++found->second)) {
+  DeclaredAttributes& declared = found->second;
+  declared.prefixes += name.find(':') != std::string_view::npos ? 1U : 0U;
+  if (startsWith(name, kNamespaceName)) {
+    declared.addressBytes += value.size();
+    declared.longestAddress = std::max(declared.longestAddress, value.size());
+  }
+  if (!m_steps.spend(++declared.count)) {
     m_parser.refuse("too many attributes declared for one element", dom::LoadFailure::kLimit);
   }
 }

@@ -20,14 +20,22 @@ inline constexpr std::string_view kDoctypeBegin = "<!DOCTYPE";
 // Why a file is refused.
 inline constexpr const char* kBadName = "a name that XML does not allow";
 
+/// The attributes declared for an element.
+struct DeclaredAttributes {
+  std::size_t count = 0;
+  std::size_t prefixes = 0;        // of their names
+  std::size_t addressBytes = 0;    // of the namespaces that they name
+  std::size_t longestAddress = 0;  // of one, in bytes
+};
+
 struct Doctype {
   std::string source;  // as it stands in the file, in UTF-8; empty without one
   EntityGraph entities;
   // Something may be declared where nobody looks: references that the parser passes over have to be
   // found here.
   bool isOpenWorld = false;
-  // How many attributes are declared for an element, by its name.
-  std::map<std::string, std::size_t, std::less<>> declaredAttributes;
+  // By the name of their element.
+  std::map<std::string, DeclaredAttributes, std::less<>> declaredAttributes;
 
   /// Reads the file, which stands at its beginning, up to its first element, and goes back.
   /// Nothing when it is not well-formed so far or goes beyond limits.h; `problem` then says which.

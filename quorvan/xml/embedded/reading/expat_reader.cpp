@@ -206,7 +206,7 @@ void Reader::startElement(const char* name, const char** attributes) {
     return;
   }
   const Ref element = m_builder.createElement(nameOf(name));
-  if (!m_cost.addTag(name, static_cast<std::size_t>(count), attributes + 2 * count)) {
+  if (!m_cost.addTag(name, static_cast<std::size_t>(count))) {
     m_parser.refuse("too many attributes declared for a file of this size",
                     dom::LoadFailure::kLimit);
     return;

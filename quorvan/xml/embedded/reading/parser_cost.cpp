@@ -2,26 +2,16 @@
 
 namespace quorvan::embedded {
 
-bool ParserCost::addDeclared(std::string_view name, std::size_t attributes, const char** declared) {
+bool ParserCost::addDeclared(std::string_view name, std::size_t attributes) {
   const auto found = m_doctype.declaredAttributes.find(name);
   if (found == m_doctype.declaredAttributes.end()) {
     return true;
   }
-  if (!m_steps.spend(found->second * (std::uint64_t{attributes} + 1))) {
-    return false;
-  }
-  for (; *declared != nullptr; declared += 2) {
-    const std::string_view attribute(declared[0]);
-    if (attribute.find(':') != std::string_view::npos) {
-      addPrefix();
-    }
-    if (isNamespace(attribute)) {
-      const std::string_view address(declared[1]);
-      addAttribute(attribute, address);
-      m_repeatedBytes += address.size();
-    }
-  }
-  return true;
+  const DeclaredAttributes& declared = found->second;
+  m_prefixes += declared.prefixes;
+  m_repeatedBytes += declared.addressBytes;
+  m_longestAddress = std::max<std::uint64_t>(m_longestAddress, declared.longestAddress);
+  return m_steps.spend(declared.count * (std::uint64_t{attributes} + 1));
 }
 
 }  // namespace quorvan::embedded

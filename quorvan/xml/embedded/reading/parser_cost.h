@@ -18,10 +18,10 @@ class ParserCost {
   ParserCost(const Doctype& doctype, std::uint64_t fileSize) noexcept
       : m_doctype(doctype), m_steps(fileSize) {}
 
-  /// Takes in a start tag with so many attributes; `declared` are those that the parser adds to
-  /// them, name and value in turn, up to a null. False when that goes beyond the limit.
-  bool addTag(const char* name, std::size_t attributes, const char** declared) {
-    return m_doctype.declaredAttributes.empty() || addDeclared(name, attributes, declared);
+  /// Takes in a start tag with so many attributes. False when the parser goes beyond the limit with
+  /// those that are declared for its element.
+  bool addTag(const char* name, std::size_t attributes) {
+    return m_doctype.declaredAttributes.empty() || addDeclared(name, attributes);
   }
 
   /// Takes in a name with a prefix that stands in the file.
@@ -46,7 +46,7 @@ class ParserCost {
     constexpr std::string_view kName = "xmlns";
     return name.substr(0, kName.size()) == kName;
   }
-  bool addDeclared(std::string_view name, std::size_t attributes, const char** declared);
+  bool addDeclared(std::string_view name, std::size_t attributes);
 
   const Doctype& m_doctype;
   StepBudget m_steps;
