@@ -25,6 +25,12 @@ int ClassCounts::add(const dom::Name& name, int change) {
   return m_counts.emplace(name.text(), change).first->second;
 }
 
+void ClassCounts::add(const ClassCounts& other) {
+  for (const auto& [name, count] : other.m_counts) {
+    add(dom::Name(name), count);
+  }
+}
+
 void ClassCounts::clear() noexcept {
   m_recent = {};
   m_counts.clear();

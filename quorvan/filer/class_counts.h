@@ -31,6 +31,9 @@ class ClassCounts {
   /// Adds to the count of that name, which begins at 0, and returns the sum.
   int add(const dom::Name& name, int change);
 
+  /// Adds all counts of the other.
+  void add(const ClassCounts& other);
+
   void clear() noexcept;
   void swap(ClassCounts& other) noexcept {
     m_counts.swap(other.m_counts);

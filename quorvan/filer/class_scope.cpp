@@ -1,5 +1,6 @@
 // Class scopes: creating, finding and closing class elements, and the look-up of named children.
 #include <quorvan/filer/class_count.h>
+#include <quorvan/filer/document_memory.h>
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/vocabulary.h>
 #include <quorvan/xml/dom.h>
@@ -35,6 +36,7 @@ int CKtFiler::openClass(const dom::Name& className, int version) {
 // attaches it.
 int CKtFiler::CreateClass(const dom::Name& className, int version) {
   m_currentClass = dom::createElement(m_document, className);
+  m_classPlace.becomeAlone();
   if (m_currentClass == nullptr || !dom::hasAttributes(m_currentClass)) {
     return 0;
   }
@@ -59,12 +61,16 @@ int CKtFiler::endClass() {
   }
   int result = -1;
   if (m_writing != 0) {
-    const IXMLDOMNodePtr root = GetDocumentRealNode();
+    const IXMLDOMNodePtr root = rootElement();
     if (root == nullptr) {
       return -1;
     }
+    joinFrom(m_classPlace);
     dom::append(root, m_currentClass);
     const dom::NodeName name = dom::nodeName(m_currentClass);
+    if (m_memory != nullptr && m_classPlace.isAlone()) {
+      m_memory->take(name, m_currentClass);
+    }
     if (const int* const counted = m_classCounts.find(name); counted != nullptr) {
       result = *counted;
     }
@@ -93,14 +99,20 @@ int CKtFiler::openClass(const dom::Name& className) {
 int CKtFiler::FindClass(const dom::Name& className) {
   IXMLDOMNodePtr found;
   if (m_currentClass == nullptr || !dom::nodeNameIs(m_currentClass, className)) {
-    const IXMLDOMNodePtr root = GetDocumentRealNode();
+    const IXMLDOMNodePtr root = rootElement();
     if (root == nullptr) {
       return 0;
     }
     found = dom::firstChildNamed(root, className);
     m_missingLeft = kMissingEntries;
+    if (found != nullptr) {
+      m_classPlace.becomeInDocument();
+    }
   } else {
     found = dom::nextSiblingNamed(m_currentClass, className);
+    if (found != nullptr) {
+      m_classPlace.becomeNear(m_classPlace);
+    }
   }
   if (found == nullptr) {
     return 0;

@@ -1,7 +1,7 @@
 // The filer's document: opening, saving, the class counts and the root element.
 #include <quorvan/filer/filer.h>
 
-#include <quorvan/filer/search_index.h>
+#include <quorvan/filer/document_memory.h>
 #include <quorvan/filer/vocabulary.h>
 #include <quorvan/geometry/module_prompts.h>
 #include <quorvan/platform/com.h>
@@ -36,6 +36,11 @@ class MapFiller final : public dom::ChildNameCounts {
   ClassCounts& m_counts;
 };
 
+void addCountsBelow(const IXMLDOMNodePtr& root, ClassCounts& counts) {
+  MapFiller filler(counts);
+  dom::countChildNames(root, filler);
+}
+
 }  // namespace
 
 CKtFiler::CKtFiler() {
@@ -51,7 +56,9 @@ CKtFiler::CKtFiler(const CKtFiler& other)
       m_currentClass(other.m_currentClass),
       m_currentVector(other.m_currentVector),
       m_scratch(other.m_scratch),
-      m_searchIndex(other.m_searchIndex),
+      m_classPlace(other.m_classPlace),
+      m_vectorPlace(other.m_vectorPlace),
+      m_memory(other.m_memory),
       m_missingLeft(other.m_missingLeft) {
   // The destructor of every filer uninitialises COM, so every constructor initialises it.
   quorvan::platform::initializeCom();
@@ -72,7 +79,7 @@ CKtFiler::~CKtFiler() {
 int CKtFiler::newFiler(CString path) {
   try {
     m_fileName = std::move(path);
-    m_searchIndex.reset();
+    endDocumentMemory();
     const HRESULT created = dom::createDocument(m_document);
     CString prompt;
     KtPrompts::getPrompt(prompt, kMissingServicePrompt, getModulePromptsProjectName(), 0);
@@ -83,6 +90,7 @@ int CKtFiler::newFiler(CString path) {
     if (m_document == nullptr) {
       return 0;
     }
+    m_memory = std::make_shared<quorvan::DocumentMemory>(m_document);
     if (dom::load(m_document, m_fileName)) {
       return LoadMapFromXml();
     }
@@ -111,7 +119,9 @@ int CKtFiler::closeFiler() {
   }
   dom::save(m_document, m_fileName,
             m_scratch != 0 ? dom::Durability::kScratch : dom::Durability::kDisk);
-  m_searchIndex.reset();
+  if (m_memory != nullptr) {
+    m_memory->forget();
+  }
   m_document = nullptr;
   m_fileName.Empty();
   m_classCounts.clear();
@@ -125,15 +135,23 @@ int CKtFiler::LoadMapFromXml() {
   if (m_mapLoaded != 0) {
     return 1;
   }
-  const IXMLDOMNodePtr root = GetDocumentRealNode();
+  const IXMLDOMNodePtr root = rootElement();
   if (root == nullptr) {
     return 0;
   }
   // Into a copy: counts that an error left half added would be added again the next time, and the
   // elements written then would get wrong indexes.
   ClassCounts counts = m_classCounts;
-  MapFiller filler(counts);
-  dom::countChildNames(root, filler);
+  if (m_memory != nullptr && m_memory->keepsRoot()) {
+    if (!m_memory->counts()) {
+      ClassCounts kept;
+      addCountsBelow(root, kept);
+      m_memory->setCounts(std::move(kept));
+    }
+    counts.add(*m_memory->counts());
+  } else {
+    addCountsBelow(root, counts);
+  }
   m_classCounts.swap(counts);
   m_mapLoaded = 1;
   return 1;
@@ -145,10 +163,58 @@ int CKtFiler::InsertClassNameInMap(const dom::Name& className) {
 
 // The root is known by its place, not by its name: a comment or DOCTYPE that stands where it is
 // expected is taken for it.
-IXMLDOMNodePtr CKtFiler::GetDocumentRealNode() {
+IXMLDOMNodePtr CKtFiler::rootElement() {
+  const bool isKept = m_document != nullptr && m_memory != nullptr && m_memory->keepsRoot();
+  if (isKept && m_memory->root() != nullptr) {
+    return m_memory->root();
+  }
   IXMLDOMNodePtr node = dom::firstChild(m_document);
   if (node != nullptr && dom::nodeNameIs(node, "xml")) {
     node = dom::nextSibling(node);
   }
+  if (isKept) {
+    m_memory->setRoot(node);
+  }
   return node;
+}
+
+IXMLDOMNodePtr CKtFiler::GetDocumentRealNode() {
+  handOut();
+  return rootElement();
+}
+
+// A node of this filer's may be in a caller's hands from now on.
+void CKtFiler::handOut() {
+  if (m_memory != nullptr) {
+    m_memory->handOut();
+  }
+}
+
+// The current nodes stay current beyond their document, which may stay open in a copy.
+void CKtFiler::endDocumentMemory() {
+  if (m_currentClass != nullptr || m_currentVector != nullptr) {
+    handOut();
+    m_classPlace.becomeElsewhere();
+    m_vectorPlace.becomeElsewhere();
+  }
+  m_memory.reset();
+}
+
+// A node at that place is about to change. One that is elsewhere belongs to a document of which
+// nothing is remembered any more.
+void CKtFiler::changeAt(const CursorPlace& place) {
+  if (m_memory != nullptr && place.isInDocument()) {
+    m_memory->change();
+  }
+}
+
+// A node from that place is about to join the document.
+void CKtFiler::joinFrom(const CursorPlace& place) {
+  if (m_memory != nullptr && !place.isAlone()) {
+    m_memory->change();
+  }
+  if (place.isElsewhere()) {
+    // Who holds nodes of the other document holds them in this one now.
+    handOut();
+  }
 }

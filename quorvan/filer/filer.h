@@ -31,7 +31,7 @@ class CKtPatternFiler;
 
 namespace quorvan {
 class ItemAccess;
-class SearchIndex;
+class DocumentMemory;
 namespace dom {
 class Name;
 }
@@ -154,7 +154,8 @@ class QUORVAN_API CKtFiler {
 
  protected:
   /// The root element: the document's first child, or the one after the declaration; null
-  /// without one.
+  /// without one. From then on searches in this document go from element to element where nodes
+  /// can be changed past the filer, as the COM interfaces of Windows' document service can.
   IXMLDOMNodePtr GetDocumentRealNode();
 
   /// Whether the current class element holds an item equal to this one of the pattern.
@@ -164,7 +165,49 @@ class QUORVAN_API CKtFiler {
   friend class CKtPatternFiler;
   friend class quorvan::ItemAccess;
 
+  // Where a current node is. Only one that no document holds yet, and no other filer knows, is
+  // written into without a change of a document; copying a filer ends that for both.
+  class CursorPlace {
+   public:
+    CursorPlace() noexcept = default;
+    CursorPlace(const CursorPlace& other) noexcept : m_place(other.shared()) {}
+    CursorPlace& operator=(const CursorPlace& other) noexcept {
+      m_place = other.shared();
+      return *this;
+    }
+    ~CursorPlace() = default;
+
+    [[nodiscard]] bool isAlone() const noexcept { return m_place == kAlone; }
+    [[nodiscard]] bool isInDocument() const noexcept { return m_place == kInDocument; }
+    [[nodiscard]] bool isElsewhere() const noexcept { return m_place == kElsewhere; }
+    void becomeAlone() noexcept { m_place = kAlone; }
+    void becomeElsewhere() noexcept { m_place = kElsewhere; }
+    // A node beside or below the one at `other`.
+    void becomeNear(const CursorPlace& other) noexcept {
+      m_place = other.m_place == kElsewhere ? kElsewhere : kInDocument;
+    }
+    void becomeInDocument() noexcept { m_place = kInDocument; }
+
+   private:
+    enum Place { kAlone, kInDocument, kElsewhere };
+
+    Place shared() const noexcept {
+      if (m_place == kAlone) {
+        m_place = kInDocument;
+      }
+      return m_place;
+    }
+
+    mutable Place m_place = kInDocument;
+  };
+
   int prepareEmptyDocument();
+  IXMLDOMNodePtr rootElement();
+  void endDocumentMemory();
+  void handOut();
+  void changeAt(const CursorPlace& place);
+  void joinFrom(const CursorPlace& place);
+  const IXMLDOMNodePtr& scopeToWrite();
   int LoadMapFromXml();
   int InsertClassNameInMap(const quorvan::dom::Name& className);
   int CreateClass(const quorvan::dom::Name& className, int version);
@@ -207,6 +250,8 @@ class QUORVAN_API CKtFiler {
   IXMLDOMNodePtr m_currentClass;              // opened by beginClass
   IXMLDOMNodePtr m_currentVector;             // opened by beginVector
   int m_scratch = 0;                          // 1 for a pattern, whose file is soon deleted
-  std::shared_ptr<quorvan::SearchIndex> m_searchIndex;  // made by the first search
-  long m_missingLeft = kMissingEntries;                 // since the walk over a class began
+  CursorPlace m_classPlace;                   // of m_currentClass
+  CursorPlace m_vectorPlace;                  // of m_currentVector
+  std::shared_ptr<quorvan::DocumentMemory> m_memory;  // of the document opened last
+  long m_missingLeft = kMissingEntries;               // since the walk over a class began
 };

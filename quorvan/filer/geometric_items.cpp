@@ -11,7 +11,7 @@ int CKtFiler::writeItem(CString name, CKtPnt3D point) {
 }
 
 int CKtFiler::write(const dom::Name& name, const CKtPnt3D& point) {
-  const IXMLDOMNodePtr& scope = itemScope();
+  const IXMLDOMNodePtr& scope = scopeToWrite();
   if (scope == nullptr) {
     return dropItem(name);
   }
@@ -23,7 +23,7 @@ int CKtFiler::writeItem(CString name, CKtVect3D vector) {
 }
 
 int CKtFiler::write(const dom::Name& name, const CKtVect3D& vector) {
-  const IXMLDOMNodePtr& scope = itemScope();
+  const IXMLDOMNodePtr& scope = scopeToWrite();
   if (scope == nullptr) {
     return dropItem(name);
   }

@@ -9,6 +9,12 @@ const IXMLDOMNodePtr& CKtFiler::itemScope() const {
   return m_currentVector != nullptr ? m_currentVector : m_currentClass;
 }
 
+// The scope, in which an item is about to be written.
+const IXMLDOMNodePtr& CKtFiler::scopeToWrite() {
+  changeAt(m_currentVector != nullptr ? m_vectorPlace : m_classPlace);
+  return itemScope();
+}
+
 // With nowhere to go the item is built all the same, so that what stands in its way is raised.
 int CKtFiler::dropItem(const dom::Name& name) {
   dom::createElement(m_document, name);

@@ -82,10 +82,12 @@ int readList(const IXMLDOMNodePtr& list, std::vector<Entry>* entries, long* coun
 }  // namespace
 
 int CKtFiler::writeItem(CString name, std::vector<CKtPnt3D> points, long count) {
+  changeAt(m_classPlace);
   return writeList(m_document, m_currentClass, dom::NameText(name), kPointEntry, points, count);
 }
 
 int CKtFiler::writeItem(CString name, std::vector<CKtVect3D> vectors, long count) {
+  changeAt(m_classPlace);
   return writeList(m_document, m_currentClass, dom::NameText(name), kVectorEntry, vectors, count);
 }
 

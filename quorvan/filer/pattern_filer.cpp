@@ -12,7 +12,7 @@ CKtPatternFiler& CKtPatternFiler::operator=(const CKtPatternFiler& other) = defa
 CKtPatternFiler::~CKtPatternFiler() = default;
 
 int CKtPatternFiler::getClassName(CString& name) {
-  const IXMLDOMNodePtr root = GetDocumentRealNode();
+  const IXMLDOMNodePtr root = rootElement();
   if (root == nullptr) {
     return 0;
   }
@@ -21,8 +21,10 @@ int CKtPatternFiler::getClassName(CString& name) {
     return 0;
   }
   m_currentClass = std::move(first);
+  m_classPlace.becomeInDocument();
   name = quorvan::nodeName(m_currentClass);
   m_currentVector = dom::firstChild(m_currentClass);
+  m_vectorPlace.becomeInDocument();
   return 1;
 }
 
@@ -32,9 +34,11 @@ int CKtPatternFiler::getFirstChildNode(IXMLDOMNodePtr* node) {
     return 0;
   }
   m_currentVector = dom::firstChild(m_currentClass);
+  m_vectorPlace.becomeNear(m_classPlace);
   if (m_currentVector == nullptr) {
     return 0;
   }
+  handOut();
   *node = m_currentVector;
   return 1;
 }
@@ -44,9 +48,11 @@ int CKtPatternFiler::getNextChildNode(IXMLDOMNodePtr* node) {
     return 0;
   }
   m_currentVector = dom::nextSibling(m_currentVector);
+  m_vectorPlace.becomeNear(m_vectorPlace);
   if (m_currentVector == nullptr) {
     return 0;
   }
+  handOut();
   *node = m_currentVector;
   return 1;
 }

@@ -14,7 +14,7 @@ int CKtFiler::writeItem(CString name, double value) {
 }
 
 int CKtFiler::write(const dom::Name& name, double value) {
-  const IXMLDOMNodePtr& scope = itemScope();
+  const IXMLDOMNodePtr& scope = scopeToWrite();
   if (scope == nullptr) {
     return dropItem(name);
   }
@@ -29,7 +29,7 @@ int CKtFiler::writeItem(CString name, long value) {
 }
 
 int CKtFiler::write(const dom::Name& name, long value) {
-  const IXMLDOMNodePtr& scope = itemScope();
+  const IXMLDOMNodePtr& scope = scopeToWrite();
   if (scope == nullptr) {
     return dropItem(name);
   }
@@ -44,7 +44,7 @@ int CKtFiler::writeItem(CString name, CString value) {
 }
 
 int CKtFiler::write(const dom::Name& name, const CString& value) {
-  const IXMLDOMNodePtr& scope = itemScope();
+  const IXMLDOMNodePtr& scope = scopeToWrite();
   if (scope == nullptr) {
     return dropItem(name);
   }
@@ -53,7 +53,7 @@ int CKtFiler::write(const dom::Name& name, const CString& value) {
 
 int quorvan::ItemAccess::write(CKtFiler& filer, const dom::Name& name,
                                const dom::AsciiText& value) {
-  const IXMLDOMNodePtr& scope = filer.itemScope();
+  const IXMLDOMNodePtr& scope = filer.scopeToWrite();
   if (scope == nullptr) {
     return filer.dropItem(name);
   }

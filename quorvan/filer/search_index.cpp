@@ -24,7 +24,9 @@ SearchIndex::Search SearchIndex::search(const IXMLDOMNodePtr& root, const dom::N
   try {
     readPattern(patternClass);
     ClassEntry& entry = entryFor(className);
-    takeInElements(entry, root, className);
+    if (!entry.isListed) {
+      listElements(entry, root, className);
+    }
     Table& table = tableFor(entry, patternClass);
     while (table.nextInChain.size() < entry.elements.size()) {
       indexElement(table, entry.elements[table.nextInChain.size()]);
@@ -72,14 +74,19 @@ SearchIndex::ClassEntry& SearchIndex::entryFor(const dom::Name& className) {
   return found != m_classes.end() ? found->second : m_classes[std::string(className.text())];
 }
 
-void SearchIndex::takeInElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
-                                 const dom::Name& className) {
-  IXMLDOMNodePtr element = entry.elements.empty()
-                               ? dom::firstChildNamed(root, className)
-                               : dom::nextSiblingNamed(entry.elements.back(), className);
-  while (element != nullptr) {
+void SearchIndex::listElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
+                               const dom::Name& className) {
+  for (IXMLDOMNodePtr element = dom::firstChildNamed(root, className); element != nullptr;
+       element = dom::nextSiblingNamed(element, className)) {
     entry.elements.push_back(element);
-    element = dom::nextSiblingNamed(element, className);
+  }
+  entry.isListed = true;
+}
+
+void SearchIndex::take(const dom::Name& name, const IXMLDOMNodePtr& classElement) {
+  const auto entry = m_classes.find(name.text());
+  if (entry != m_classes.end()) {
+    entry->second.elements.push_back(classElement);
   }
 }
 

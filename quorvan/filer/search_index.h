@@ -3,9 +3,9 @@
 //
 // The index stands beside one document. For each class name that was searched it keeps the class
 // elements in document order, and for each form of pattern (the names of its items and of their
-// attributes, in order) a table from the values to the first element that carries them. Elements
-// appended to the document since the last search are taken in at the next one; any other change
-// below the root gives the document a new revision, and the index is then thrown away.
+// attributes, in order) a table from the values to the first element that carries them. An element
+// that is appended to the document has to be taken in; any other change below the root ends the
+// index.
 //
 // A search ends at the first element that matches, or that raises because it lacks an attribute
 // which the comparison reaches. Both are kept in the table: the first under all of its values, the
@@ -40,6 +40,10 @@ class SearchIndex {
   /// After an error it has revision 0 and must be replaced.
   Search search(const IXMLDOMNodePtr& root, const dom::Name& className,
                 const IXMLDOMNodePtr& patternClass);
+
+  /// Takes in an element that has become the last child of the root. Raises std::bad_alloc; the
+  /// index then lacks it.
+  void take(const dom::Name& name, const IXMLDOMNodePtr& classElement);
 
  private:
   // A name with its hash, which is wanted for every element.
@@ -84,6 +88,7 @@ class SearchIndex {
 
   struct ClassEntry {
     std::vector<IXMLDOMNodePtr> elements;  // in document order
+    bool isListed = false;                 // all of them
     std::vector<Table> tables;             // a form of pattern each
   };
 
@@ -92,8 +97,8 @@ class SearchIndex {
   void readPattern(const IXMLDOMNodePtr& patternClass);
   bool appendItem(const IXMLDOMNodePtr& item);
   ClassEntry& entryFor(const dom::Name& className);
-  static void takeInElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
-                             const dom::Name& className);
+  static void listElements(ClassEntry& entry, const IXMLDOMNodePtr& root,
+                           const dom::Name& className);
   Table& tableFor(ClassEntry& entry, const IXMLDOMNodePtr& patternClass);
   void indexElement(Table& table, const IXMLDOMNodePtr& element);
   static void link(Table& table, std::uint64_t key, std::size_t element);

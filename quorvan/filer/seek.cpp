@@ -1,8 +1,7 @@
 // Pattern search: which class element of the document carries the values of the pattern's.
-#include <memory>
-
 #include <quorvan/filer/class_count.h>
 #include <quorvan/filer/descendants.h>
+#include <quorvan/filer/document_memory.h>
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/pattern_filer.h>
 #include <quorvan/filer/search_index.h>
@@ -45,19 +44,15 @@ int CKtFiler::advanceByWalk(CKtPatternFiler& pattern, const dom::Name& className
 // over, and what the walk would have left behind is left behind: counts, current class, flags.
 // Every element that the index names, and the last one, is compared as the walk compares it.
 int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& className) {
-  const std::uint64_t revision = dom::revision(m_document);
-  const IXMLDOMNodePtr root = GetDocumentRealNode();
+  const IXMLDOMNodePtr root = rootElement();
+  quorvan::SearchIndex* const index = m_memory != nullptr ? m_memory->index(m_document) : nullptr;
   // A class element that is current already is that of a pattern which searches for itself: the
   // walk goes on from there, and its pattern with it.
-  if (revision == 0 || root == nullptr || m_currentClass != nullptr ||
+  if (index == nullptr || root == nullptr || m_currentClass != nullptr ||
       m_classCounts.find(className) == nullptr) {
     return advanceByWalk(pattern, className);
   }
-  if (m_searchIndex == nullptr || m_searchIndex->revision() != revision) {
-    m_searchIndex = std::make_shared<quorvan::SearchIndex>(revision);
-  }
-  quorvan::SearchIndex::Search search =
-      m_searchIndex->search(root, className, pattern.m_currentClass);
+  quorvan::SearchIndex::Search search = index->search(root, className, pattern.m_currentClass);
   int* const count = m_classCounts.find(className);
   // A count that has wrapped may end the walk before the last element.
   if (*count < search.size()) {
@@ -70,6 +65,7 @@ int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& classNam
     m_writing = 0;
     m_mapLoaded = 0;
     m_currentClass = search.element();
+    m_classPlace.becomeInDocument();
     if (matchesPattern(pattern) != 0) {
       return 1;
     }
@@ -83,19 +79,19 @@ int CKtFiler::advanceToMatch(CKtPatternFiler& pattern, const dom::Name& classNam
   return 0;
 }
 
+// Walks the pattern's children as getFirstChildNode and getNextChildNode do, but keeps them from
+// the hands of callers.
 int CKtFiler::matchesPattern(CKtPatternFiler& pattern) {
-  int match = 1;
-  IXMLDOMNodePtr item;
-  // The COM smart pointer hands out the interface when its address is taken.
-  int more = pattern.getFirstChildNode(std::addressof(item));
-  while (more != 0) {
-    match &= findChildMatch(item);
-    if (match == 0) {
-      break;
+  IXMLDOMNodePtr& item = pattern.m_currentVector;
+  item = dom::firstChild(pattern.m_currentClass);
+  pattern.m_vectorPlace.becomeNear(pattern.m_classPlace);
+  while (item != nullptr) {
+    if (findChildMatch(item) == 0) {
+      return 0;
     }
-    more = pattern.getNextChildNode(std::addressof(item));
+    item = dom::nextSibling(item);
   }
-  return match;
+  return 1;
 }
 
 int CKtFiler::findChildMatch(IXMLDOMNodePtr item) {

@@ -27,6 +27,7 @@ int CKtFiler::openVector(const dom::Name& name, long count) {
     return 0;
   }
   m_currentVector = std::move(vector);
+  m_vectorPlace.becomeAlone();
   return 1;
 }
 
@@ -42,6 +43,7 @@ int CKtFiler::openVector(const dom::Name& name, long* count) {
     endVector();
   }
   m_currentVector = FindCurrentNodeNamedChild(name);
+  m_vectorPlace.becomeNear(m_classPlace);
   if (m_currentVector == nullptr) {
     return 0;
   }
@@ -61,6 +63,8 @@ int CKtFiler::endVector() {
     return 0;
   }
   if (m_writing != 0) {
+    changeAt(m_classPlace);
+    joinFrom(m_vectorPlace);
     dom::append(m_currentClass, m_currentVector);
   }
   m_currentVector = nullptr;

@@ -15,7 +15,8 @@ class MissingService : public FilerTest {
  protected:
   // The operations of opening in their order.
   static constexpr int kCreating = 1;
-  static constexpr int kLoading = 2;
+  static constexpr int kAskingForRevision = 2;
+  static constexpr int kLoading = 3;
 
   static int openFailing(CKtFiler& filer, const wchar_t* path, int call, DomFault fault) {
     const DomFaults faults(call, fault, false);

@@ -44,6 +44,8 @@ struct Plan {
 
 Plan plan;
 
+bool keepsNoRevisions = false;
+
 // Whether this call is to fail.
 bool isDue(const char* operation, std::string_view name) {
   if (!plan.isOn) {
@@ -92,6 +94,14 @@ DomFaults::DomFaults(int call, DomFault fault, bool lasts) noexcept {
 
 DomFaults::~DomFaults() {
   plan.isOn = false;
+}
+
+NoRevisions::NoRevisions() noexcept {
+  keepsNoRevisions = true;
+}
+
+NoRevisions::~NoRevisions() {
+  keepsNoRevisions = false;
 }
 
 bool DomFaults::hasFailed() const noexcept {
@@ -258,7 +268,8 @@ void countChildNames(const IXMLDOMNodePtr& node, ChildNameCounts& counts) {
 
 std::uint64_t revision(const IXMLDOMDocumentPtr& document) {
   meet("revision");
-  return genuine::revision(document);
+  const std::uint64_t kept = genuine::revision(document);
+  return test::keepsNoRevisions ? 0 : kept;
 }
 
 }  // namespace quorvan::dom

@@ -32,4 +32,14 @@ class DomFaults {
   [[nodiscard]] const std::string& failed() const noexcept;
 };
 
+/// While it lives, documents that are opened keep no revision, like those of Windows' service. One
+/// at a time.
+class NoRevisions {
+ public:
+  NoRevisions() noexcept;
+  NoRevisions(const NoRevisions&) = delete;
+  NoRevisions& operator=(const NoRevisions&) = delete;
+  ~NoRevisions();
+};
+
 }  // namespace quorvan::test
