@@ -143,6 +143,23 @@ class NewFile {
   std::wstring m_path;
 };
 
+// Writes a scratch file where there is none. False where one is in the way: a link too, which must
+// not be followed.
+bool saveScratch(IXMLDOMDocument& document, const std::wstring& target) {
+  const HANDLE file = ::CreateFileW(target.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  ::CloseHandle(file);
+  const HRESULT result = document.save(lent(Bstr(target)));
+  if (FAILED(result)) {
+    ::DeleteFileW(target.c_str());
+  }
+  check(result);
+  return true;
+}
+
 }  // namespace
 
 bool loadFile(IXMLDOMDocument& document, const CString& path) {
@@ -205,6 +222,9 @@ void saveFile(IXMLDOMDocument& document, const CString& path, dom::Durability du
   const std::wstring target = fullPath(path);
   if (!hasRoot || root == nullptr || target.empty()) {
     platform::raiseComError(E_FAIL);
+  }
+  if (durability == dom::Durability::kScratch && saveScratch(document, target)) {
+    return;
   }
   const NewFile file(pathBeside(target));
   file.write(document);

@@ -36,8 +36,25 @@ void keepServiceLoaded(IUnknown& object) {
                        &module);
 }
 
+// Names and numbers are ASCII as a rule: those are widened where they are to stay.
 Bstr wide(std::string_view utf8) {
-  return Bstr(fromUtf8(utf8).view());
+  const bool isAscii = std::all_of(
+      utf8.begin(), utf8.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+  if (!isAscii) {
+    return Bstr(fromUtf8(utf8).view());
+  }
+  const BSTR text = ::SysAllocStringLen(nullptr, static_cast<UINT>(utf8.size()));
+  if (text == nullptr) {
+    throw std::bad_alloc();
+  }
+  std::copy(utf8.begin(), utf8.end(), text);
+  return Bstr::adopt(text);
+}
+
+// Whether an element's own functions take the name for that of an attribute and nothing else.
+bool isPlain(const Name& name) {
+  const std::string_view text = name.text();
+  return text.find(':') == std::string_view::npos && text.substr(0, 5) != "xmlns";
 }
 
 // The service makes whatever it is given into a node, and a file that cannot be read.
@@ -72,9 +89,24 @@ VARIANT textValue(const Bstr& text) {
   return value;
 }
 
+Bstr xmlText(std::wstring_view value) {
+  return dom::isXmlText(value) ? Bstr(value) : Bstr(dom::toXmlText(value));
+}
+
+void setAttribute(IXMLDOMElement& element, const Name& name, const VARIANT& value) {
+  requireName(name);
+  check(element.setAttribute(wide(name.text()).get(), value));
+}
+
 bool addAttributeValue(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
                        const Name& name, const VARIANT& value) {
   IXMLDOMDocument& service = *document;
+  if (isPlain(name)) {
+    if (const Owned<IXMLDOMElement> owned = service::elementOf(*element); owned != nullptr) {
+      setAttribute(*owned, name, value);
+      return true;
+    }
+  }
   const Owned<IXMLDOMNamedNodeMap> map = service::attributeMap(*element);
   if (map == nullptr) {
     return false;
@@ -93,12 +125,40 @@ bool addAttributeValue(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr&
   return true;
 }
 
+Owned<IXMLDOMElement> newElement(IXMLDOMDocument& document, const Name& name) {
+  requireName(name);
+  IXMLDOMElement* element = nullptr;
+  check(document.createElement(wide(name.text()).get(), &element));
+  return Owned<IXMLDOMElement>(element);
+}
+
 void appendChild(IXMLDOMNode& parent, IXMLDOMNode& child) {
   service::requireAppendable(parent, child);
   service::takeOut(child);
   IXMLDOMNode* appended = nullptr;
   check(parent.appendChild(&child, &appended));
   const Owned<IXMLDOMNode> owned(appended);
+}
+
+bool attributeOf(IXMLDOMElement& element, const Name& name, AttributeValue& value) {
+  VARIANT text;
+  ::VariantInit(&text);
+  if (!found(element.getAttribute(wide(name.text()).get(), &text)) || V_VT(&text) != VT_BSTR) {
+    ::VariantClear(&text);
+    return false;
+  }
+  value = AttributeValue(Bstr::adopt(V_BSTR(&text)));
+  return true;
+}
+
+// An element that was just made is in no tree and has no children: what may hold elements may hold
+// it.
+void appendNew(IXMLDOMNode& parent, IXMLDOMElement& element) {
+  if (service::nodeType(parent) == NODE_ELEMENT) {
+    check(parent.appendChild(&element, nullptr));
+  } else {
+    appendChild(parent, element);
+  }
 }
 
 IXMLDOMNodePtr firstNamed(IXMLDOMNodePtr node, const Name& name) {
@@ -158,11 +218,7 @@ void clearLeftOver(const CString& path) noexcept {
 // --- building ------------------------------------------------------------------------------
 
 IXMLDOMNodePtr createElement(const IXMLDOMDocumentPtr& document, const Name& name) {
-  IXMLDOMDocument& service = *document;
-  requireName(name);
-  IXMLDOMElement* element = nullptr;
-  check(service.createElement(wide(name.text()).get(), &element));
-  return handle(element);
+  return handle(newElement(*document, name).release());
 }
 
 IXMLDOMNodePtr createProcessingInstruction(const IXMLDOMDocumentPtr& document, const Name& target,
@@ -200,8 +256,7 @@ bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& elem
 
 bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& element,
                   const Name& name, std::wstring_view value) {
-  const Bstr text = dom::isXmlText(value) ? Bstr(value) : Bstr(dom::toXmlText(value));
-  return addAttributeValue(document, element, name, textValue(text));
+  return addAttributeValue(document, element, name, textValue(xmlText(value)));
 }
 
 void append(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& child) {
@@ -214,26 +269,25 @@ void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child) {
 
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes) {
-  const IXMLDOMNodePtr element = createElement(document, name);
+  const Owned<IXMLDOMElement> element = newElement(*document, name);
   if (element == nullptr) {
     return false;
   }
   for (const NewAttribute& attribute : attributes) {
-    if (!addAttribute(document, element, attribute.name, attribute.value)) {
-      return false;
-    }
+    setAttribute(*element, attribute.name, textValue(wide(attribute.value.text)));
   }
-  append(parent, element);
+  appendNew(*parent, *element);
   return true;
 }
 
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, const Name& attribute, std::wstring_view value) {
-  const IXMLDOMNodePtr element = createElement(document, name);
-  if (element == nullptr || !addAttribute(document, element, attribute, value)) {
+  const Owned<IXMLDOMElement> element = newElement(*document, name);
+  if (element == nullptr) {
     return false;
   }
-  append(parent, element);
+  setAttribute(*element, attribute, textValue(xmlText(value)));
+  appendNew(*parent, *element);
   return true;
 }
 
@@ -279,10 +333,15 @@ bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
 }
 
 bool hasAttributes(const IXMLDOMNodePtr& node) {
-  return service::attributeMap(*node) != nullptr;
+  return service::nodeType(*node) == NODE_ELEMENT || service::attributeMap(*node) != nullptr;
 }
 
 bool attribute(const IXMLDOMNodePtr& node, const Name& name, AttributeValue& value) {
+  if (isPlain(name)) {
+    if (const Owned<IXMLDOMElement> element = service::elementOf(*node); element != nullptr) {
+      return attributeOf(*element, name, value);
+    }
+  }
   const Owned<IXMLDOMNamedNodeMap> map = service::attributeMap(*node);
   if (map == nullptr) {
     return false;

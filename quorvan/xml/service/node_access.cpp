@@ -24,6 +24,14 @@ DOMNodeType nodeType(IXMLDOMNode& node) {
   return type;
 }
 
+Owned<IXMLDOMElement> elementOf(IXMLDOMNode& node) {
+  void* element = nullptr;
+  if (FAILED(node.QueryInterface(__uuidof(IXMLDOMElement), &element))) {
+    return nullptr;
+  }
+  return Owned<IXMLDOMElement>(static_cast<IXMLDOMElement*>(element));
+}
+
 Bstr nodeNameText(IXMLDOMNode& node) {
   BSTR name = nullptr;
   check(node.get_nodeName(&name));

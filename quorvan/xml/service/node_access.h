@@ -15,6 +15,9 @@ bool found(HRESULT result);
 
 DOMNodeType nodeType(IXMLDOMNode& node);
 
+/// The node as an element, null for one of another kind.
+Owned<IXMLDOMElement> elementOf(IXMLDOMNode& node);
+
 /// The node's name as the service spells it.
 Bstr nodeNameText(IXMLDOMNode& node);
 
