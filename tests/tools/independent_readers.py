@@ -3,7 +3,7 @@
 
 usage: independent_readers.py CHECK PROGRAM PROJECT FOLDER
 
-CHECK is json, xml, pdf or page. Ends with 77 where the reader is not on this system.
+CHECK is json, xml, pdf, page, workbook or printed_list. Ends with 77 where the reader is not on this system.
 """
 
 import json
@@ -83,6 +83,9 @@ def check_json(shop):
     for file in shop.files:
         for command, schema in (("info", "info"), ("bars", "bars"), ("list", "drawing")):
             schemas[schema].validate(read_twice(run(shop.program, command, "--json", file)))
+        for schedule in ("iso3766", "bs8666"):
+            schemas["bars"].validate(read_twice(
+                run(shop.program, "bars", "--json", "--schedule", schedule, file)))
     findings = subprocess.run(
         [shop.program, "check", "--json", *shop.files, broken, malformed],
         capture_output=True, check=False)
@@ -211,10 +214,87 @@ def check_page(shop):
         sys.exit("a click did not show the element: " + result["element"])
 
 
+def bars_of(shop, *arguments):
+    return json.loads(run(shop.program, "bars", "--json", *arguments))
+
+
+def written_list(shop, name, *arguments):
+    """A list in the form that the name says; nothing where this build does not write it."""
+    path = shop.folder / name
+    done = subprocess.run([shop.program, "bars", "-o", path, *arguments], capture_output=True,
+                          check=False)
+    if b"this build does not write it" in done.stderr:
+        print(done.stderr.decode())
+        sys.exit(MISSING)
+    if done.returncode != 0:
+        sys.exit(done.stderr.decode())
+    return path
+
+
+def same(what, expected, found):
+    if expected != found:
+        sys.exit(f"{what}: {found!r}, expected {expected!r}")
+
+
+def check_workbook(shop):
+    try:
+        import openpyxl
+    except ImportError:
+        print("python3-openpyxl is not on this system")
+        sys.exit(MISSING)
+    for schedule in ("axis", "bs8666"):
+        arguments = ["--schedule", schedule, *shop.files]
+        expected = bars_of(shop, *arguments)
+        book = openpyxl.load_workbook(written_list(shop, schedule + ".xlsx", *arguments))
+        same("sheets", ["Bars", "By diameter and grade", "By drawing", "Meshes", "Not in these sums",
+                        "Conventions"], book.sheetnames)
+        rows = list(book["Bars"].values)
+        place = {title: i for i, title in enumerate(rows[0])}
+        same("rows", len(expected["bars"]), len(rows) - 1)
+        for row, bar in zip(rows[1:], expected["bars"]):
+            for title, key in (("mark", "mark"), ("diameter [mm]", "diameter"),
+                               ("number", "number"), ("length [mm]", "length")):
+                value = row[place[title]]
+                if value is not None and not isinstance(value, (int, float)):
+                    sys.exit(f"{title} is no number: {value!r}")
+                same(title, bar[key], value)
+            if bar["mass"] is not None and abs(row[place["mass [kg]"]] - bar["mass"]) > 0.00501:
+                sys.exit(f"mass {row[place['mass [kg]']]}, expected {bar['mass']}")
+            if schedule == "bs8666" and bar.get("code") == 21:
+                letters = {one["letter"]: one["value"] for one in bar["bent"]["dimensions"]}
+                same("B", letters["B"], row[place["B [mm]"]])
+        masses = [row[4] for row in list(book["By diameter and grade"].values)[1:]]
+        if abs(sum(masses) - expected["mass"]) > 0.01:
+            sys.exit(f"{sum(masses)} kg by diameter, expected {expected['mass']}")
+        first = (shop.folder / (schedule + ".xlsx")).read_bytes()
+        same("bytes", first, written_list(shop, schedule + ".xlsx", *arguments).read_bytes())
+
+
+def check_printed_list(shop):
+    pdftotext = need("pdftotext")
+    for language, total, page in (("en", "Total mass: ", "Page 1 of"),
+                                  ("fr", "Masse totale\u00a0: ", "Page 1 sur")):
+        for file in shop.files:
+            arguments = ["--schedule", "bs8666", file]
+            expected = bars_of(shop, *arguments)
+            path = written_list(shop, language + ".pdf", "--lang", language, *arguments)
+            text = run(pdftotext, "-layout", path, "-").decode()
+            mass = f"{expected['mass']:.2f}".replace(".", "," if language == "fr" else ".")
+            for words in (total + mass + " kg", page):
+                if words not in text and words.replace("\u00a0", " ") not in text:
+                    sys.exit(f"{path}: {words!r} is not in\n{text}")
+            for bar in expected["bars"]:
+                for one in bar.get("bent", {"dimensions": []})["dimensions"]:
+                    value = "?" if one["value"] is None else f"{one['value']:g}"
+                    if value not in text:
+                        sys.exit(f"{path}: mark {bar['mark']} lacks {value} in\n{text}")
+
+
 def main():
     check, program, project, folder = sys.argv[1:]
     checks = {
         "json": check_json, "xml": check_xml, "pdf": check_pdf, "page": check_page,
+        "workbook": check_workbook, "printed_list": check_printed_list,
     }
     checks[check](Workshop(program, project, folder))
 

@@ -96,24 +96,4 @@ void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& 
            "a standard size, the nearest is " + shortest(*nearest));
 }
 
-void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
-                      FindingSink& sink) {
-  if (!barShapeOf(series.className)) {
-    sink.add(findings::kRepartitionDangles, element, "DefClassName", '"' + series.className + '"',
-             "the class of a bar or link");
-  } else if (index.find(series.className, series.index) == nullptr) {
-    sink.add(findings::kRepartitionDangles, element, "Index",
-             series.className + ' ' + std::to_string(series.index) + ", which is not there",
-             "the index of a " + series.className + " in the file");
-  }
-  const std::size_t count = series.top.size();
-  if (series.bottom.size() != count ||
-      (series.positions.size() != count && series.positions.size() + 1 != count)) {
-    sink.add(findings::kRepartitionLists, element, "Positions",
-             std::to_string(count) + " top distances, " + std::to_string(series.bottom.size()) +
-                 " bottom distances, " + std::to_string(series.positions.size()) + " positions",
-             "equal numbers, or one position fewer");
-  }
-}
-
 }  // namespace quorvan::tool

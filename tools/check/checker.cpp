@@ -24,7 +24,8 @@ class Checker {
         m_elements(file),
         m_index(file, m_sink),
         m_hidden(file, m_sink),
-        m_references(file, m_sink) {}
+        m_references(file, m_sink),
+        m_seriesViews(file, m_elements, m_sink) {}
 
   void check(Progress& progress) {
     checkDocument(m_file, m_sink);
@@ -32,6 +33,7 @@ class Checker {
       progress.report(element.place, m_file.elements().size());
       checkElement(element);
     }
+    m_seriesViews.report();
     checkControl(m_file, m_sink);
   }
 
@@ -57,7 +59,9 @@ class Checker {
       m_references.look(element, bar);
       checkDiameter(element, bar, m_sizes, m_sink);
     } else if (element.is(items::ElementClass::kRepartition)) {
-      checkRepartition(m_elements, element, toRepartition(items), m_sink);
+      const Repartition series = toRepartition(items);
+      checkRepartition(m_elements, element, series, m_sink);
+      m_seriesViews.look(element, series);
     }
   }
 
@@ -69,6 +73,7 @@ class Checker {
   IndexRule m_index;
   HiddenBarRule m_hidden;
   ReferenceRule m_references;
+  SeriesViewRule m_seriesViews;
   std::vector<ItemProblem> m_problems;
 };
 

@@ -95,6 +95,11 @@ inline constexpr FindingKind kDiameter{
 inline constexpr FindingKind kNumericAdherence{
     506, Severity::kNote, "adherence as the number of older files",
     "none needed: readers take 0 for Ha and 1 for Dx, and anything else for no text", true};
+inline constexpr FindingKind kSeriesSeenTwice{
+    507, Severity::kWarning, "repartitions of one mark that look like the same bars in two views",
+    "none where both are meant; otherwise file the bars from one view alone, or count them with "
+    "`quorvan bars --views once`",
+    false};
 inline constexpr FindingKind kControlMissing{
     601, Severity::kError, "no drawing control record",
     "transfer the drawing again; --repair adds an empty record", true};
@@ -113,13 +118,14 @@ inline constexpr FindingKind kControlCharacter{
 
 /// All kinds, by number.
 inline constexpr const FindingKind* kAll[] = {
-    &kNotWellFormed,    &kNodeBeforeRoot,     &kRootName,         &kUnknownClass,
-    &kVersion,          &kMissingItem,        &kMistypedItem,     &kNoNumber,
-    &kNoFlag,           &kUnknownItem,        &kRepeatedItem,     &kCountDisagrees,
-    &kCountOutOfRange,  &kOddCount,           &kIndexMissing,     &kIndexRepeated,
-    &kIndexGap,         &kEqualHiddenBars,    &kReferenceDiffers, &kRepartitionDangles,
-    &kRepartitionLists, &kDiameter,           &kNumericAdherence, &kControlMissing,
-    &kControlNotLast,   &kForbiddenCharacter, &kLostCharacter,    &kControlCharacter};
+    &kNotWellFormed,    &kNodeBeforeRoot,  &kRootName,           &kUnknownClass,
+    &kVersion,          &kMissingItem,     &kMistypedItem,       &kNoNumber,
+    &kNoFlag,           &kUnknownItem,     &kRepeatedItem,       &kCountDisagrees,
+    &kCountOutOfRange,  &kOddCount,        &kIndexMissing,       &kIndexRepeated,
+    &kIndexGap,         &kEqualHiddenBars, &kReferenceDiffers,   &kRepartitionDangles,
+    &kRepartitionLists, &kDiameter,        &kNumericAdherence,   &kSeriesSeenTwice,
+    &kControlMissing,   &kControlNotLast,  &kForbiddenCharacter, &kLostCharacter,
+    &kControlCharacter};
 
 }  // namespace findings
 

@@ -14,8 +14,10 @@
 #include <tools/check/finding_sink.h>
 #include <tools/model/bar.h>
 #include <tools/model/item_problem.h>
+#include <tools/model/item_reader.h>
 #include <tools/model/item_value.h>
 #include <tools/model/repartition.h>
+#include <tools/model/view_twins.h>
 
 namespace quorvan::tool {
 
@@ -96,5 +98,21 @@ void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& 
 /// Repartitions.
 void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
                       FindingSink& sink);
+
+/// Repartitions that look like the same bars in several views.
+class SeriesViewRule {
+ public:
+  SeriesViewRule(const TransferFile& file, const ElementIndex& index, FindingSink& sink)
+      : m_file(file), m_index(index), m_sink(sink), m_bars(file) {}
+  void look(const Element& element, const Repartition& series);
+  void report() const;
+
+ private:
+  const TransferFile& m_file;
+  const ElementIndex& m_index;
+  FindingSink& m_sink;
+  ItemReader m_bars;
+  ViewTwins m_twins;
+};
 
 }  // namespace quorvan::tool

@@ -1,30 +1,53 @@
 // quorvan bars: the bar list.
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <memory>
+#include <optional>
+
+#include <quorvan/text/numbers.h>
 
 #include <tools/commands/command_table.h>
-#include <tools/model/control_members.h>
-#include <tools/model/item_reader.h>
+#include <tools/console/terminal.h>
+#include <tools/draw/bar_list/list_page.h>
+#include <tools/draw/bar_list/list_sheets.h>
+#include <tools/draw/bar_list/shape_sketch.h>
+#include <tools/draw/writers/svg_writer.h>
+#include <tools/files/drawing_files.h>
+#include <tools/files/work_folder.h>
 #include <tools/schedule/bar_list.h>
-#include <tools/schedule/bar_sources.h>
-#include <tools/text/csv.h>
-#include <tools/text/json_text.h>
-#include <tools/text/number_text.h>
-#include <tools/text/paragraph.h>
-#include <tools/text/table.h>
+#include <tools/schedule/list_writers.h>
+#ifdef QUORVAN_HAS_CAIRO
+#include <tools/draw/writers/cairo_writer.h>
+#endif
 
 namespace quorvan::tool {
 
 namespace {
 
-constexpr int kMassDecimals = 2;
-constexpr int kMetreDecimals = 2;
-
 struct BarsArguments {
-  std::string file;
+  std::vector<std::string> files;
   std::string unit = "mm";
+  std::string angles = "auto";
+  std::string views = "all";
+  std::string schedule = "axis";
+  std::string hooks = "corner";
+  std::string frameRadius = "axis";
+  std::string mandrel;
+  std::string deduction;
+  std::string rounding;
+  std::optional<double> roundLengths;
+  std::optional<double> roundLegs;
+  std::string language = "en";
+  std::string output;
+  std::string sketches;
+  bool byLength = false;
+  bool explain = false;
   bool asJson = false;
   bool asCsv = false;
+  bool withSemicolons = false;
 };
 
 const LengthUnit& unitNamed(std::string_view name) {
@@ -36,185 +59,258 @@ const LengthUnit& unitNamed(std::string_view name) {
   throw Failure('"' + std::string(name) + "\" is not a unit; there are mm, cm, m");
 }
 
-std::string lengthText(const BarRow& row, const LengthUnit& unit) {
-  return row.hasLength ? fixed(row.length, unit.decimals) : "-";
-}
+// So many diameters ("5d") or millimetres ("60").
+struct Measure {
+  double diameters = 0.0;
+  double millimetres = 0.0;
+};
 
-std::string metres(double length, const LengthUnit& unit) {
-  return fixed(length * unit.inMetres, kMetreDecimals);
-}
-
-std::string drawingName(const TransferFile& file) {
-  const Element* const record = controlRecord(file);
-  return record == nullptr ? std::string()
-                           : findItem(ItemReader(file).read(*record), "DrawingName")->text;
-}
-
-void printHead(const TransferFile& file, const LengthUnit& unit, std::ostream& out) {
-  const std::string name = drawingName(file);
-  out << "Bar list of " << printable(file.name())
-      << (name.empty() ? "" : ", drawing " + printable(name)) << "\n\n";
-  printParagraph(out, kLengthConvention);
-  printParagraph(out, kNumberConvention);
-  printParagraph(out, "Units: diameter and length in " + std::string(unit.name) +
-                          ", total length in m, mass in kg at " + rounded(kSteelDensity, 0) +
-                          " kg/m3.");
-  out << '\n';
-}
-
-void printRows(const TransferFile& file, const BarList& list, const LengthUnit& unit,
-               std::ostream& out) {
-  Table table;
-  table.addColumn("mark", Table::Align::kRight);
-  table.addColumn("shape");
-  table.addColumn("grade");
-  table.addColumn("adherence");
-  for (const char* const title : {"diameter", "number", "length", "total", "mass"}) {
-    table.addColumn(title, Table::Align::kRight);
+std::optional<Measure> measureOf(const std::string& text) {
+  const bool isInDiameters = text.ends_with('d');
+  const std::string digits = isInDiameters ? text.substr(0, text.size() - 1) : text;
+  const bool isNumber = !digits.empty() && digits.size() < 10 &&
+                        digits.find_first_not_of("0123456789.") == std::string::npos &&
+                        std::ranges::count(digits, '.') <= 1 && digits != ".";
+  if (!isNumber) {
+    return std::nullopt;
   }
-  table.addColumn("elements");
-  for (const BarRow& row : list.rows) {
-    table.addRow(
-        {std::to_string(row.mark), std::string(shapeName(row.shape)), row.grade, row.adherence,
-         rounded(row.diameter, 2), std::to_string(row.number()), lengthText(row, unit),
-         row.hasLength ? metres(row.totalLength(), unit) : "-",
-         row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), kMassDecimals) : "-",
-         sourceText(file, row) +
-             (row.hidden == 0 ? "" : " (" + std::to_string(row.hidden) + " hidden)")});
-  }
-  table.print(out);
+  const double value = parseDouble(digits);
+  return isInDiameters ? Measure{value, 0.0} : Measure{0.0, value};
 }
 
-void printSums(const BarList& list, const LengthUnit& unit, std::ostream& out) {
-  Table table;
-  table.addColumn("diameter", Table::Align::kRight);
-  table.addColumn("grade");
-  for (const char* const title : {"number", "total", "mass"}) {
-    table.addColumn(title, Table::Align::kRight);
+BendingRules bendingRules(const BarsArguments& arguments) {
+  BendingRules rules;
+  rules.hooks = arguments.hooks == "straight" ? HookMeaning::kStraight : HookMeaning::kCorner;
+  rules.ring = arguments.frameRadius == "inner" ? RingRadius::kInner : RingRadius::kAxis;
+  if (!arguments.mandrel.empty()) {
+    const auto measure = measureOf(arguments.mandrel);
+    if (!measure || measure->diameters + measure->millimetres <= 0.0) {
+      throw Failure('"' + arguments.mandrel +
+                    "\" is no roller; give its diameter as 5d or, in mm, as 60");
+    }
+    rules.mandrel = Mandrel{measure->diameters, measure->millimetres};
   }
-  for (const BarSum& sum : list.sums) {
-    table.addRow({rounded(sum.diameter, 2), sum.grade, std::to_string(sum.number),
-                  metres(sum.length, unit), fixed(sum.mass, kMassDecimals)});
-  }
-  out << '\n';
-  table.print(out);
-  out << "\nTotal mass: " << fixed(list.mass, kMassDecimals) << " kg\n";
+  return rules;
 }
 
-void printText(const TransferFile& file, const BarList& list, const LengthUnit& unit,
-               std::ostream& out) {
-  printHead(file, unit, out);
-  if (list.rows.empty()) {
-    out << "No bars.\n";
-  } else {
-    printRows(file, list, unit, out);
-    printSums(list, unit, out);
+CuttingRules cuttingRules(const BarsArguments& arguments) {
+  const Schedule schedule = arguments.schedule == "iso3766"  ? Schedule::kIso3766
+                            : arguments.schedule == "bs8666" ? Schedule::kBs8666
+                                                             : Schedule::kAxis;
+  CuttingRules rules = usualRules(schedule);
+  rules.lengthStep = arguments.roundLengths.value_or(rules.lengthStep);
+  rules.legStep = arguments.roundLegs.value_or(rules.legStep);
+  if (!arguments.rounding.empty()) {
+    rules.rounding = arguments.rounding == "up" ? Rounding::kUp : Rounding::kNearest;
   }
-  if (list.meshes != 0) {
-    out << "Not in this list: " << list.meshes
-        << (list.meshes == 1 ? " mesh sheet.\n" : " mesh sheets.\n");
+  if (!arguments.deduction.empty()) {
+    if (schedule == Schedule::kAxis) {
+      throw Failure("--deduct needs outside dimensions: --schedule iso3766 or bs8666");
+    }
+    const auto measure =
+        arguments.deduction == "none" ? std::optional(Measure()) : measureOf(arguments.deduction);
+    if (!measure) {
+      throw Failure('"' + arguments.deduction +
+                    "\" is no deduction; give that of a bend as 2d or, in mm, as 25, or none");
+    }
+    rules.deduction = Deduction{measure->diameters, measure->millimetres};
   }
+  return rules;
 }
 
-void printCsv(const TransferFile& file, const BarList& list, const LengthUnit& unit,
-              std::ostream& out) {
-  const std::string name(unit.name);
-  out << csvLine({"mark", "shape", "grade", "adherence", "diameter [" + name + ']', "number",
-                  "length [" + name + ']', "total length [m]", "mass [kg]", "elements"});
-  for (const BarRow& row : list.rows) {
-    out << csvLine(
-        {std::to_string(row.mark), std::string(shapeName(row.shape)), row.grade, row.adherence,
-         rounded(row.diameter, 2), std::to_string(row.number()),
-         row.hasLength ? fixed(row.length, unit.decimals) : "",
-         row.hasLength ? metres(row.totalLength(), unit) : "",
-         row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), kMassDecimals) : "",
-         sourceText(file, row)});
+ListOptions listOptions(const BarsArguments& arguments) {
+  ListOptions options;
+  options.unit = &unitNamed(arguments.unit);
+  options.twins = arguments.views == "once" ? TwinSeries::kOnce : TwinSeries::kAll;
+  options.byLength = arguments.byLength;
+  options.bending = bendingRules(arguments);
+  options.cutting = cuttingRules(arguments);
+  if (arguments.angles != "auto") {
+    options.angles = arguments.angles == "rad" ? AngleUnit::kRadians : AngleUnit::kDegrees;
   }
+  return options;
 }
 
-// Rounded to what the list shows.
-Json number(double value, int decimals) {
-  return Json::parse(fixed(value, decimals));
-}
-
-Json toJson(const TransferFile& file, const std::vector<const Element*>& elements) {
-  Json list = Json::array();
-  for (const Element* const element : elements) {
-    list.push_back({{"class", element->className()}, {"index", file.indexOf(*element)}});
-  }
-  return list;
-}
-
-Json toJson(const TransferFile& file, const BarRow& row, const LengthUnit& unit) {
-  Json result = {{"mark", row.mark},         {"shape", shapeName(row.shape)},
-                 {"grade", row.grade},       {"adherence", row.adherence},
-                 {"diameter", row.diameter}, {"number", row.number()}};
-  result["length"] = nullptr;
-  result["totalLength"] = nullptr;
-  result["mass"] = nullptr;
-  if (row.hasLength) {
-    result["length"] = number(row.length, unit.decimals);
-    result["totalLength"] = number(row.totalLength() * unit.inMetres, kMetreDecimals);
-    result["mass"] = number(massOf(row.diameter, row.totalLength(), unit), kMassDecimals);
-  }
-  result["hidden"] = row.hidden;
-  result["elements"] = Json::array();
-  for (const SourceElements& source : row.sources) {
-    for (const Json& one : toJson(file, source.elements)) {
-      result["elements"].push_back(one);
+ListWriting listWriting(const BarsArguments& arguments) {
+  ListWriting writing;
+  for (const ListWording* const words : kListWordings) {
+    if (words->language == arguments.language) {
+      writing.words = words;
     }
   }
-  result["endOn"] = toJson(file, row.endOn);
-  return result;
+  writing.explain = arguments.explain;
+  writing.csv = arguments.withSemicolons ? CsvForm::kSemicolon : CsvForm::kComma;
+  return writing;
 }
 
-void printJson(const TransferFile& file, const BarList& list, const LengthUnit& unit,
-               std::ostream& out) {
-  Json result = {{"file", file.name()}, {"drawing", drawingName(file)}};
-  result["lengthConvention"] = kLengthConvention;
-  result["numberConvention"] = kNumberConvention;
-  result["unit"] = unit.name;
-  result["density"] = kSteelDensity;
-  result["bars"] = Json::array();
+// Writes a file beside its place and then puts it there, so that it is whole or the old one.
+template <class Write>
+void writeFile(const std::string& name, const Write& write) {
+  const WorkFolder folder(toPath(name));
+  std::ofstream out(folder.file(), std::ios::binary);
+  write(out);
+  out.close();
+  if (!out) {
+    throw Failure(name + ": cannot be written");
+  }
+  folder.moveToTarget();
+}
+
+// What a build without the library of a form says.
+[[noreturn]] [[maybe_unused]] void refuseForm(const std::string& output, const char* library) {
+  throw Failure(output + ": this build does not write it; it has no " + library);
+}
+
+void writeBinary(const BarList& list, const ListWriting& writing, const std::string& output,
+                 std::string_view form) {
+  const WorkFolder folder(toPath(output));
+  if (form == ".pdf") {
+#ifdef QUORVAN_HAS_CAIRO
+    writePdf(listSheets(list, writing), folder.file());
+#else
+    refuseForm(output, "cairo");
+#endif
+  } else {
+#ifdef QUORVAN_HAS_XLSXWRITER
+    writeListWorkbook(list, writing, folder.file());
+#else
+    refuseForm(output, "libxlsxwriter");
+#endif
+  }
+  folder.moveToTarget();
+}
+
+void writeOutput(const BarList& list, const ListWriting& writing, const std::string& output) {
+  const std::string form = toUtf8(toPath(output).extension());
+  if (form == ".pdf" || form == ".xlsx") {
+    return writeBinary(list, writing, output, form);
+  }
+  const auto write = form == ".html"   ? writeListPage
+                     : form == ".csv"  ? writeListCsv
+                     : form == ".json" ? writeListJson
+                                       : nullptr;
+  if (write == nullptr) {
+    throw Failure(output + ": the name must end in .html, .pdf, .xlsx, .csv or .json");
+  }
+  writeFile(output, [&](std::ostream& out) { write(list, writing, out); });
+}
+
+// "mark-5.svg"; further rows of a mark are "mark-5-2.svg" and so on.
+void writeSketches(const BarList& list, const ListWriting& writing, const std::string& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(toPath(folder), error);
+  if (error) {
+    throw Failure(folder + ": cannot be made: " + error.message());
+  }
+  std::map<std::int64_t, int> counts;
   for (const BarRow& row : list.rows) {
-    result["bars"].push_back(toJson(file, row, unit));
+    const int count = ++counts[row.mark];
+    const std::string name = "mark-" + std::to_string(row.mark) +
+                             (count == 1 ? "" : '-' + std::to_string(count)) + ".svg";
+    writeFile(toUtf8(toPath(folder) / name), [&](std::ostream& out) {
+      writeSvg(sketchOf(row, list, writing.words->decimalMark), {}, out);
+    });
   }
-  result["sums"] = Json::array();
-  for (const BarSum& sum : list.sums) {
-    result["sums"].push_back({{"diameter", sum.diameter},
-                              {"grade", sum.grade},
-                              {"number", sum.number},
-                              {"totalLength", number(sum.length * unit.inMetres, kMetreDecimals)},
-                              {"mass", number(sum.mass, kMassDecimals)}});
-  }
-  result["mass"] = number(list.mass, kMassDecimals);
-  result["meshes"] = list.meshes;
-  out << indentedJson(result);
 }
 
 void listBars(const BarsArguments& arguments, Console& console) {
-  const LengthUnit& unit = unitNamed(arguments.unit);
-  const TransferFile file(arguments.file, console);
-  const BarList list = makeBarList(file, unit);
-  if (arguments.asJson) {
-    printJson(file, list, unit, console.out);
-  } else if (arguments.asCsv) {
-    printCsv(file, list, unit, console.out);
-  } else {
-    printText(file, list, unit, console.out);
+  const ListOptions options = listOptions(arguments);
+  const ListWriting writing = listWriting(arguments);
+  std::vector<std::unique_ptr<const TransferFile>> files;
+  std::vector<const TransferFile*> drawings;
+  for (const std::string& name : drawingFiles(arguments.files, console)) {
+    if (!arguments.output.empty()) {
+      refuseSameFile(name, arguments.output);
+    }
+    drawings.push_back(files.emplace_back(std::make_unique<TransferFile>(name, console)).get());
   }
+  const BarList list = makeBarList(drawings, options);
+  if (!arguments.sketches.empty()) {
+    writeSketches(list, writing, arguments.sketches);
+  }
+  if (!arguments.output.empty()) {
+    writeOutput(list, writing, arguments.output);
+  } else if (arguments.asJson) {
+    writeListJson(list, writing, console.out);
+  } else if (arguments.asCsv) {
+    writeListCsv(list, writing, console.out);
+  } else {
+    printList(list, writing, console.out);
+  }
+}
+
+void addCountingOptions(CLI::App& command, BarsArguments& arguments, Run& run) {
+  CLI::Option* const unit =
+      command.add_option("--unit", arguments.unit, "Unit of the drawing's lengths: mm, cm or m")
+          ->capture_default_str();
+  run.words[unit] = {"mm", "cm", "m"};
+  oneOf(command.add_option("--angles", arguments.angles, "What angles are: auto, deg, rad"),
+        {"auto", "deg", "rad"}, run)
+      ->capture_default_str();
+  oneOf(command.add_option("--views", arguments.views,
+                           "Repartitions that look like the same bars in several views: all of "
+                           "them count, or once"),
+        {"all", "once"}, run)
+      ->capture_default_str();
+  command.add_flag("--by-length", arguments.byLength,
+                   "A row for each length of a series, not one for all of them");
+  command.add_flag("--explain", arguments.explain, "How the number of each row came about");
+}
+
+void addBendingOptions(CLI::App& command, BarsArguments& arguments, Run& run) {
+  oneOf(command.add_option("--schedule", arguments.schedule,
+                           "What lengths are: axis (as drawn), iso3766 (cut along the centre "
+                           "line), bs8666 (by shape code)"),
+        {"axis", "iso3766", "bs8666"}, run)
+      ->capture_default_str();
+  oneOf(command.add_option("--hooks", arguments.hooks,
+                           "From where a hook is measured: corner, or its straight part alone"),
+        {"corner", "straight"}, run)
+      ->capture_default_str();
+  oneOf(command.add_option("--frame-radius", arguments.frameRadius,
+                           "What the radius of a circular frame is: axis, inner"),
+        {"axis", "inner"}, run)
+      ->capture_default_str();
+  command.add_option("--mandrel", arguments.mandrel,
+                     "Diameter of the bending roller: 5d, or 60 for mm; 4d up to 16 mm and 7d "
+                     "above unless given");
+  command.add_option("--deduct", arguments.deduction,
+                     "What a bend takes off the outside dimensions: 2d, 25 for mm, or none; the "
+                     "schedule's own way unless given");
+  command
+      .add_option("--round-lengths", arguments.roundLengths,
+                  "Round lengths to so many mm, 0 for none; as the schedule does unless given")
+      ->check(CLI::Range(0.0, 1000.0));
+  command.add_option("--round-legs", arguments.roundLegs, "Round dimensions to so many mm")
+      ->check(CLI::Range(0.0, 1000.0));
+  oneOf(command.add_option("--rounding", arguments.rounding, "How lengths are rounded"),
+        {"nearest", "up"}, run);
 }
 
 void addBarsOptions(CLI::App& command, Run& run) {
   const auto arguments = std::make_shared<BarsArguments>();
-  command.add_option("FILE", arguments->file, "Transfer file")->required();
-  CLI::Option* const unit =
-      command.add_option("--unit", arguments->unit, "Unit of the drawing's lengths: mm, cm or m")
-          ->capture_default_str();
-  run.words[unit] = {"mm", "cm", "m"};
+  command.add_option("FILE", arguments->files, "Transfer files, or folders of them")->required();
+  addCountingOptions(command, *arguments, run);
+  addBendingOptions(command, *arguments, run);
+  std::vector<std::string> languages;
+  for (const ListWording* const words : kListWordings) {
+    languages.emplace_back(words->language);
+  }
+  oneOf(command.add_option("--lang", arguments->language, "Language of the list"), languages, run)
+      ->capture_default_str();
+  CLI::Option* const output =
+      command.add_option("-o,--output", arguments->output,
+                         "File to write; its ending says the form: .html .pdf .xlsx .csv .json");
+  command.add_option("--sketches", arguments->sketches,
+                     "Folder in which to put the shape of each row, as SVG");
   CLI::Option* const json =
-      command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)");
-  command.add_flag("--csv", arguments->asCsv, "As CSV, a line a row")->excludes(json);
+      command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)")
+          ->excludes(output);
+  command.add_flag("--csv", arguments->asCsv, "As CSV, a line a row")
+      ->excludes(json)
+      ->excludes(output);
+  command.add_flag("--semicolon", arguments->withSemicolons,
+                   "CSV with semicolons and decimal commas, for spreadsheets that expect them");
   command.callback([arguments, &run] { listBars(*arguments, run.console); });
 }
 
@@ -224,12 +320,18 @@ constinit const Command kBarsCommand = {
     .name = "bars",
     .summary = "The bar list: marks, numbers, lengths, masses",
     .description =
-        "The bar list: mark, shape, grade, adherence, diameter, number, length, total length, "
-        "mass, and the elements that each row came from; sums by diameter and grade. The "
-        "convention for lengths and numbers stands on top.",
+        "The bar list of one drawing or of all drawings of a job: mark, shape, grade, adherence, "
+        "diameter, number, length, total length, mass, and the elements that each row came from; "
+        "sums by diameter and grade, and by drawing; meshes; and what is not in the sums, with the "
+        "reason. The conventions for lengths and numbers stand on top. As a schedule it has the "
+        "dimensions to bend from, and the lengths to cut.",
     .examples =
         "quorvan bars beam.xml\n"
         "quorvan bars beam.xml --csv > bars.csv\n"
+        "quorvan bars job/ --explain  the drawings of a folder\n"
+        "quorvan bars beam.xml --schedule bs8666 -o beam.pdf  shape codes, to print\n"
+        "quorvan bars job/ -o job.xlsx\n"
+        "quorvan bars beam.xml --schedule iso3766 --lang fr\n"
         "quorvan bars plan-in-metres.xml --unit m",
     .exitCodes = {},
     .addOptions = addBarsOptions,

@@ -73,8 +73,8 @@ void countElements(const TransferFile& file, ItemReader& reader, FileSummary& su
       summary.hidden += summary.repartitions.back().isHidden ? 1U : 0U;
     }
   }
-  for (const BarSum& sum : makeBarList(file, kLengthUnits[0]).sums) {
-    bars[{sum.diameter, sum.grade}].number = sum.number;
+  for (const BarRow& row : makeBarList({&file}, {}).rows) {
+    bars[{row.diameter, row.grade}].number += row.number;
   }
   for (auto& [key, count] : bars) {
     summary.bars.push_back({key.first, key.second, count.elements, count.number});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <numbers>
 #include <string_view>
 
 #include <tools/files/transfer_file.h>
@@ -12,6 +13,10 @@ enum class AngleUnit : std::uint8_t { kDegrees, kRadians };
 
 /// "degrees", "radians".
 std::string_view angleUnitName(AngleUnit unit) noexcept;
+
+constexpr double inRadians(double angle, AngleUnit unit) noexcept {
+  return unit == AngleUnit::kDegrees ? angle * std::numbers::pi / 180.0 : angle;
+}
 
 struct AngleGuess {
   AngleUnit unit = AngleUnit::kDegrees;

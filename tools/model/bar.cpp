@@ -144,7 +144,10 @@ Bar toBar(BarShape shape, const std::vector<ItemValue>& values) {
 }
 
 double lengthOf(const Bar& bar) noexcept {
-  double length = bar.hooks[0].length + bar.hooks[1].length;
+  double length = 0.0;
+  for (const Hook& hook : bar.hooks) {
+    length += hook.length < 0.0 ? 0.0 : hook.length;
+  }
   if (bar.shape == BarShape::kFrameCirc) {
     return length + 2.0 * std::numbers::pi * bar.radius + bar.overlap;
   }

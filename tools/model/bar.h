@@ -72,7 +72,8 @@ std::string_view shapeName(BarShape shape) noexcept;
 /// The bar in the items of an element of its class.
 Bar toBar(BarShape shape, const std::vector<ItemValue>& items);
 
-/// Length of the centre line with both hooks, without any deduction for bends.
+/// Length of the centre line with both hooks, without any deduction for bends. A hook of negative
+/// length is none.
 double lengthOf(const Bar& bar) noexcept;
 
 double distance(const Coordinates& a, const Coordinates& b) noexcept;

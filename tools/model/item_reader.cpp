@@ -339,13 +339,14 @@ class ItemReader::Reading {
 };
 
 const std::vector<ItemValue>& ItemReader::read(const Element& element,
-                                               std::vector<ItemProblem>* problems) {
+                                               std::vector<ItemProblem>* problems,
+                                               Strangers strangers) {
   m_items.resize(element.schema->items.size());
   Reading reading(m_tree, element, problems);
   for (std::size_t i = 0; i < m_items.size(); ++i) {
     reading.read(element.schema->items[i], m_items[i]);
   }
-  if (problems != nullptr) {
+  if (problems != nullptr && strangers == Strangers::kReported) {
     reading.reportStrangers();
   }
   return m_items;

@@ -1,6 +1,7 @@
 // Reads the items of elements after the item tables, as the library does.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,6 +30,9 @@ class NamedChildren {
   bool m_hasMany = false;
 };
 
+/// Whether children that are no items, and items that come again, are problems as well.
+enum class Strangers : std::uint8_t { kReported, kPassedOver };
+
 class ItemReader {
  public:
   explicit ItemReader(const TransferFile& file) : m_tree(file.tree()) {}
@@ -37,7 +41,8 @@ class ItemReader {
   /// until the next call. Items that are missing or cannot be read hold their default. What is
   /// wrong with them is appended to `problems` unless it is null.
   const std::vector<ItemValue>& read(const Element& element,
-                                     std::vector<ItemProblem>* problems = nullptr);
+                                     std::vector<ItemProblem>* problems = nullptr,
+                                     Strangers strangers = Strangers::kReported);
 
  private:
   class Reading;

@@ -1,25 +1,18 @@
-// The bar list of a drawing.
+// The bar list of one or more drawings.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include <tools/bending/bent_bar.h>
 #include <tools/files/transfer_file.h>
-#include <tools/model/bar.h>
+#include <tools/schedule/left_out.h>
+#include <tools/schedule/list_options.h>
 
 namespace quorvan::tool {
-
-/// The unit of the lengths in a drawing.
-struct LengthUnit {
-  std::string_view name;
-  double inMetres;
-  int decimals;  // of lengths in lists
-};
-
-inline constexpr LengthUnit kLengthUnits[] = {{"mm", 0.001, 0}, {"cm", 0.01, 1}, {"m", 1.0, 3}};
 
 inline constexpr double kSteelDensity = 7850.0;  // kg/m3
 
@@ -29,57 +22,90 @@ struct SourceElements {
   std::vector<const Element*> elements;
 };
 
-/// Bars that are alike.
+/// What a series gives to a row.
+struct SeriesShare {
+  const Element* element = nullptr;
+  std::uint64_t number = 0;           // of its bars that are in the row
+  const Element* sameBars = nullptr;  // the series in another view that counts in its place
+};
+
+/// Bars that are alike. Lengths are in the unit of the list.
 struct BarRow {
+  std::size_t drawing = 0;  // place in BarList::drawings
   std::int64_t mark = 0;
   std::string grade;
   std::string adherence;
-  double diameter = 0.0;
+  double diameter = 0.0;  // mm
   BarShape shape = BarShape::kStraight;
-  std::uint64_t drawn = 0;           // bars that are elements of their own
-  std::uint64_t inRepartitions = 0;  // bars of the repartitions that point to one of these
-  double length = 0.0;               // 0 where hasLength is false
   bool hasLength = true;
+  bool isLowerBound = false;  // its lengths are at least these
+  double shortest = 0.0;      // 0 where hasLength is false
+  double longest = 0.0;
+  double totalLength = 0.0;
+  std::uint64_t number = 0;
+  std::uint64_t drawn = 0;     // elements
+  std::uint64_t repeated = 0;  // of them by series
+  std::vector<SeriesShare> series;
   std::uint64_t hidden = 0;             // of the elements
-  std::vector<SourceElements> sources;  // elements of the row, then its repartitions
+  std::vector<SourceElements> sources;  // elements of the row, then their series
   std::vector<const Element*> endOn;    // bars of the mark seen end-on, which do not count
+  std::vector<std::vector<const Element*>> twins;  // series that look like the same bars, counted
+  BentBar bent;                                    // of the longest
+  Cutting cutting;                                 // of the longest
 
-  /// Elements and repartitions are two views of the same bars: the larger number holds.
-  [[nodiscard]] std::uint64_t number() const noexcept { return std::max(drawn, inRepartitions); }
-  [[nodiscard]] double totalLength() const noexcept {
-    return static_cast<double>(number()) * length;
-  }
+  [[nodiscard]] bool varies() const noexcept { return shortest != longest; }
 };
 
-/// Rows of one diameter and grade.
+/// Bars of one diameter and grade, or of one drawing.
 struct BarSum {
-  double diameter = 0.0;
+  double diameter = 0.0;  // mm
   std::string grade;
   std::uint64_t number = 0;
-  double length = 0.0;
-  double mass = 0.0;  // kg
+  double length = 0.0;  // m
+  double mass = 0.0;    // kg
+};
+
+/// Sheets of one reference, type and size.
+struct MeshRow {
+  std::size_t drawing = 0;
+  std::string reference;
+  std::string type;
+  double width = 0.0;  // in the unit of the list
+  double height = 0.0;
+  std::uint64_t number = 0;
+  std::vector<const Element*> elements;
+};
+
+struct ListedDrawing {
+  const TransferFile* file = nullptr;
+  std::string name;  // in the control record
+  AngleUnit angles = AngleUnit::kDegrees;
+  BarSum sum;  // over all diameters and grades
 };
 
 struct BarList {
-  std::vector<BarRow> rows;  // by mark, then diameter, grade, shape, length
-  std::vector<BarSum> sums;  // by diameter, then grade
-  double mass = 0.0;         // kg
-  std::uint64_t meshes = 0;  // sheets, which are not in the list
+  ListOptions options;
+  std::vector<ListedDrawing> drawings;
+  std::vector<BarRow> rows;      // by drawing, mark, diameter, grade, adherence, shape, length
+  std::vector<BarSum> sums;      // by diameter, then grade
+  std::vector<MeshRow> meshes;   // by drawing, reference, type, size
+  std::vector<LeftOut> leftOut;  // in the order of the files
+  double mass = 0.0;             // kg
 };
 
-/// How lengths and numbers come about, a sentence each.
-inline constexpr std::string_view kLengthConvention =
-    "Length: along the centre line as drawn, with the hooks in full and no deduction for bends. "
-    "U bar: the third leg equals the first. Rectangular frame: the four sides. Circular frame: the "
-    "circle and its overlap. Stirrup: twice its long axis. Links: their hook at both ends.";
-inline constexpr std::string_view kNumberConvention =
-    "Number: the elements, hidden ones included, or the bars of the repartitions that point to "
-    "them where these are more. Bars seen end-on count only where the mark has no other element; "
-    "their length is not in the file.";
+/// The list refers to the files.
+BarList makeBarList(const std::vector<const TransferFile*>& files, const ListOptions& options);
 
-BarList makeBarList(const TransferFile& file, const LengthUnit& unit);
+/// Mass in kg of so many metres of a bar of so many mm.
+double massOf(double diameter, double metres) noexcept;
 
-/// Mass in kg of `length` of a bar, both in the unit.
-double massOf(double diameter, double length, const LengthUnit& unit) noexcept;
+/// The mass of a row.
+double massOf(const BarRow& row, const LengthUnit& unit) noexcept;
+
+/// Square metres of one sheet.
+double areaOf(const MeshRow& mesh, const LengthUnit& unit) noexcept;
+
+/// The name in the last drawing control record; empty without one.
+std::string drawingName(const TransferFile& file);
 
 }  // namespace quorvan::tool

@@ -2,13 +2,14 @@
 
 namespace quorvan::tool {
 
-std::string csvLine(const std::vector<std::string>& fields) {
+std::string csvLine(const std::vector<std::string>& fields, char separator) {
   std::string line;
   for (const std::string& field : fields) {
     if (&field != &fields.front()) {
-      line += ',';
+      line += separator;
     }
-    if (field.find_first_of(",\"\r\n") == std::string::npos) {
+    if (field.find_first_of("\"\r\n") == std::string::npos &&
+        field.find(separator) == std::string::npos) {
       line += field;
       continue;
     }

@@ -1,4 +1,4 @@
-// Comma-separated values: fields with a comma, a quote or a line end stand in quotes.
+// Comma-separated values: fields with a separator, a quote or a line end stand in quotes.
 #pragma once
 
 #include <string>
@@ -8,6 +8,6 @@
 namespace quorvan::tool {
 
 /// One line with its line end.
-std::string csvLine(const std::vector<std::string>& fields);
+std::string csvLine(const std::vector<std::string>& fields, char separator = ',');
 
 }  // namespace quorvan::tool

@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(Faults, ToolCheckSeeded, testing::ValuesIn(quorvan::tes
 
 // What the seeded faults cannot show in one replacement is tested below; together they are all.
 TEST(ToolCheck, HasASeededFaultForEveryKind) {
-  std::set<int> seeded{103, 302, 601, 602};
+  std::set<int> seeded{103, 302, 507, 601, 602};
   for (const SeededFault& fault : quorvan::test::seededFaults()) {
     seeded.insert(fault.code);
   }
@@ -135,6 +135,26 @@ TEST(ToolCheck, FindsMoreEntriesThanACountCanSay) {
   const auto found = findingsOf(report.findings, 302);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0]["found"], "size=\"-32768\" over 32768 entries");
+}
+
+TEST(ToolCheck, FindsRepartitionsThatLookLikeTheSameBarsInTwoViews) {
+  std::string bytes = sampleBytes();
+  const std::string end = "</CKtZantoRepartition>";
+  const std::size_t begin = bytes.find("<CKtZantoRepartition");
+  const std::size_t after = bytes.find(end) + end.size();
+  const std::string one = bytes.substr(begin, after - begin);
+  bytes.insert(after, replaced(replaced(one, "index=\"1\"", "index=\"2\""),
+                               R"(<ViewPoint long="2"/>)", R"(<ViewPoint long="3"/>)"));
+  const Report report = check(bytes);
+  ASSERT_EQ(report.findings.size(), 1U) << report.findings.dump(2);
+  const json& finding = report.findings[0];
+  EXPECT_EQ(report.status, 1);
+  EXPECT_EQ(finding["code"], 507);
+  EXPECT_EQ(finding["index"], "2");
+  EXPECT_EQ(finding["item"], "ViewPoint");
+  EXPECT_EQ(finding["found"],
+            "3, with the mark, number and steps of CKtZantoRepartition 1 in view 2");
+  EXPECT_EQ(finding["expected"], "the bars of a mark in one view");
 }
 
 TEST(ToolCheck, MissesTheControlRecord) {

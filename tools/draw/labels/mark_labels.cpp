@@ -17,8 +17,8 @@ MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks
     m_texts.emplace(file, sheet);
   }
   if (marks != Marks::kNone) {
-    for (const BarRow& row : makeBarList(file, kLengthUnits[0]).rows) {
-      m_numbers[row.mark] += row.number();
+    for (const BarRow& row : makeBarList({&file}, {}).rows) {
+      m_numbers[row.mark] += row.number;
     }
   }
 }

@@ -6,7 +6,7 @@
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
 #include <tools/model/repartition.h>
-#include <tools/schedule/bar_sources.h>
+#include <tools/schedule/list_tables.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
 
@@ -100,24 +100,37 @@ Json placesOf(const BarRow& row) {
   return places;
 }
 
+std::string lengthText(const BarRow& row, const LengthUnit& unit) {
+  if (!row.hasLength) {
+    return "\u2013";
+  }
+  const std::string shortest = fixed(row.shortest, unit.decimals);
+  return (row.isLowerBound ? "\u2265 " : "") +
+         (row.varies() ? filled(kEnglishList.range, {shortest, fixed(row.longest, unit.decimals)})
+                       : shortest);
+}
+
 void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& out) {
-  const BarList list = makeBarList(file, unit);
+  ListOptions options;
+  options.unit = &unit;
+  const BarList list = makeBarList({&file}, options);
   Json rows = Json::array();
   for (const BarRow& row : list.rows) {
-    const std::string mass =
-        row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), 2) : "\u2013";
     rows.push_back({{"mark", row.mark},
                     {"shape", shapeName(row.shape)},
                     {"grade", row.grade},
                     {"diameter", rounded(row.diameter, 2)},
-                    {"number", row.number()},
-                    {"length", row.hasLength ? fixed(row.length, unit.decimals) : "\u2013"},
-                    {"mass", mass},
+                    {"number", row.number},
+                    {"length", lengthText(row, unit)},
+                    {"mass", row.hasLength ? fixed(massOf(row, unit), 2) : "\u2013"},
                     {"places", placesOf(row)}});
   }
+  std::string convention;
+  for (const std::string& paragraph : conventionsOf(list, kEnglishList)) {
+    convention += (convention.empty() ? "" : " ") + paragraph;
+  }
   out << ",\n\"bars\": " << scriptJson(rows) << ",\n\"mass\": " << scriptJson(fixed(list.mass, 2))
-      << ",\n\"convention\": "
-      << scriptJson(std::string(kLengthConvention) + " " + std::string(kNumberConvention)) << "}";
+      << ",\n\"convention\": " << scriptJson(convention) << "}";
 }
 
 }  // namespace

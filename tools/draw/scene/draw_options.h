@@ -9,7 +9,7 @@
 #include <tools/draw/scene/sheet_box.h>
 #include <tools/draw/scene/wording.h>
 #include <tools/model/angle_unit.h>
-#include <tools/schedule/bar_list.h>
+#include <tools/model/length_unit.h>
 
 namespace quorvan::tool {
 

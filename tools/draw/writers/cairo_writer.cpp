@@ -190,16 +190,24 @@ void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::pat
 }
 
 void writePdf(const Scene& scene, const std::filesystem::path& path) {
+  writePdf(std::span(&scene, 1), path);
+}
+
+void writePdf(std::span<const Scene> pages, const std::filesystem::path& path) {
   const double scale = kPointsPerInch / kMillimetresPerInch;
+  const Scene& first = pages.front();
   const Surface surface(
-      cairo_pdf_surface_create(toUtf8(path).c_str(), scene.width * scale, scene.height * scale),
+      cairo_pdf_surface_create(toUtf8(path).c_str(), first.width * scale, first.height * scale),
       cairo_surface_destroy);
   check(cairo_surface_status(surface.get()), path);
-  cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, scene.title.c_str());
+  cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, first.title.c_str());
   // The same drawing gives the same bytes.
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE,
                                  "2000-01-01T00:00:00Z");
-  paintOn(surface, scene, scale);
+  for (const Scene& page : pages) {
+    cairo_pdf_surface_set_size(surface.get(), page.width * scale, page.height * scale);
+    paintOn(surface, page, scale);
+  }
   cairo_surface_finish(surface.get());
   check(cairo_surface_status(surface.get()), path);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <span>
 
 #include <tools/draw/scene/scene.h>
 
@@ -10,5 +11,8 @@ namespace quorvan::tool {
 /// Raises Failure when the file cannot be written.
 void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::path& path);
 void writePdf(const Scene& scene, const std::filesystem::path& path);
+
+/// A page each; one at least. The title is that of the first.
+void writePdf(std::span<const Scene> pages, const std::filesystem::path& path);
 
 }  // namespace quorvan::tool
