@@ -11,6 +11,12 @@ constexpr std::chrono::seconds kSilence{1};
 constexpr std::chrono::milliseconds kPause{100};
 constexpr std::uint64_t kCells = 30;
 
+// Of UTF-8 text, a character each.
+std::size_t columnsOf(const std::string& text) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char unit) { return (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U; }));
+}
+
 }  // namespace
 
 Progress::Progress(Console& console, std::string what, Clock clock)
@@ -38,7 +44,7 @@ void Progress::look(std::uint64_t done, std::uint64_t total) {
                            std::string(kCells - filled, ' ') + "] " + std::to_string(percent) +
                            " %";
   m_console.err << '\r' << line << std::flush;
-  m_drawn = std::max(m_drawn, line.size());
+  m_drawn = std::max(m_drawn, columnsOf(line));
 }
 
 }  // namespace quorvan::tool

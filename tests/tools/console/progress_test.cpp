@@ -71,4 +71,61 @@ TEST_F(ToolProgress, IsSilentWhereThereIsNoTerminal) {
   EXPECT_EQ(m_err.str(), "");
 }
 
+TEST_F(ToolProgress, StaysWithinItsBarWhateverIsReported) {
+  Console console{m_out, m_err, true};
+  Progress progress(console, "reading", clock());
+  m_now += milliseconds(1001);
+  report(progress, 5, 0);
+  EXPECT_EQ(m_err.str(), "") << "a share of nothing";
+  report(progress, 500, 100);
+  EXPECT_TRUE(m_err.str().ends_with("[##############################] 100 %")) << m_err.str();
+  m_now += milliseconds(1001);
+  report(progress, 0, 100);
+  EXPECT_TRUE(m_err.str().ends_with("[                              ] 0 %")) << m_err.str();
+}
+
+TEST_F(ToolProgress, LooksAtTheClockOnlyNowAndThen) {
+  Console console{m_out, m_err, true};
+  int looks = 0;
+  Progress progress(console, "reading", [&] {
+    ++looks;
+    return m_now;
+  });
+  for (int i = 0; i < 100000; ++i) {
+    progress.report(1, 2);
+  }
+  EXPECT_LT(looks, 1000);
+}
+
+TEST_F(ToolProgress, WipesAsMuchAsItDrewAtItsLongest) {
+  Console console{m_out, m_err, true};
+  {
+    Progress progress(console, "x", clock());
+    for (const std::uint64_t done : {std::uint64_t{100}, std::uint64_t{1}}) {
+      m_now += milliseconds(2000);
+      report(progress, done, 100);
+    }
+  }
+  const std::string longest = "x [##############################] 100 %";
+  EXPECT_TRUE(m_err.str().ends_with("1 %\r" + std::string(longest.size(), ' ') + '\r'));
+}
+
+TEST_F(ToolProgress, WipesNoMoreColumnsThanItDrew) {
+  Console console{m_out, m_err, true};
+  {
+    Progress progress(console, "\u00E9\u20AC", clock());
+    m_now += milliseconds(2000);
+    report(progress, 50, 100);
+  }
+  const std::string drawn = "ee [###############               ] 50 %";
+  EXPECT_TRUE(m_err.str().ends_with("50 %\r" + std::string(drawn.size(), ' ') + '\r'))
+      << m_err.str();
+}
+
+TEST_F(ToolProgress, WipesNothingWhereNothingWasDrawn) {
+  Console console{m_out, m_err, true};
+  { Progress progress(console, "reading", clock()); }
+  EXPECT_EQ(m_err.str(), "");
+}
+
 }  // namespace
