@@ -53,7 +53,10 @@ CleanedSource withoutForbiddenCharacters(const std::string& bytes, const SourceE
   }
   Position position{1, 1};
   const std::string_view text = bytes;
-  for (std::size_t at = 0; at < text.size();) {
+  // The mark in front is no character of the text.
+  const std::size_t mark = encoding.hasMark ? kUtf8Mark.size() : 0;
+  cleaned.bytes = text.substr(0, mark);
+  for (std::size_t at = mark; at < text.size();) {
     const char unit = text[at];
     if (const std::size_t length = forbiddenLength(text.substr(at), encoding.isSingleByte)) {
       cleaned.bytes += kReplacement;

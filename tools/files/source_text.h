@@ -14,6 +14,9 @@ namespace quorvan::tool {
 /// All bytes of the file. Raises Failure when it cannot be read.
 std::string readBytes(const std::filesystem::path& path);
 
+/// The byte order mark of UTF-8.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
 /// What the beginning of a file says about its characters.
 struct SourceEncoding {
   std::string declared;  // as spelled in the declaration, empty without one
