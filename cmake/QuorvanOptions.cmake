@@ -9,6 +9,7 @@ option(QUORVAN_BUILD_BENCH "Build the benchmark" OFF)
 option(QUORVAN_BUILD_FUZZ "Link the fuzz targets with libFuzzer (needs Clang)" OFF)
 option(QUORVAN_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
 option(QUORVAN_WERROR "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+option(QUORVAN_JOIN_LIBRARY "Join the library's sources, too, where CMAKE_UNITY_BUILD joins sources" ON)
 option(QUORVAN_COVERAGE "Instrument the library for line and branch coverage" OFF)
 set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 
