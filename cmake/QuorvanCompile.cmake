@@ -31,6 +31,10 @@ else()
               $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
               $<$<COMPILE_LANGUAGE:CXX>:-Wextra-semi>)
 endif()
+if(CMAKE_UNITY_BUILD AND NOT MSVC)
+  # A member of one source may have the name of a function of another that it is joined with.
+  target_compile_options(quorvan_compile INTERFACE -Wno-shadow)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(
     quorvan_compile
