@@ -19,7 +19,7 @@ std::uint32_t scriptCount() {
 #ifdef __SANITIZE_ADDRESS__
   constexpr bool isSlow = true;
 #else
-  const bool isSlow = usesWinesDocuments();
+  const bool isSlow = runsUnderWine();
 #endif
   const std::uint32_t shortCount = isSlow ? 50 : 600;
   return isLong == nullptr || *isLong == '\0' ? shortCount : 50 * shortCount;
