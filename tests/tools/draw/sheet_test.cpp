@@ -17,40 +17,41 @@ using quorvan::test::PaintedPicture;
 using quorvan::test::PaintedShape;
 using quorvan::test::runTool;
 
-std::string number(double value) {
+std::string svgNumber(double value) {
   return std::to_string(value);
 }
 
 std::string point(const std::string& name, double x, double y) {
-  return "<" + name + " X=\"" + number(x) + "\" Y=\"" + number(y) + "\" Z=\"0\"/>";
+  return "<" + name + " X=\"" + svgNumber(x) + "\" Y=\"" + svgNumber(y) + "\" Z=\"0\"/>";
 }
 
-std::string text(const std::string& contents, double x, double y, double height, double angle = 0,
-                 int across = 0) {
+std::string svgText(const std::string& contents, double x, double y, double height,
+                    double angle = 0, int across = 0) {
   return "<CKtZantoText><Contents string=\"" + contents + "\"/>" + point("Location", x, y) +
-         "<Angle double=\"" + number(angle) + "\"/><JustificationX long=\"" +
-         std::to_string(across) + "\"/><Color long=\"7\"/><Height double=\"" + number(height) +
+         "<Angle double=\"" + svgNumber(angle) + "\"/><JustificationX long=\"" +
+         std::to_string(across) + "\"/><Color long=\"7\"/><Height double=\"" + svgNumber(height) +
          "\"/></CKtZantoText>";
 }
 
-std::string line(double x1, double y1, double x2, double y2) {
+std::string svgLine(double x1, double y1, double x2, double y2) {
   return "<CKtZantoLine>" + point("Point1", x1, y1) + point("Point2", x2, y2) +
          "<Color long=\"7\"/></CKtZantoLine>";
 }
 
 std::string rectangle(double x1, double y1, double x2, double y2) {
-  return line(x1, y1, x2, y1) + line(x2, y1, x2, y2) + line(x2, y2, x1, y2) + line(x1, y2, x1, y1);
+  return svgLine(x1, y1, x2, y1) + svgLine(x2, y1, x2, y2) + svgLine(x2, y2, x1, y2) +
+         svgLine(x1, y2, x1, y1);
 }
 
 std::string bar(double x1, double y1, double x2, double y2, double hook, double hookAngle,
                 double diameter, int mark) {
-  const std::string length = number(hook);
-  const std::string angle = number(hookAngle);
+  const std::string length = svgNumber(hook);
+  const std::string angle = svgNumber(hookAngle);
   return "<CKtZantoStraightBar index=\"" + std::to_string(mark) + "\">" + point("Point1", x1, y1) +
          point("Point2", x2, y2) + "<HookLength1 double=\"" + length +
          "\"/><HookLength2 double=\"" + length +
          "\"/><Hook1Up string=\"True\"/><Hook2Up string=\"False\"/><HookAngle1 double=\"" + angle +
-         "\"/><HookAngle2 double=\"" + angle + "\"/><Diameter double=\"" + number(diameter) +
+         "\"/><HookAngle2 double=\"" + angle + "\"/><Diameter double=\"" + svgNumber(diameter) +
          "\"/><Reference long=\"" + std::to_string(mark) + "\"/></CKtZantoStraightBar>";
 }
 
@@ -60,7 +61,7 @@ std::string series(double x, double y1, double y2, int count, double step, int i
   const auto list = [](const std::string& name, const std::string& entry, int size, double value) {
     std::string items = "<" + name + " size=\"" + std::to_string(size) + "\">";
     for (int i = 1; i <= size; ++i) {
-      items += "<" + entry + std::to_string(i) + " double=\"" + number(value) + "\"/>";
+      items += "<" + entry + std::to_string(i) + " double=\"" + svgNumber(value) + "\"/>";
     }
     return items + "</" + name + ">";
   };
@@ -99,10 +100,10 @@ void expectInside(const PaintedPicture& picture) {
 
 // A beam of 6 m by 500 mm with its title, as a base for what else is there.
 std::string beam() {
-  std::string all = rectangle(0, 0, 6000, 500) + text("ELEVATION", 0, 800, 87.5);
+  std::string all = rectangle(0, 0, 6000, 500) + svgText("ELEVATION", 0, 800, 87.5);
   for (int i = 0; i < 6; ++i) {
     all += bar(50 + i, 40 + 70 * i, 5950, 40 + 70 * i, 0, 0, 16, i + 1) +
-           text("B" + std::to_string(i), 900.0 * i, -150, 62.5);
+           svgText("B" + std::to_string(i), 900.0 * i, -150, 62.5);
   }
   return all;
 }
@@ -112,9 +113,9 @@ TEST(ToolDrawSheet, HoldsHooksSeriesAndTexts) {
   expectInside(measure(
       drawFile(document(bar(0, 0, 1000, 0, 0, 0, 12, 1) + series(0, -3000, 4000, 5, 200, 1)))));
   const std::string note = "a note that is much longer than all that it says something about";
-  expectInside(measure(drawFile(document(line(0, 0, 500, 0) + text(note, 500, 0, 50)))));
-  expectInside(measure(drawFile(document(line(0, 0, 500, 0) + text(note, 0, 0, 50, 0, 2)))));
-  expectInside(measure(drawFile(document(line(0, 0, 500, 0) + text(note, 0, 0, 50, 60)))));
+  expectInside(measure(drawFile(document(svgLine(0, 0, 500, 0) + svgText(note, 500, 0, 50)))));
+  expectInside(measure(drawFile(document(svgLine(0, 0, 500, 0) + svgText(note, 0, 0, 50, 0, 2)))));
+  expectInside(measure(drawFile(document(svgLine(0, 0, 500, 0) + svgText(note, 0, 0, 50, 60)))));
 }
 
 TEST(ToolDrawSheet, HoldsRandomDrawings) {
@@ -136,8 +137,8 @@ TEST(ToolDrawSheet, HoldsRandomDrawings) {
       if (random() % 2 == 0) {
         all += series(x, y - between(1, size), y + between(1, size), 5, size / 20, i);
       }
-      all += text("Text number " + std::to_string(i), x, y, between(size / 200, size / 30),
-                  between(0, 360), static_cast<int>(random() % 3));
+      all += svgText("Text number " + std::to_string(i), x, y, between(size / 200, size / 30),
+                     between(0, 360), static_cast<int>(random() % 3));
     }
     expectInside(measure(drawFile(document(all))));
   }
@@ -145,15 +146,17 @@ TEST(ToolDrawSheet, HoldsRandomDrawings) {
 
 TEST(ToolDrawSheet, TakesItsScaleFromTheLettering) {
   EXPECT_EQ(scaleOf(drawFile(document(beam()))), "25");
-  EXPECT_EQ(scaleOf(drawFile(document(rectangle(0, 0, 6000, 500) + text("x", 0, 600, 125)))), "50");
-  EXPECT_EQ(scaleOf(drawFile(document(rectangle(0, 0, 600, 500) + text("x", 0, 600, 25)))), "10");
+  EXPECT_EQ(scaleOf(drawFile(document(rectangle(0, 0, 6000, 500) + svgText("x", 0, 600, 125)))),
+            "50");
+  EXPECT_EQ(scaleOf(drawFile(document(rectangle(0, 0, 600, 500) + svgText("x", 0, 600, 25)))),
+            "10");
 }
 
 TEST(ToolDrawSheet, TakesTheScaleThatATextStatesWhereTheLetteringFits) {
-  const std::string drawing = rectangle(0, 0, 3000, 500) + text("x", 0, 600, 75);
-  EXPECT_EQ(scaleOf(drawFile(document(drawing + text("Scale 1:20", 0, -200, 75)))), "20");
-  EXPECT_EQ(scaleOf(drawFile(document(drawing + text("Ech. 1/50", 0, -200, 75)))), "50");
-  EXPECT_EQ(scaleOf(drawFile(document(drawing + text("slope 1:500", 0, -200, 75)))), "25");
+  const std::string drawing = rectangle(0, 0, 3000, 500) + svgText("x", 0, 600, 75);
+  EXPECT_EQ(scaleOf(drawFile(document(drawing + svgText("Scale 1:20", 0, -200, 75)))), "20");
+  EXPECT_EQ(scaleOf(drawFile(document(drawing + svgText("Ech. 1/50", 0, -200, 75)))), "50");
+  EXPECT_EQ(scaleOf(drawFile(document(drawing + svgText("slope 1:500", 0, -200, 75)))), "25");
 }
 
 TEST(ToolDrawSheet, TakesTheSmallestUsualSheet) {
@@ -161,9 +164,12 @@ TEST(ToolDrawSheet, TakesTheSmallestUsualSheet) {
     const auto picture = measure(drawFile(document(drawing)));
     return std::pair(picture.width, picture.height);
   };
-  EXPECT_EQ(sheet(rectangle(0, 0, 3000, 2000) + text("x", 0, 600, 62.5)), std::pair(297.0, 210.0));
-  EXPECT_EQ(sheet(rectangle(0, 0, 3000, 8000) + text("x", 0, 600, 62.5)), std::pair(297.0, 420.0));
-  EXPECT_EQ(sheet(rectangle(0, 0, 12000, 6000) + text("x", 0, 600, 62.5)), std::pair(594.0, 420.0));
+  EXPECT_EQ(sheet(rectangle(0, 0, 3000, 2000) + svgText("x", 0, 600, 62.5)),
+            std::pair(297.0, 210.0));
+  EXPECT_EQ(sheet(rectangle(0, 0, 3000, 8000) + svgText("x", 0, 600, 62.5)),
+            std::pair(297.0, 420.0));
+  EXPECT_EQ(sheet(rectangle(0, 0, 12000, 6000) + svgText("x", 0, 600, 62.5)),
+            std::pair(594.0, 420.0));
 }
 
 // A frame with a title block of its own stays at its scale: the strip goes below it.
@@ -186,7 +192,7 @@ TEST(ToolDrawSheet, LeavesOutOneStrayText) {
   std::string messages;
   const auto whole = measure(drawFile(document(beam())));
   const auto picture =
-      measure(drawFile(document(beam() + text("stray", 4e6, 1e6, 60)), {}, &messages));
+      measure(drawFile(document(beam() + svgText("stray", 4e6, 1e6, 60)), {}, &messages));
   EXPECT_EQ(picture.width, whole.width);
   EXPECT_EQ(messages,
             "drawn.xml: warning: 1 element lies far from the others and is left out (--window all "
@@ -194,14 +200,14 @@ TEST(ToolDrawSheet, LeavesOutOneStrayText) {
   for (const PaintedShape& shape : picture.shapes) {
     EXPECT_NE(shape.content, "stray");
   }
-  drawFile(document(beam() + text("stray", 4e6, 1e6, 60)), {"--window", "all"}, &messages);
+  drawFile(document(beam() + svgText("stray", 4e6, 1e6, 60)), {"--window", "all"}, &messages);
   EXPECT_EQ(messages, "");
 }
 
 TEST(ToolDrawSheet, LeavesOutWhatRoundingNoiseMade) {
   std::string messages;
   const std::string noise =
-      line(100, 100, -3.5e15, 100) + text("a", -1e9, 0, 60) + text("b", 1e9, 5e8, 60);
+      svgLine(100, 100, -3.5e15, 100) + svgText("a", -1e9, 0, 60) + svgText("b", 1e9, 5e8, 60);
   EXPECT_EQ(scaleOf(drawFile(document(beam() + noise), {}, &messages)), "25");
   EXPECT_NE(messages.find("warning: 3 elements lie far"), std::string::npos) << messages;
 }
@@ -210,7 +216,7 @@ TEST(ToolDrawSheet, KeepsViewsThatLieApartAndWhatSurroundsThem) {
   std::string messages;
   std::string second;
   for (int i = 0; i < 4; ++i) {
-    second += line(200000 + 100 * i, 0, 200000 + 100 * i, 300);
+    second += svgLine(200000 + 100 * i, 0, 200000 + 100 * i, 300);
   }
   drawFile(document(beam() + second), {}, &messages);
   EXPECT_EQ(messages, "");
@@ -257,7 +263,7 @@ TEST(ToolDrawSheet, DrawsTextsWithoutHeightAndPaleColoursLegibly) {
   const std::string pale = "<CKtZantoLine>" + point("Point1", 0, 0) + point("Point2", 100, 0) +
                            "<Color long=\"16777200\"/></CKtZantoLine>";
   const std::string svg =
-      drawFile(document(beam() + text("flat", 0, 300, 0) + pale), {}, &messages);
+      drawFile(document(beam() + svgText("flat", 0, 300, 0) + pale), {}, &messages);
   EXPECT_EQ(messages,
             "drawn.xml: note: texts without a height are drawn as high as labels: 1\n"
             "drawn.xml: note: colours too pale for paper are drawn darker: 1\n");
