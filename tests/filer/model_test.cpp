@@ -9,17 +9,16 @@
 
 #include <tests/filer/model/random_script.h>
 #include <tests/filer/model/script.h>
-#include <tests/support/known_differences.h>
 
 namespace quorvan::test::model {
 namespace {
 
 std::uint32_t scriptCount() {
   const char* const isLong = std::getenv("QUORVAN_LONG_TESTS");
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(_WIN32)
   constexpr bool isSlow = true;
 #else
-  const bool isSlow = runsUnderWine();
+  constexpr bool isSlow = false;
 #endif
   const std::uint32_t shortCount = isSlow ? 50 : 600;
   return isLong == nullptr || *isLong == '\0' ? shortCount : 50 * shortCount;

@@ -161,8 +161,8 @@ void writeFile(const std::string& name, const Write& write) {
   throw Failure(output + ": this build does not write it; it has no " + library);
 }
 
-void writeBinary(const BarList& list, const ListWriting& writing, const std::string& output,
-                 std::string_view form) {
+void writeBinary([[maybe_unused]] const BarList& list, [[maybe_unused]] const ListWriting& writing,
+                 const std::string& output, std::string_view form) {
   const WorkFolder folder(toPath(output));
   if (form == ".pdf") {
 #ifdef QUORVAN_HAS_CAIRO
