@@ -14,7 +14,7 @@ using quorvan::tool::PathStep;
 using quorvan::tool::PlanePoint;
 
 constexpr double kNear = 1e-9;
-constexpr double kPi = std::numbers::pi;
+constexpr double kPathPi = std::numbers::pi;
 
 void expectPoint(PlanePoint point, double x, double y) {
   EXPECT_NEAR(point.x, x, kNear);
@@ -32,14 +32,14 @@ TEST(ToolPath, GoesOverTheMiddlePointOnItsSide) {
   const PathStep left = arc({0, 0}, {1, 1}, {2, 0});
   EXPECT_EQ(left.kind, PathStep::Kind::kArc);
   expectPoint(left.center, 1, 0);
-  EXPECT_NEAR(left.sweep, -kPi, kNear);
-  EXPECT_NEAR(arc({0, 0}, {1, -1}, {2, 0}).sweep, kPi, kNear);
+  EXPECT_NEAR(left.sweep, -kPathPi, kNear);
+  EXPECT_NEAR(arc({0, 0}, {1, -1}, {2, 0}).sweep, kPathPi, kNear);
 }
 
 TEST(ToolPath, TakesTheLongWayWhereTheMiddleLiesThere) {
   const PathStep step = arc({1, 0}, {-1, 0}, {0, -1});
   expectPoint(step.center, 0, 0);
-  EXPECT_NEAR(step.sweep, 1.5 * kPi, kNear);
+  EXPECT_NEAR(step.sweep, 1.5 * kPathPi, kNear);
 }
 
 TEST(ToolPath, IsALineWhereThePointsLieOnOne) {
@@ -50,7 +50,7 @@ TEST(ToolPath, IsALineWhereThePointsLieOnOne) {
 TEST(ToolPath, IsACircleWhereTheEndIsTheBeginning) {
   const PathStep step = arc({0, 0}, {0, 2}, {0, 0});
   expectPoint(step.center, 0, 1);
-  EXPECT_NEAR(step.sweep, 2 * kPi, kNear);
+  EXPECT_NEAR(step.sweep, 2 * kPathPi, kNear);
 }
 
 TEST(ToolPath, RoundsCornersAsFarAsTheLinesAllow) {
@@ -97,42 +97,42 @@ Path withEndHook(const HookShape& shape) {
 }
 
 TEST(ToolHooks, BendAndRunOnToTheirLength) {
-  expectPoint(withEndHook(hook(kPi / 2, 10)).end(), 10, 10);
-  expectPoint(withEndHook(hook(kPi, 10)).end(), 8 - (10 - 2), 4);
+  expectPoint(withEndHook(hook(kPathPi / 2, 10)).end(), 10, 10);
+  expectPoint(withEndHook(hook(kPathPi, 10)).end(), 8 - (10 - 2), 4);
   expectPoint(withEndHook(hook(0, 10)).end(), 20, 0);
 }
 
 TEST(ToolHooks, BendToTheOtherSideForTheOtherSideOrAnAngleBelowZero) {
-  HookShape shape = hook(kPi / 2, 10);
+  HookShape shape = hook(kPathPi / 2, 10);
   shape.side = -1;
   expectPoint(withEndHook(shape).end(), 10, -10);
-  expectPoint(withEndHook(hook(-kPi / 2, 10)).end(), 10, -10);
+  expectPoint(withEndHook(hook(-kPathPi / 2, 10)).end(), 10, -10);
 }
 
 TEST(ToolHooks, AreBentIntoTheCornerAtTheEndOfTheBar) {
-  expectPoint(hookBegin(hook(kPi / 2, 10)), 8, 0);
-  expectPoint(hookBegin(hook(kPi, 10)), 8, 0);
-  expectPoint(hookBegin(hook(kPi / 4, 10)), 10 - 2 * std::tan(kPi / 8), 0);
+  expectPoint(hookBegin(hook(kPathPi / 2, 10)), 8, 0);
+  expectPoint(hookBegin(hook(kPathPi, 10)), 8, 0);
+  expectPoint(hookBegin(hook(kPathPi / 4, 10)), 10 - 2 * std::tan(kPathPi / 8), 0);
   expectPoint(hookBegin(hook(0, 10)), 10, 0);
 }
 
 TEST(ToolHooks, AreBentCloserWhereTheyOrTheirBarAreShort) {
-  expectPoint(withEndHook(hook(kPi / 2, 1)).end(), 10, 1);
-  expectPoint(hookBegin(hook(kPi / 2, 1)), 9, 0);
-  HookShape shape = hook(kPi / 2, 10);
+  expectPoint(withEndHook(hook(kPathPi / 2, 1)).end(), 10, 1);
+  expectPoint(hookBegin(hook(kPathPi / 2, 1)), 9, 0);
+  HookShape shape = hook(kPathPi / 2, 10);
   shape.room = 1.5;
   expectPoint(hookBegin(shape), 8.5, 0);
   expectPoint(withEndHook(shape).end(), 10, 10);
 }
 
 TEST(ToolHooks, AreNoneWithoutLength) {
-  expectPoint(withEndHook(hook(kPi / 2, 0)).end(), 10, 0);
+  expectPoint(withEndHook(hook(kPathPi / 2, 0)).end(), 10, 0);
 }
 
 // The same hook drawn from its tip ends at the bar and begins at the tip.
 TEST(ToolHooks, BeginAtTheTip) {
   Path path;
-  beginWithHook(path, hook(kPi / 2, 10));
+  beginWithHook(path, hook(kPathPi / 2, 10));
   expectPoint(path.steps().front().to, 10, 10);
   expectPoint(path.end(), 8, 0);
 }
