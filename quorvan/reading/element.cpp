@@ -122,6 +122,8 @@ void QuorvanElement::collect(const IXMLDOMNodePtr& node, const items::ElementSch
         if (item != nullptr && item->kind == items::Kind::kNumberedPoints) {
           points.begin(item->stem);
         }
+        // A name of the system's service is a text of its own.
+        // NOLINTNEXTLINE(performance-move-const-arg)
         m_collected.push_back({this, std::move(child), std::move(name), item});
       }
     }

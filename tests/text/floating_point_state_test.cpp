@@ -120,11 +120,11 @@ class FloatingPointState : public testing::Test {
 };
 
 TEST_F(FloatingPointState, DoesNotChangeNumbersAndIsLeftAsItWas) {
-  for (const int rounding :
-       {_MM_ROUND_NEAREST, _MM_ROUND_DOWN, _MM_ROUND_UP, _MM_ROUND_TOWARD_ZERO}) {
+  for (const unsigned rounding : {unsigned{_MM_ROUND_NEAREST}, unsigned{_MM_ROUND_DOWN},
+                                  unsigned{_MM_ROUND_UP}, unsigned{_MM_ROUND_TOWARD_ZERO}}) {
     for (const unsigned tiny : {0U, 0x8000U, 0x0040U, 0x8040U}) {  // flushed, or taken for zero
       for (const unsigned noted : {0U, 0x20U, 0x3FU}) {
-        expectSame(kMasks | static_cast<unsigned>(rounding) | tiny | noted);
+        expectSame(kMasks | rounding | tiny | noted);
       }
     }
   }

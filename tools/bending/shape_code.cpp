@@ -174,6 +174,7 @@ void addSlope(const CodedForm& form, const Reading& reading, double step, char l
 
 std::vector<Dimension> inOrder(const std::map<char, Dimension>& dimensions) {
   std::vector<Dimension> all;
+  all.reserve(dimensions.size());
   for (const auto& [letter, dimension] : dimensions) {
     all.push_back(dimension);
   }

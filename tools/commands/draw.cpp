@@ -77,11 +77,11 @@ std::uint32_t layersNamed(std::string_view names) {
     const std::string name(names.substr(0, comma));
     const auto layer = layerNamed(name);
     if (!layer) {
-      std::string known;
+      std::string message = '"' + name + "\" is not a layer; there are ";
       for (std::size_t i = 0; i < kLayers; ++i) {
-        known += (i == 0 ? "" : ", ") + std::string(layerName(static_cast<Layer>(i)));
+        message.append(i == 0 ? "" : ", ").append(layerName(static_cast<Layer>(i)));
       }
-      throw Failure('"' + name + "\" is not a layer; there are " + known);
+      throw Failure(message);
     }
     layers |= 1U << static_cast<unsigned>(*layer);
     names.remove_prefix(std::min(comma + 1, names.size()));

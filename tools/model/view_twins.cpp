@@ -41,13 +41,13 @@ void ViewTwins::add(const Element& element, const Repartition& series, std::int6
     return;
   }
   Steps backwards(steps.rbegin(), steps.rend());
-  m_groups[{mark, std::min(std::move(steps), std::move(backwards))}].members.push_back(
-      {&element, series.viewPoint});
+  m_groups[{mark, std::min(steps, backwards)}].members.push_back({&element, series.viewPoint});
 }
 
 std::vector<TwinGroup> ViewTwins::groups() const {
   std::vector<TwinGroup> found;
-  for (const auto& [key, group] : m_groups) {
+  for (const auto& entry : m_groups) {
+    const TwinGroup& group = entry.second;
     const auto isElsewhere = [&group](const TwinGroup::Member& member) {
       return member.viewPoint != group.members.front().viewPoint;
     };

@@ -16,6 +16,7 @@ void print(const ListTable& table, const ListWording& words, std::ostream& out) 
   }
   for (const std::vector<Cell>& row : table.rows) {
     std::vector<std::string> cells;
+    cells.reserve(row.size());
     for (const Cell& cell : row) {
       cells.push_back(cellText(cell, words.decimalMark));
     }

@@ -33,10 +33,12 @@ std::vector<std::string> wrapped(const std::string& text, double width) {
     const std::size_t end = std::min(text.find(' ', at), text.size());
     const std::string word = text.substr(at, end - at);
     at = end + 1;
-    if (!line.empty() && textWidth(line + ' ' + word, kListLettering) > width) {
+    std::string longer = line;
+    longer.append(line.empty() ? "" : " ").append(word);
+    if (!line.empty() && textWidth(longer, kListLettering) > width) {
       lines.push_back(std::exchange(line, word));
     } else {
-      line += (line.empty() ? "" : " ") + word;
+      line = std::move(longer);
     }
   }
   lines.push_back(line);
