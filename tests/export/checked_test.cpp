@@ -14,6 +14,7 @@ namespace quorvan::test {
 namespace {
 
 // A value for a parameter of each type.
+// NOLINTBEGIN(google-explicit-constructor): it stands for any of them.
 struct Any {
   operator double() const { return 1.5; }
   operator long() const { return 3; }
@@ -29,6 +30,7 @@ struct Any {
   static inline double kNumbers[4] = {1, 2, 3, 4};
   static inline const wchar_t* kName = nullptr;
 };
+// NOLINTEND(google-explicit-constructor)
 
 // Gives each parameter a value of its type.
 template <class Result, class... Parameters>
