@@ -43,6 +43,8 @@ std::uint64_t readOnce(const std::uint8_t* data, std::size_t size) {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  quorvan::fuzz::require(readOnce(data, size) == readOnce(data, size), "reading has no memory");
+  const auto first = readOnce(data, size);
+  const auto second = readOnce(data, size);
+  quorvan::fuzz::require(first == second, "reading has no memory");
   return 0;
 }

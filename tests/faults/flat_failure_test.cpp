@@ -126,6 +126,7 @@ TEST(NoMemoryForReading, ANameThatCannotBeKeptIsEmptyAndThereNextTime) {
 // --- twins --------------------------------------------------------------------------------------
 
 // A value for a parameter of each type.
+// NOLINTBEGIN(google-explicit-constructor): it stands for any of them.
 struct Any {
   operator double() const { return 1.5; }
   operator long() const { return 3; }
@@ -140,6 +141,7 @@ struct Any {
   static inline double kNumbers[4] = {1, 2, 3, 4};
   static inline const wchar_t* kName = nullptr;
 };
+// NOLINTEND(google-explicit-constructor)
 
 template <class... Parameters>
 int call(int (*function)(Parameters...)) {

@@ -86,6 +86,8 @@ std::string repartition(std::size_t announced, const std::string& positions) {
                      item("Index", "long", "1") + item("Hidden", "string", "False"));
 }
 
+// One list, however long.
+// NOLINTNEXTLINE(readability-function-size)
 std::vector<DrawingShape> usualShapes() {
   return {
       {"lines", 100, [](std::size_t n) { return drawing(series(n, line)); }},

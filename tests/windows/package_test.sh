@@ -25,7 +25,7 @@ root=$(basename "${zips[0]}" .zip)
   printf '%s\n' bin/quorvan.dll lib/libquorvan.dll.a lib/quorvan.lib lib/pkgconfig/quorvan.pc \
     lib/cmake/Quorvan/Quorvan{Config,ConfigVersion,Targets,Targets-release}.cmake
   [[ ! -e $build/tools/quorvan.exe ]] || echo bin/quorvan.exe
-  tr ';' '\n' <<<"$headers" | sed "s|^$source/|include/|"
+  tr ';' '\n' <<<"$headers" | sed "s|^$build/include/|include/|; s|^$source/|include/|"
   echo share/doc/Quorvan/README.md
   (cd "$source" && find docs examples -type f | sed 's|^|share/doc/Quorvan/|')
 } | sort >promised
