@@ -205,6 +205,7 @@ class LibraryPerformance final : public Performance {
     long count = kUntouched;
     const int result = filer.readItem(name, &entries, &count);
     std::vector<Point> points;
+    points.reserve(entries.size());
     for (const Entry& entry : entries) {
       points.push_back(plain(entry));
     }

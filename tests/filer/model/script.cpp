@@ -68,7 +68,11 @@ std::string filesDifference(Performance& library, Performance& model) {
     const std::string saved = library.file(path);
     const std::string expected = model.file(path);
     if (saved != expected) {
-      return std::string(path) + "\n  library: " + saved + "\n  model:   " + expected;
+      std::string difference = path;
+      return difference.append("\n  library: ")
+          .append(saved)
+          .append("\n  model:   ")
+          .append(expected);
     }
   }
   return "";

@@ -79,7 +79,7 @@ TEST(ToolMarks, AreNotNamedByNumbersThatMeanSomethingElse) {
 TEST(ToolMarks, AreNamedByTextsThatAreMarks) {
   for (const char* const name :
        {"(3)", "(3) 2 HA12", "rep. 3", "R\u00E9p 3", "n\u00B0 3", "No 3", "3 HA 12 L=3.20",
-        "3 \u00D8 12", "27 cadres HA8 (rep. 3)", "pos.3"}) {
+        "3 \u00D812", "27 cadres HA8 (rep. 3)", "pos.3"}) {
     EXPECT_EQ(bubbles(bar(3) + text(name, 1500, 200)), 0U) << name;
   }
   EXPECT_EQ(bubbles(bar(3) + text("3", 1500, 200) + circle(1500, 200)), 0U);
