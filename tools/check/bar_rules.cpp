@@ -11,6 +11,12 @@ namespace {
 constexpr double kSizeTolerance = 1e-6;
 constexpr int kLengthDecimals = 0;
 
+// Where the item stands; null where it is missing.
+const Node* nodeOf(const std::vector<ItemValue>& items, std::string_view name) {
+  const ItemValue* const item = findItem(items, name);
+  return item == nullptr ? nullptr : item->node;
+}
+
 }  // namespace
 
 std::string comparedTexts(const DocumentTree& tree, const Element& element) {
@@ -33,12 +39,16 @@ void HiddenBarRule::look(const Element& element, const Bar& bar) {
   }
   const auto [known, isNew] = m_seen.emplace(comparedTexts(m_file.tree(), element), &element);
   if (!isNew) {
+    Mend mend = mendBy(Mend::Kind::kLeaveOut);
+    mend.element = &element;
+    mend.equal = known->second;
     m_sink.add(findings::kEqualHiddenBars, element, "",
-               "the same items as " + nameOf(m_file, *known->second), "one of them");
+               "the same items as " + nameOf(m_file, *known->second), "one of them", nullptr, mend);
   }
 }
 
-void ReferenceRule::look(const Element& element, const Bar& bar) {
+void ReferenceRule::look(const Element& element, const std::vector<ItemValue>& items,
+                         const Bar& bar) {
   constexpr std::size_t kMostVariants = 16;  // one finding each; a mark with more is no mark
   const double length = bar.hasLength() ? lengthOf(bar) : 0.0;
   const Variant variant{&element,
@@ -60,7 +70,8 @@ void ReferenceRule::look(const Element& element, const Bar& bar) {
   }
   if (!known.empty()) {
     m_sink.add(findings::kReferenceDiffers, element, "Reference", describe(variant),
-               describe(known.front()) + " as in " + nameOf(m_file, *known.front().element));
+               describe(known.front()) + " as in " + nameOf(m_file, *known.front().element),
+               nodeOf(items, "Reference"));
   }
   known.push_back(variant);
 }
@@ -85,26 +96,27 @@ std::string ReferenceRule::describe(const Variant& variant) {
   return text;
 }
 
-void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& sizes,
-                   FindingSink& sink) {
+void checkDiameter(const Element& element, const std::vector<ItemValue>& items, const Bar& bar,
+                   const StandardSizes& sizes, FindingSink& sink) {
   const auto difference = [&bar](double size) { return std::abs(size - bar.diameter); };
   const auto nearest = std::ranges::min_element(sizes.diameters, {}, difference);
   if (nearest == sizes.diameters.end() || difference(*nearest) < kSizeTolerance) {
     return;
   }
   sink.add(findings::kDiameter, element, "Diameter", shortest(bar.diameter),
-           "a standard size, the nearest is " + shortest(*nearest));
+           "a standard size, the nearest is " + shortest(*nearest), nodeOf(items, "Diameter"));
 }
 
-void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
-                      FindingSink& sink) {
+void checkRepartition(const ElementIndex& index, const Element& element,
+                      const std::vector<ItemValue>& items, FindingSink& sink) {
+  const Repartition series = toRepartition(items);
   if (!barShapeOf(series.className)) {
     sink.add(findings::kRepartitionDangles, element, "DefClassName", '"' + series.className + '"',
-             "the class of a bar or link");
+             "the class of a bar or link", nodeOf(items, "DefClassName"));
   } else if (index.find(series.className, series.index) == nullptr) {
     sink.add(findings::kRepartitionDangles, element, "Index",
              series.className + ' ' + std::to_string(series.index) + ", which is not there",
-             "the index of a " + series.className + " in the file");
+             "the index of a " + series.className + " in the file", nodeOf(items, "Index"));
   }
   const std::size_t count = series.top.size();
   if (series.bottom.size() != count ||
@@ -112,7 +124,7 @@ void checkRepartition(const ElementIndex& index, const Element& element, const R
     sink.add(findings::kRepartitionLists, element, "Positions",
              std::to_string(count) + " top distances, " + std::to_string(series.bottom.size()) +
                  " bottom distances, " + std::to_string(series.positions.size()) + " positions",
-             "equal numbers, or one position fewer");
+             "equal numbers, or one position fewer", nodeOf(items, "Positions"));
   }
 }
 

@@ -54,10 +54,10 @@ class Checker {
     if (const auto shape = barShapeOf(element)) {
       const Bar bar = toBar(*shape, items);
       m_hidden.look(element, bar);
-      m_references.look(element, bar);
-      checkDiameter(element, bar, m_sizes, m_sink);
+      m_references.look(element, items, bar);
+      checkDiameter(element, items, bar, m_sizes, m_sink);
     } else if (element.is(items::ElementClass::kRepartition)) {
-      checkRepartition(m_elements, element, toRepartition(items), m_sink);
+      checkRepartition(m_elements, element, items, m_sink);
     }
   }
 
@@ -86,6 +86,11 @@ std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& si
     Progress progress(console, "checking " + file.name());
     Checker(file, sizes, findings).check(progress);
   }
+  if (!file.isPlain()) {
+    for (Finding& finding : findings) {
+      finding.mend = {};
+    }
+  }
   std::ranges::stable_sort(findings, [](const Finding& a, const Finding& b) {
     return std::pair(a.position.line, a.position.column) <
            std::pair(b.position.line, b.position.column);
@@ -93,9 +98,13 @@ std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& si
   return findings;
 }
 
+Finding findingOf(const Unreadable& fault) {
+  return {&findings::kUnreadable, {}, {}, {}, {}, fault.reason(), "a file that can be read", {}};
+}
+
 Finding findingOf(const NotWellFormed& fault) {
   return {&findings::kNotWellFormed, fault.refusal().position, {}, {}, {},
-          fault.refusal().reason,    "a well-formed document"};
+          fault.refusal().reason,    "a well-formed document", {}};
 }
 
 }  // namespace quorvan::tool

@@ -16,6 +16,7 @@
 #include <tools/model/item_problem.h>
 #include <tools/model/item_value.h>
 #include <tools/model/repartition.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -34,12 +35,12 @@ class IndexRule {
  private:
   struct Seen {
     std::int32_t last = 0;
-    std::unordered_map<std::int32_t, const Element*> elements;
+    std::unordered_map<std::int32_t, const Element*, KeyedHash> elements;
   };
 
   const TransferFile& m_file;
   FindingSink& m_sink;
-  std::unordered_map<std::string_view, Seen> m_classes;
+  std::unordered_map<std::string_view, Seen, KeyedHash> m_classes;
 };
 
 const FindingKind& findingKindOf(ProblemKind problem);
@@ -60,7 +61,7 @@ class HiddenBarRule {
  private:
   const TransferFile& m_file;
   FindingSink& m_sink;
-  std::unordered_map<std::string, const Element*> m_seen;
+  std::unordered_map<std::string, const Element*, KeyedHash> m_seen;
 };
 
 /// The texts by which the library tells whether two bars are equal.
@@ -70,7 +71,7 @@ std::string comparedTexts(const DocumentTree& tree, const Element& element);
 class ReferenceRule {
  public:
   ReferenceRule(const TransferFile& file, FindingSink& sink) : m_file(file), m_sink(sink) {}
-  void look(const Element& element, const Bar& bar);
+  void look(const Element& element, const std::vector<ItemValue>& items, const Bar& bar);
 
  private:
   // One of the kinds of bar that a mark has.
@@ -86,15 +87,15 @@ class ReferenceRule {
 
   const TransferFile& m_file;
   FindingSink& m_sink;
-  std::unordered_map<std::int64_t, std::vector<Variant>> m_marks;
+  std::unordered_map<std::int64_t, std::vector<Variant>, KeyedHash> m_marks;
 };
 
 /// Diameters.
-void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& sizes,
-                   FindingSink& sink);
+void checkDiameter(const Element& element, const std::vector<ItemValue>& items, const Bar& bar,
+                   const StandardSizes& sizes, FindingSink& sink);
 
 /// Repartitions.
-void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
-                      FindingSink& sink);
+void checkRepartition(const ElementIndex& index, const Element& element,
+                      const std::vector<ItemValue>& items, FindingSink& sink);
 
 }  // namespace quorvan::tool

@@ -1,5 +1,6 @@
 // quorvan bars: the bar list.
 
+#include <cmath>
 #include <memory>
 
 #include <tools/commands/command_table.h>
@@ -25,6 +26,7 @@ struct BarsArguments {
   std::string unit = "mm";
   bool asJson = false;
   bool asCsv = false;
+  bool asRawCsv = false;
 };
 
 const LengthUnit& unitNamed(std::string_view name) {
@@ -117,7 +119,7 @@ void printText(const TransferFile& file, const BarList& list, const LengthUnit& 
 }
 
 void printCsv(const TransferFile& file, const BarList& list, const LengthUnit& unit,
-              std::ostream& out) {
+              CsvFields fields, std::ostream& out) {
   const std::string name(unit.name);
   out << csvLine({"mark", "shape", "grade", "adherence", "diameter [" + name + ']', "number",
                   "length [" + name + ']', "total length [m]", "mass [kg]", "elements"});
@@ -128,12 +130,16 @@ void printCsv(const TransferFile& file, const BarList& list, const LengthUnit& u
          row.hasLength ? fixed(row.length, unit.decimals) : "",
          row.hasLength ? metres(row.totalLength(), unit) : "",
          row.hasLength ? fixed(massOf(row.diameter, row.totalLength(), unit), kMassDecimals) : "",
-         sourceText(file, row)});
+         sourceText(file, row)},
+        fields);
   }
 }
 
 // Rounded to what the list shows.
 Json number(double value, int decimals) {
+  if (!std::isfinite(value)) {
+    return value;
+  }
   return Json::parse(fixed(value, decimals));
 }
 
@@ -198,8 +204,9 @@ void listBars(const BarsArguments& arguments, Console& console) {
   const BarList list = makeBarList(file, unit);
   if (arguments.asJson) {
     printJson(file, list, unit, console.out);
-  } else if (arguments.asCsv) {
-    printCsv(file, list, unit, console.out);
+  } else if (arguments.asCsv || arguments.asRawCsv) {
+    printCsv(file, list, unit, arguments.asRawCsv ? CsvFields::kRaw : CsvFields::kGuarded,
+             console.out);
   } else {
     printText(file, list, unit, console.out);
   }
@@ -215,6 +222,10 @@ void addBarsOptions(CLI::App& command, Run& run) {
   CLI::Option* const json =
       command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)");
   command.add_flag("--csv", arguments->asCsv, "As CSV, a line a row")->excludes(json);
+  command
+      .add_flag("--csv-raw", arguments->asRawCsv,
+                "As CSV for programs: no apostrophe before what a spreadsheet takes for a formula")
+      ->excludes(json);
   command.callback([arguments, &run] { listBars(*arguments, run.console); });
 }
 

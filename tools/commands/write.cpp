@@ -73,9 +73,11 @@ void write(const WriteArguments& arguments, Console& console) {
   refuseSameFile(arguments.drawing, arguments.output);
   const DrawingInput drawing = readDrawing(arguments.drawing);
   Progress progress(console, "writing " + arguments.output);
-  const WorkFolder folder(toPath(arguments.output));
+  const WorkFolder folder(arguments.output, console);
   try {
-    fileDrawing(drawing, toUtf8(folder.file()), progress);
+    // A name without its folder, whose own may be one that the document service cannot open.
+    const CurrentFolder current(folder.path());
+    fileDrawing(drawing, toUtf8(folder.file().filename()), progress);
   } catch (const _com_error&) {
     throw Failure(arguments.output +
                   ": the XML document service failed while the drawing was filed");

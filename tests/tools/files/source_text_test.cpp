@@ -3,6 +3,7 @@
 
 #include <sstream>
 
+#include <tools/files/source_places.h>
 #include <tools/files/source_text.h>
 
 namespace {
@@ -16,8 +17,9 @@ std::string positionsIn(const std::string& bytes) {
   quorvan::tool::Progress progress(console, "");
   const SourceEncoding encoding = encodingOf(bytes);
   std::string text;
-  for (const auto& position : quorvan::tool::startTagPositions(
-           quorvan::tool::plainText(bytes, encoding), encoding.isSingleByte, progress)) {
+  const auto places = quorvan::tool::findPlaces(quorvan::tool::plainText(bytes, encoding),
+                                                encoding.isSingleByte, progress);
+  for (const auto& position : places.elements) {
     text += std::to_string(position.line) + ':' + std::to_string(position.column) + ' ';
   }
   return text;

@@ -16,8 +16,16 @@ TEST(ToolJson, IsLaidOutForPeople) {
       "{\n  \"a\": [\n    {\"b\": 1},\n    {\"b\": 2}\n  ],\n  \"c\": [1, 2],\n  \"d\": []\n}\n");
 }
 
-TEST(ToolJson, HasNullForWhatIsNoNumber) {
-  EXPECT_EQ(quorvan::tool::inlineJson(std::numeric_limits<double>::infinity()), "null");
+TEST(ToolJson, HasTheTextOfWhatHasNoDigits) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(quorvan::tool::inlineJson(
+                Json::array({kInfinity, -kInfinity, std::numeric_limits<double>::quiet_NaN()})),
+            R"(["inf", "-inf", "nan"])");
+}
+
+TEST(ToolJson, WritesOutWhatSteersATerminal) {
+  EXPECT_EQ(quorvan::tool::inlineJson("\x1B \u009B \u202E \u00E9 \xE9"),
+            "\"\\u001b \\u009b \\u202e \u00E9 \uFFFD\"");
 }
 
 }  // namespace
