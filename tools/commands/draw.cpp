@@ -1,5 +1,6 @@
 // quorvan draw: the drawing as a detailer draws it.
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -194,7 +195,7 @@ void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& 
   if (outliers.empty()) {
     return;
   }
-  console.err << file.name() << ": warning: " << outliers.size()
+  console.err << printable(file.name()) << ": warning: " << outliers.size()
               << (outliers.size() == 1 ? " element lies" : " elements lie")
               << " far from the others and " << (outliers.size() == 1 ? "is" : "are")
               << " left out (--window all draws everything): ";
@@ -208,19 +209,26 @@ void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& 
 
 void report(const TransferFile& file, const SceneResult& result, const DrawOptions& options,
             Console& console) {
+  const bool isEmpty = std::ranges::all_of(
+      result.scene.shapes, [](const Shape& shape) { return shape.element == kNoElement; });
+  if (isEmpty) {
+    console.err << printable(file.name())
+                << ": warning: nothing is drawn: there is no element in it that can be seen\n";
+  }
   if (result.leftOut != 0) {
-    console.err << file.name() << ": warning: " << result.leftOut
+    console.err << printable(file.name()) << ": warning: " << result.leftOut
                 << " elements are left out: they lie beyond what can be drawn\n";
   }
   if (!options.window) {
     reportOutliers(file, result.outliers, console);
   }
   if (result.withoutHeight != 0) {
-    console.err << file.name() << ": note: texts without a height are drawn as high as labels: "
+    console.err << printable(file.name())
+                << ": note: texts without a height are drawn as high as labels: "
                 << result.withoutHeight << '\n';
   }
   if (result.darkened != 0) {
-    console.err << file.name()
+    console.err << printable(file.name())
                 << ": note: colours too pale for paper are drawn darker: " << result.darkened
                 << '\n';
   }

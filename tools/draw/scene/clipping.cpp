@@ -236,8 +236,13 @@ std::optional<std::pair<PlanePoint, PlanePoint>> clippedLine(PlanePoint from, Pl
   if (begin > end) {
     return std::nullopt;
   }
-  return std::pair(begin == 0.0 ? from : from + (to - from) * begin,
-                   end == 1.0 ? to : from + (to - from) * end);
+  // Where the numbers are huge, the products are rough.
+  const auto at = [&](double share) {
+    const PlanePoint point = from + (to - from) * share;
+    return PlanePoint{std::clamp(point.x, box.least.x, box.most.x),
+                      std::clamp(point.y, box.least.y, box.most.y)};
+  };
+  return std::pair(begin == 0.0 ? from : at(begin), end == 1.0 ? to : at(end));
 }
 
 Path clippedStroke(const Path& path, const SheetBox& box) {
