@@ -154,15 +154,17 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   return result;
 }
 
-void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
-                  const DrawOptions& drawing, const std::filesystem::path& path) {
+void writePicture(const TransferFile& file, const SceneResult& result,
+                  const DrawArguments& arguments, const DrawOptions& drawing,
+                  const std::filesystem::path& path) {
+  const Scene& scene = result.scene;
   const std::string form = toUtf8(toPath(arguments.output).extension());
   if (form == ".svg" || form == ".html") {
     std::ofstream out(path, std::ios::binary);
     if (form == ".svg") {
       writeSvg(scene, {}, out);
     } else {
-      writeHtmlPage(file, scene, *drawing.unit, out);
+      writeHtmlPage(file, scene, *drawing.unit, result.unitsPerMillimetre, out);
     }
     out.close();
     if (!out) {
@@ -231,7 +233,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   const SceneResult result = buildScene(file, drawing, console);
   report(file, result, drawing, console);
   const WorkFolder folder(toPath(arguments.output));
-  writePicture(file, result.scene, arguments, drawing, folder.file());
+  writePicture(file, result, arguments, drawing, folder.file());
   folder.moveToTarget();
 }
 

@@ -100,7 +100,8 @@ Json placesOf(const BarRow& row) {
   return places;
 }
 
-void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& out) {
+void writeBars(const TransferFile& file, const LengthUnit& unit, double unitsPerMillimetre,
+               std::ostream& out) {
   const BarList list = makeBarList(file, unit);
   Json rows = Json::array();
   for (const BarRow& row : list.rows) {
@@ -117,13 +118,15 @@ void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& o
   }
   out << ",\n\"bars\": " << scriptJson(rows) << ",\n\"mass\": " << scriptJson(fixed(list.mass, 2))
       << ",\n\"convention\": "
-      << scriptJson(std::string(kLengthConvention) + " " + std::string(kNumberConvention)) << "}";
+      << scriptJson(std::string(kLengthConvention) + " " + std::string(kNumberConvention))
+      << ",\n\"unitsPerMillimetre\": " << scriptJson(unitsPerMillimetre)
+      << ", \"unit\": " << scriptJson(unit.name) << ", \"decimals\": " << unit.decimals << "}";
 }
 
 }  // namespace
 
 void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
-                   std::ostream& out) {
+                   double unitsPerMillimetre, std::ostream& out) {
   std::string_view rest = kPageTemplate;
   while (!rest.empty()) {
     const std::size_t begin = rest.find("{{");
@@ -144,7 +147,7 @@ void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUni
       writeSvg(scene, {true}, out);
     } else if (part == "data") {
       writeElements(file, out);
-      writeBars(file, unit, out);
+      writeBars(file, unit, unitsPerMillimetre, out);
     }
   }
 }
