@@ -2,6 +2,7 @@
 
 #include <cairo-pdf.h>
 #include <cairo.h>
+#include <pango/pangocairo.h>
 
 #include <cmath>
 #include <memory>
@@ -22,17 +23,49 @@ constexpr double kMostPixels = 30000.0;  // cairo's limit is a little higher
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
 
+using Layout = std::unique_ptr<PangoLayout, decltype(&g_object_unref)>;
+
+// Letters are laid out once at this size and drawn at any: their shapes are not rounded to pixels.
+constexpr double kLayoutSize = 100.0;
+constexpr int kTab = 127;  // four blanks
+
+Layout newLayout(cairo_t* context) {
+  const std::unique_ptr<PangoFontMap, decltype(&g_object_unref)> fonts(
+      pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT), g_object_unref);
+  pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(fonts.get()), kPointsPerInch);
+  const std::unique_ptr<PangoContext, decltype(&g_object_unref)> state(
+      pango_font_map_create_context(fonts.get()), g_object_unref);
+  const std::unique_ptr<cairo_font_options_t, decltype(&cairo_font_options_destroy)> options(
+      cairo_font_options_create(), cairo_font_options_destroy);
+  cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
+  cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
+  pango_cairo_context_set_font_options(state.get(), options.get());
+  pango_cairo_update_context(context, state.get());
+  Layout layout(pango_layout_new(state.get()), g_object_unref);
+  const std::unique_ptr<PangoFontDescription, decltype(&pango_font_description_free)> font(
+      pango_font_description_from_string("Arial, Liberation Sans, DejaVu Sans, sans-serif"),
+      pango_font_description_free);
+  pango_font_description_set_absolute_size(font.get(), kLayoutSize * PANGO_SCALE);
+  pango_layout_set_font_description(layout.get(), font.get());
+  pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
+  const std::unique_ptr<PangoTabArray, decltype(&pango_tab_array_free)> tabs(
+      pango_tab_array_new_with_positions(1, FALSE, PANGO_TAB_LEFT, kTab * PANGO_SCALE),
+      pango_tab_array_free);
+  pango_layout_set_tabs(layout.get(), tabs.get());
+  return layout;
+}
+
 // Draws on a context whose unit is the millimetre, y downwards.
 class Painter {
  public:
-  Painter(cairo_t* context, const Scene& scene) : m_context(context), m_scene(scene) {}
+  Painter(cairo_t* context, const Scene& scene)
+      : m_context(context), m_scene(scene), m_layout(newLayout(context)) {}
 
   void paint() {
     cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
     cairo_paint(m_context);
     cairo_set_line_cap(m_context, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
-    cairo_select_font_face(m_context, "Arial", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     for (const Shape& shape : m_scene.shapes) {
       const bool isCut = m_scene.window && shape.layer != Layer::kTitle;
       if (isCut) {
@@ -116,35 +149,45 @@ class Painter {
     arc(m_context, step.center.x, down(step.center.y), lengthOf(out), begin, end);
   }
 
+  // The layout shapes the letters, takes each from a font that has it, and puts those that run from
+  // right to left in their order.
   void paintText(const Shape& shape) {
     const Lettering& text = shape.lettering;
+    const double size = fontSizeOf(text.height);
+    if (text.text.empty() || !(size > 0.0)) {
+      return;
+    }
+    pango_layout_set_text(m_layout.get(), text.text.data(), static_cast<int>(text.text.size()));
+    PangoRectangle logical;
+    pango_layout_get_extents(m_layout.get(), nullptr, &logical);
+    const double units = PANGO_SCALE * kLayoutSize;
+    const double width = logical.width / units * size;
+    const double baseLine = pango_layout_get_baseline(m_layout.get()) / units * size;
+    const double share = text.alignX == AlignX::kCentre  ? 0.5
+                         : text.alignX == AlignX::kRight ? 1.0
+                                                         : 0.0;
     const PlanePoint base = baseOf(text);
     cairo_save(m_context);
     cairo_translate(m_context, base.x, down(base.y));
     cairo_rotate(m_context, -text.angle);
-    cairo_set_font_size(m_context, fontSizeOf(text.height));
-    cairo_text_extents_t extents;
-    cairo_text_extents(m_context, text.text.c_str(), &extents);
-    const double share = text.alignX == AlignX::kCentre  ? 0.5
-                         : text.alignX == AlignX::kRight ? 1.0
-                                                         : 0.0;
-    const double begin = -share * extents.x_advance;
+    cairo_translate(m_context, -share * width, -baseLine);
+    cairo_scale(m_context, size / kLayoutSize, size / kLayoutSize);
     if (shape.style.isOnPaper) {
-      blankAround(text, begin);
+      blankAround(text.height * kLayoutSize / size);
     }
     setInk(shape.style.color);
-    cairo_move_to(m_context, begin, 0.0);
-    cairo_show_text(m_context, text.text.c_str());
+    cairo_move_to(m_context, 0.0, 0.0);
+    pango_cairo_show_layout(m_context, m_layout.get());
     cairo_restore(m_context);
   }
 
-  void blankAround(const Lettering& text, double begin) {
+  void blankAround(double capitals) {
     cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
     cairo_new_path(m_context);
-    cairo_move_to(m_context, begin, 0.0);
-    cairo_text_path(m_context, text.text.c_str());
+    cairo_move_to(m_context, 0.0, 0.0);
+    pango_cairo_layout_path(m_context, m_layout.get());
     cairo_set_dash(m_context, nullptr, 0, 0.0);
-    cairo_set_line_width(m_context, haloOf(text.height));
+    cairo_set_line_width(m_context, haloOf(capitals));
     cairo_stroke(m_context);
   }
 
@@ -152,6 +195,7 @@ class Painter {
 
   cairo_t* m_context;
   const Scene& m_scene;
+  Layout m_layout;
 };
 
 void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre) {
