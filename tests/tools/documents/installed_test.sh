@@ -30,6 +30,9 @@ classes+=' FrameRect FrameCirc Stirrup Repartition DrawingControl'
 listed=$("$prefix/bin/quorvan" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p' | xargs)
 expect 'commands of --help' "$listed" "$commands"
 
+# Every option of a command's own help is offered.
+options_of_bars=$("$prefix/bin/quorvan" bars --help | sed -nE 's/^  (-[a-z],)?(--[a-z-]+).*/\2/p')
+
 # What bash offers for the words given, the last of which is being typed, in one line.
 in_bash() {
   bash --norc -c '
@@ -45,7 +48,7 @@ in_bash() {
 expect 'bash, command' "$(in_bash '')" "${commands// /|}"
 expect 'bash, part of a command' "$(in_bash d)" 'draw|diff'
 expect 'bash, options of the program' "$(in_bash --)" '--help|--version'
-expect 'bash, options of a command' "$(in_bash bars beam.xml --)" '--help|--unit|--json|--csv'
+expect 'bash, options of a command' "$(in_bash bars beam.xml --)" "${options_of_bars//$'\n'/|}"
 expect 'bash, file' "$(in_bash info b)" 'beam.xml'
 expect 'bash, file with blanks' "$(in_bash info beam.xml pl)" 'plan of roof.xml'
 expect 'bash, class' "$(in_bash list beam.xml '')" "${classes// /|}"
@@ -64,7 +67,7 @@ if command -v fish >/dev/null; then
     XDG_DATA_DIRS=$prefix/share HOME=$PWD PATH=$prefix/bin:$PATH fish -c "complete -C '$1'" | cut -f1 | sort | xargs
   }
   expect 'fish, command' "$(in_fish 'quorvan d')" 'diff draw'
-  expect 'fish, options' "$(in_fish 'quorvan bars beam.xml --')" '--csv --help --json --unit'
+  expect 'fish, options' "$(in_fish 'quorvan bars beam.xml --')" "$(sort <<<"$options_of_bars" | paste -sd ' ')"
   expect 'fish, value' "$(in_fish 'quorvan draw beam.xml --plane ')" 'xy xz yz'
   expect 'fish, class' "$(in_fish 'quorvan list beam.xml Str')" 'StraightBar'
   expect 'fish, file' "$(in_fish 'quorvan info b')" 'beam.xml'
