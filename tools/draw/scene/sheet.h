@@ -8,6 +8,7 @@
 #include <tools/draw/scene/plane_point.h>
 #include <tools/draw/scene/scale_choice.h>
 #include <tools/draw/scene/sheet_box.h>
+#include <tools/model/item_value.h>
 
 namespace quorvan::tool {
 
