@@ -20,7 +20,8 @@ else()
               -Wshadow
               -Wconversion
               -Wsign-conversion
-              -Wdouble-promotion
+              # Clang's warns of constants too.
+              $<$<CXX_COMPILER_ID:GNU>:-Wdouble-promotion>
               -Wcast-align
               -Wcast-qual
               -Wformat=2
@@ -48,8 +49,13 @@ endif()
 if(QUORVAN_SANITIZE)
   target_compile_options(
     quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}" -fno-sanitize-recover=all
-                              -fno-omit-frame-pointer)
-  target_link_options(quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}")
+                              -fno-omit-frame-pointer
+              # Callers in other languages see a flat function's Booleans as bytes; so does a test.
+              $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-fno-sanitize=function>)
+  target_link_options(
+    quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}"
+    # A program in C has to bring what the library's C++ asks of the sanitizers.
+    "$<$<LINK_LANG_AND_ID:C,Clang>:-fsanitize-link-c++-runtime;-lstdc++>")
 endif()
 if(QUORVAN_COVERAGE)
   target_compile_options(quorvan_compile INTERFACE --coverage)
