@@ -65,17 +65,61 @@ def read_twice(text):
     return value
 
 
+class Schema:
+    """A schema, and which of the members that it describes were met in what it was held against."""
+
+    def __init__(self, text):
+        import jsonschema
+        self.root = json.loads(text)
+        self.validator = jsonschema.Draft202012Validator
+        self.validator.check_schema(self.root)
+        self.met = set()
+
+    def resolved(self, schema):
+        while "$ref" in schema:
+            place = self.root
+            for step in schema["$ref"].lstrip("#/").split("/"):
+                place = place[step]
+            schema = place
+        return schema
+
+    def validate(self, value):
+        self.validator(self.root).validate(value)
+        self.note(self.root, value)
+
+    def note(self, schema, value):
+        schema = self.resolved(schema)
+        for choice in schema.get("anyOf", []):
+            if self.validator({**choice, "$defs": self.root.get("$defs", {})}).is_valid(value):
+                self.note(choice, value)
+        if isinstance(value, dict):
+            for name, member in value.items():
+                if name in schema.get("properties", {}):
+                    self.met.add((id(schema), name))
+                    self.note(schema["properties"][name], member)
+        elif isinstance(value, list) and "items" in schema:
+            for entry in value:
+                self.note(schema["items"], entry)
+
+    def never_met(self, schema=None, path=""):
+        schema = self.root if schema is None else schema
+        missing = []
+        for key, part in schema.items() if isinstance(schema, dict) else enumerate(schema):
+            if key == "properties":
+                missing += [f"{path}/{name}" for name in part if (id(schema), name) not in self.met]
+            if isinstance(part, (dict, list)):
+                missing += self.never_met(part, f"{path}/{key}")
+        return missing
+
+
 def check_json(shop):
     try:
-        import jsonschema
+        import jsonschema  # noqa: F401, what Schema needs
     except ImportError:
         print("python3-jsonschema is not on this system")
         sys.exit(MISSING)
-    schemas = {}
-    for path in (shop.project / "docs/schema").glob("*.schema.json"):
-        schema = json.loads(path.read_text(encoding="utf-8"))
-        jsonschema.Draft202012Validator.check_schema(schema)
-        schemas[path.name.split(".")[0]] = jsonschema.Draft202012Validator(schema)
+    schemas = {path.name.split(".")[0]: Schema(path.read_text(encoding="utf-8"))
+               for path in (shop.project / "docs/schema").glob("*.schema.json")}
     broken = shop.folder / "broken.xml"
     broken.write_bytes(b"<Document>\x01<CKtZantoLine/></Document>")
     malformed = shop.folder / "malformed.xml"
@@ -96,6 +140,10 @@ def check_json(shop):
     schemas["diff"].validate(read_twice(differences.stdout))
     for path in [*(shop.project / "examples/drawings").glob("*.json")]:
         schemas["drawing"].validate(json.loads(path.read_text(encoding="utf-8")))
+    # What is described and never comes is wrong too. The item tables hold the drawing's schema.
+    for name in ("info", "bars", "check", "diff"):
+        if missing := schemas[name].never_met():
+            sys.exit(f"{name}.schema.json describes what never came: {missing}")
 
 
 def check_xml(shop):

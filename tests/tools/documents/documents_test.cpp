@@ -160,4 +160,24 @@ TEST(ToolDocuments, TheDrawingSchemaFollowsTheItemTables) {
   }
 }
 
+TEST(ToolDocuments, TheDrawingSchemaHasNoOtherClass) {
+  const json schema = json::parse(projectFile("docs/schema/drawing.schema.json"));
+  std::vector<std::string> expected;
+  for (const items::ElementSchema& element : items::allElements()) {
+    expected.emplace_back(element.className);
+  }
+  std::vector<std::string> offered;
+  for (const json& element : schema["properties"]["elements"]["items"]["anyOf"]) {
+    offered.push_back(typeIn(element));
+  }
+  std::vector<std::string> inFile = expected;
+  inFile.emplace_back("series");
+  EXPECT_EQ(offered, inFile);
+  std::size_t described = 0;
+  for (const auto& type : schema["$defs"].items()) {
+    described += type.key().starts_with("CKt") ? 1U : 0U;
+  }
+  EXPECT_EQ(described, expected.size());
+}
+
 }  // namespace
