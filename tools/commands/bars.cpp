@@ -306,7 +306,7 @@ void addBarsOptions(CLI::App& command, Run& run) {
   CLI::Option* const json =
       command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)")
           ->excludes(output);
-  command.add_flag("--csv", arguments->asCsv, "As CSV, a line a row")
+  command.add_flag("--csv", arguments->asCsv, "As CSV, a line for each row")
       ->excludes(json)
       ->excludes(output);
   command.add_flag("--semicolon", arguments->withSemicolons,

@@ -233,7 +233,7 @@ constinit const Command kListCommand = {
         "Every element with its items, as tables, CSV or drawing JSON. Only those of CLASS if "
         "it is given.",
     .examples =
-        "quorvan list beam.xml                       every element, a table a class\n"
+        "quorvan list beam.xml                       every element, a table for each class\n"
         "quorvan list beam.xml StraightBar           one class\n"
         "quorvan list beam.xml LBar --csv > l.csv    a column an item\n"
         "quorvan list beam.xml --json > beam.json    what `quorvan write` takes",
