@@ -1,0 +1,146 @@
+// Which bars get a mark, what it says and where it stands.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <tests/tools/drawn_elements.h>
+#include <tools/draw/scene/painted_box.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+using test::barOf;
+using test::BarParts;
+using test::sceneOf;
+using test::shapesOn;
+using test::textsOn;
+
+using MarkedTexts = std::vector<std::string>;
+
+BarParts level(double y, double length, long mark) {
+  return {.points = {{0, y, 0}, {length, y, 0}}, .diameter = 12, .mark = mark};
+}
+
+MarkedTexts marksOf(const std::string& elements, Marks marks = Marks::kAuto,
+                    Language language = Language::kFrench) {
+  DrawOptions options;
+  options.scale = 20;
+  options.marks = marks;
+  options.language = language;
+  return textsOn(sceneOf(elements, options).scene, Layer::kMarks);
+}
+
+TEST(ToolMarkLabels, SayTheMarkInABubbleAndWhatTheListSaysOfIt) {
+  EXPECT_EQ(marksOf(barOf(level(0, 3000, 5))), (MarkedTexts{"5", "1 HA12 L=3.00"}));
+  EXPECT_EQ(marksOf(barOf(level(0, 3000, 5)), Marks::kAuto, Language::kEnglish),
+            (MarkedTexts{"5", "1 H12-05"}));
+}
+
+TEST(ToolMarkLabels, StandAtTheLongestBarOfTheMark) {
+  const std::string bars =
+      barOf(level(0, 1000, 5)) + barOf(level(500, 3000, 5)) + barOf(level(900, 2000, 5));
+  EXPECT_EQ(marksOf(bars), (MarkedTexts{"5", "3 HA12 L=3.00"}));
+}
+
+TEST(ToolMarkLabels, PreferABarThatIsSeen) {
+  BarParts hidden = level(0, 3000, 5);
+  hidden.isHidden = true;
+  for (const std::string& bars :
+       {barOf(hidden) + barOf(level(500, 1000, 5)), barOf(level(500, 1000, 5)) + barOf(hidden)}) {
+    EXPECT_EQ(marksOf(bars).at(1), "2 HA12 L=1.00");
+  }
+  EXPECT_EQ(marksOf(barOf(hidden)).at(1), "1 HA12 L=3.00");
+}
+
+TEST(ToolMarkLabels, CountTheBarsOfSeries) {
+  const std::string bars =
+      barOf({.points = {{0, -500, 0}, {0, 500, 0}}, .diameter = 12, .mark = 5}) +
+      test::seriesOf(test::uprightBars(100, -500, 500, 7, 200));
+  EXPECT_EQ(marksOf(bars), (MarkedTexts{"5", "7 HA12 L=1.00"}));
+}
+
+TEST(ToolMarkLabels, SayNoLengthOfABarSeenEndOn) {
+  EXPECT_EQ(
+      marksOf(barOf({.className = "PointBar", .points = {{0, 0, 0}}, .diameter = 20, .mark = 2}) +
+              test::lineOf({-500, 0, 0}, {500, 0, 0})),
+      (MarkedTexts{"2", "1 HA20"}));
+}
+
+TEST(ToolMarkLabels, AreOneForEachMarkOrForEachBarOrNone) {
+  const std::string bars =
+      barOf(level(0, 3000, 1)) + barOf(level(500, 3000, 1)) + barOf(level(900, 3000, 2));
+  EXPECT_EQ(marksOf(bars).size(), 2U * 2U);
+  EXPECT_EQ(marksOf(bars, Marks::kAll).size(), 3U * 2U);
+  EXPECT_TRUE(marksOf(bars, Marks::kNone).empty());
+}
+
+TEST(ToolMarkLabels, AreLeftOutWhereATextNamesAnyBarOfTheMark) {
+  const std::string bars = barOf(level(0, 3000, 1)) + barOf(level(9000, 5000, 1));
+  EXPECT_TRUE(marksOf(bars + test::textOf({.contents = "(1)", .at = {100, 50, 0}})).empty());
+  EXPECT_TRUE(marksOf(bars + test::textOf({.contents = "(1)", .at = {100, 9050, 0}})).empty());
+  EXPECT_EQ(
+      marksOf(bars + test::textOf({.contents = "(1)", .at = {100, 50, 0}}), Marks::kAll).size(), 4U)
+      << "asked for, they are all there";
+}
+
+// The leader goes from the bar to the bubble, and the words stand beside it.
+TEST(ToolMarkLabels, HaveALeaderFromTheirBarToTheirBubble) {
+  DrawOptions options;
+  options.scale = 20;
+  const Scene scene = sceneOf(barOf(level(0, 3000, 5)), options).scene;
+  const auto leaders = shapesOn(scene, Layer::kMarks, Shape::Kind::kPath);
+  const auto bubbles = shapesOn(scene, Layer::kMarks, Shape::Kind::kCircle);
+  const auto texts = shapesOn(scene, Layer::kMarks, Shape::Kind::kText);
+  ASSERT_EQ(leaders.size(), 1U);
+  ASSERT_EQ(bubbles.size(), 1U);
+  ASSERT_EQ(texts.size(), 2U);
+  const Path bar = shapesOn(scene, Layer::kBars).at(0).path;
+  EXPECT_LT(test::distanceTo(bar, leaders[0].path.steps().front().to), 1e-6);
+  EXPECT_NEAR(lengthOf(leaders[0].path.end() - bubbles[0].center), bubbles[0].radius, 1e-6);
+  EXPECT_EQ(texts[0].lettering.at, bubbles[0].center);
+  const SheetBox mark = paintedBox(texts[0]);
+  EXPECT_LT(mark.width() / 2.0, bubbles[0].radius) << "the mark has room in its bubble";
+  EXPECT_GT(paintedBox(texts[1]).least.x, bubbles[0].center.x + bubbles[0].radius);
+  EXPECT_TRUE(bubbles[0].style.isOnPaper) << "what lies below does not show through";
+}
+
+TEST(ToolMarkLabels, HaveRoomForLongMarks) {
+  DrawOptions options;
+  options.scale = 20;
+  const Scene scene = sceneOf(barOf(level(0, 3000, 123456789)), options).scene;
+  const Shape bubble = shapesOn(scene, Layer::kMarks, Shape::Kind::kCircle).at(0);
+  const Shape mark = shapesOn(scene, Layer::kMarks, Shape::Kind::kText).at(0);
+  EXPECT_EQ(mark.lettering.text, "123456789");
+  EXPECT_LT(paintedBox(mark).width() / 2.0, bubble.radius);
+}
+
+TEST(ToolMarkLabels, AreAsHighAsTheDrawingsOwnLettering) {
+  const auto heightOf = [](double lettering) {
+    DrawOptions options;
+    options.scale = 25;
+    const Scene scene =
+        sceneOf(barOf(level(0, 3000, 5)) +
+                    test::textOf({.contents = "x", .at = {0, 900, 0}, .height = lettering}),
+                options)
+            .scene;
+    return shapesOn(scene, Layer::kMarks, Shape::Kind::kText).at(0).lettering.height;
+  };
+  EXPECT_NEAR(heightOf(62.5), 2.5, 1e-9);
+  EXPECT_NEAR(heightOf(75), 3.0, 1e-9);
+  EXPECT_NEAR(heightOf(20), 1.8, 1e-9) << "but never too small to read";
+  EXPECT_NEAR(heightOf(500), 3.5, 1e-9) << "nor larger than labels are";
+}
+
+TEST(ToolMarkLabels, OfHiddenBarsCanBeHiddenWithThem) {
+  BarParts hidden = level(0, 3000, 5);
+  hidden.isHidden = true;
+  DrawOptions options;
+  options.hidden = HiddenBars::kOff;
+  EXPECT_TRUE(shapesOn(sceneOf(barOf(hidden), options).scene, Layer::kMarks).empty());
+}
+
+}  // namespace
+
+}  // namespace quorvan::tool

@@ -1,0 +1,136 @@
+// PNG and PDF: their sizes, their pages, and what they refuse.
+#ifdef QUORVAN_HAS_CAIRO
+
+#include <tools/draw/writers/cairo_writer.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <regex>
+
+#include <tests/support/saved_file.h>
+#include <tests/tools/drawn_elements.h>
+#include <tests/tools/sample.h>
+#include <tests/tools/tool_run.h>
+#include <tools/console/console.h>
+
+namespace quorvan::tool {
+
+namespace {
+
+using test::fileBytes;
+using test::runTool;
+
+std::uint32_t bigEndian(const std::string& bytes, std::size_t at) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 0; i < 4; ++i) {
+    value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
+  }
+  return value;
+}
+
+Scene sceneOfSize(double width, double height) {
+  Scene scene;
+  scene.width = width;
+  scene.height = height;
+  return scene;
+}
+
+// The boxes of the pages of a PDF, in points.
+std::vector<std::pair<double, double>> pagesOf(const std::string& pdf) {
+  static const std::regex kBox("/MediaBox\\s*\\[\\s*0\\s+0\\s+([0-9.]+)\\s+([0-9.]+)\\s*\\]");
+  std::vector<std::pair<double, double>> pages;
+  for (std::sregex_iterator at(pdf.begin(), pdf.end(), kBox); at != std::sregex_iterator(); ++at) {
+    pages.emplace_back(std::stod((*at)[1]), std::stod((*at)[2]));
+  }
+  return pages;
+}
+
+TEST(ToolPng, HasAPointForEachFractionOfAnInch) {
+  const std::tuple<double, double, double, std::uint32_t, std::uint32_t> cases[] = {
+      {25.4, 25.4, 100, 100, 100},
+      {420, 297, 150, 2481, 1754},
+      {210, 297, 72, 596, 842},
+      {10, 5, 25.4, 10, 5},
+      {10.01, 5, 25.4, 11, 5}};
+  for (const auto& [width, height, dpi, columns, rows] : cases) {
+    writePng(sceneOfSize(width, height), dpi, "size.png");
+    const std::string png = fileBytes("size.png");
+    ASSERT_GT(png.size(), 24U);
+    EXPECT_EQ(bigEndian(png, 16), columns) << width << ' ' << dpi;
+    EXPECT_EQ(bigEndian(png, 20), rows) << height << ' ' << dpi;
+  }
+}
+
+TEST(ToolPng, HasThirtyThousandPointsASideAtTheMost) {
+  writePng(sceneOfSize(30000, 1), 25.4, "long.png");
+  EXPECT_EQ(bigEndian(fileBytes("long.png"), 16), 30000U);
+  for (const Scene& scene : {sceneOfSize(30001, 1), sceneOfSize(1, 30001)}) {
+    EXPECT_THROW(writePng(scene, 25.4, "longer.png"), Failure);
+  }
+  EXPECT_FALSE(std::filesystem::exists("longer.png"));
+}
+
+TEST(ToolPng, TakesItsFinenessFromItsOption) {
+  test::writeFile("line.xml", test::documentOf(test::lineOf({0, 0, 0}, {100, 50, 0})));
+  for (const char* const dpi : {"10", "50", "200"}) {
+    ASSERT_EQ(
+        runTool({"draw", "line.xml", "-o", "line.png", "--sheet", "254x127", "--dpi", dpi}).err,
+        "");
+    EXPECT_EQ(bigEndian(fileBytes("line.png"), 16), std::stoul(dpi) * 10U);
+    EXPECT_EQ(bigEndian(fileBytes("line.png"), 20), std::stoul(dpi) * 5U);
+  }
+  for (const char* const wrong : {"9", "1201", "0", "-5", "x"}) {
+    EXPECT_EQ(runTool({"draw", "line.xml", "-o", "no.png", "--dpi", wrong}).status, 2) << wrong;
+  }
+  EXPECT_FALSE(std::filesystem::exists("no.png"));
+}
+
+// A point is the 72nd part of an inch.
+TEST(ToolPdf, HasPagesOfTheSizeOfTheirSheets) {
+  writePdf(sceneOfSize(420, 297), "one.pdf");
+  const auto one = pagesOf(fileBytes("one.pdf"));
+  ASSERT_EQ(one.size(), 1U);
+  EXPECT_NEAR(one[0].first, 1190.55, 0.01);
+  EXPECT_NEAR(one[0].second, 841.89, 0.01);
+  const std::vector<Scene> pages = {sceneOfSize(297, 210), sceneOfSize(210, 297),
+                                    sceneOfSize(254, 25.4)};
+  writePdf(pages, "three.pdf");
+  const auto three = pagesOf(fileBytes("three.pdf"));
+  ASSERT_EQ(three.size(), 3U);
+  for (std::size_t i = 0; i < three.size(); ++i) {
+    EXPECT_NEAR(three[i].first, pages[i].width * 72 / 25.4, 0.01) << i;
+    EXPECT_NEAR(three[i].second, pages[i].height * 72 / 25.4, 0.01) << i;
+  }
+}
+
+TEST(ToolPdf, SaysNothingOfTheDayOnWhichItWasMade) {
+  writePdf(sceneOfSize(100, 100), "dated.pdf");
+  const std::string pdf = fileBytes("dated.pdf");
+  const std::size_t date = pdf.find("/CreationDate");
+  ASSERT_NE(date, std::string::npos);
+  EXPECT_NE(pdf.find("20000101000000", date), std::string::npos);
+}
+
+TEST(ToolPictureFiles, ThatCannotBeWrittenAreNamed) {
+  for (const char* const name : {"nowhere/x.png", "nowhere/x.pdf"}) {
+    try {
+      const Scene scene = sceneOfSize(10, 10);
+      if (std::string(name).ends_with("png")) {
+        writePng(scene, 72, name);
+      } else {
+        writePdf(scene, name);
+      }
+      FAIL() << name;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(std::string(failure.what()).find(name), 0U) << failure.what();
+    }
+  }
+}
+
+}  // namespace
+
+}  // namespace quorvan::tool
+
+#endif
