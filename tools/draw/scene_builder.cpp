@@ -1,6 +1,7 @@
 #include <tools/draw/scene_builder.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 #include <tools/draw/drawing_survey.h>
 #include <tools/draw/element_painter.h>
@@ -78,10 +79,23 @@ class Builder {
     result.darkened = sink.darkened();
     result.withoutHeight = sink.withoutHeight();
     result.scene.shapes = sink.take();
-    std::erase_if(result.scene.shapes,
-                  [this](const Shape& shape) { return !m_options.shows(shape.layer); });
+    keepShown(result.scene.shapes);
     m_overhang = overhang(result.scene, sheet.room());
     return result;
+  }
+
+  // A mark whose bar is not shown would point at nothing.
+  void keepShown(std::vector<Shape>& shapes) const {
+    std::erase_if(shapes, [this](const Shape& shape) { return !m_options.shows(shape.layer); });
+    std::unordered_set<std::uint32_t> drawn;
+    for (const Shape& shape : shapes) {
+      if (shape.layer != Layer::kMarks) {
+        drawn.insert(shape.element);
+      }
+    }
+    std::erase_if(shapes, [&drawn](const Shape& shape) {
+      return shape.layer == Layer::kMarks && !drawn.contains(shape.element);
+    });
   }
 
   void drawElements(ElementPainter& painter) {
@@ -100,9 +114,7 @@ class Builder {
   [[nodiscard]] SheetBox windowOn(const Sheet& sheet) const {
     const PlanePoint size =
         (m_survey.contents.box.most - m_survey.contents.box.least) * (1.0 / sheet.scale());
-    const PlanePoint center{sheet.width() / 2.0,
-                            (sheet.room().least.y + sheet.room().most.y) / 2.0};
-    return {center - size * 0.5, center + size * 0.5};
+    return {sheet.middle() - size * 0.5, sheet.middle() + size * 0.5};
   }
 
   // How far the drawing is painted beyond its room.

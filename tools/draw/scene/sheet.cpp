@@ -44,8 +44,7 @@ Sheet::Sheet(const SheetContents& contents, const DrawOptions& options)
   const bool isEmpty = contents.box.isEmpty();
   choose(contents, options);
   m_factor = m_unit / m_scale;
-  const PlanePoint middle{m_size.width / 2.0, (m_size.height + stripHeight()) / 2.0};
-  m_origin = middle - (isEmpty ? PlanePoint() : contents.box.center() * (1.0 / m_scale));
+  m_origin = middle() - (isEmpty ? PlanePoint() : contents.box.center() * (1.0 / m_scale));
 }
 
 void Sheet::choose(const SheetContents& contents, const DrawOptions& options) {
@@ -115,6 +114,10 @@ void Sheet::chooseSheet(const SheetContents& contents) {
 void Sheet::makeAround(const SheetContents& contents) {
   const PlanePoint size = sizeAt(m_scale, contents);
   m_size = {size.x + 2 * kMargin, size.y + 2 * kMargin + stripHeight()};
+}
+
+PlanePoint Sheet::middle() const noexcept {
+  return {m_size.width / 2.0, (m_size.height + stripHeight()) / 2.0};
 }
 
 SheetBox Sheet::room() const noexcept {

@@ -46,6 +46,8 @@ class Sheet {
   [[nodiscard]] double unit() const noexcept { return m_unit; }
   /// Whether there is a strip with legend and title block below the drawing.
   [[nodiscard]] bool hasTitle() const noexcept { return m_hasTitle; }
+  /// Where the middle of the drawing lies: in the middle of the paper above the strip.
+  [[nodiscard]] PlanePoint middle() const noexcept;
   /// Where the drawing may be: the paper but for its edge, above the strip.
   [[nodiscard]] SheetBox room() const noexcept;
 
