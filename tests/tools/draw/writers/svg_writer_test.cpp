@@ -250,7 +250,8 @@ TEST(ToolSvg, PutsTextsOnTheirBaseLine) {
 }
 
 TEST(ToolSvg, WritesTextsThatXmlWouldTakeForMarkup) {
-  EXPECT_EQ(xmlText("a<b>&\"c\"\r\n'd'"), "a&lt;b&gt;&amp;&quot;c&quot;&#13;\n'd'");
+  EXPECT_EQ(xmlText("a<b>&\"c\"\n'd'"), "a&lt;b&gt;&amp;&quot;c&quot;\n'd'");
+  EXPECT_EQ(xmlText("\r"), "&#" + std::to_string('\r') + ';') << "else it is read as a line feed";
   EXPECT_EQ(xmlText("\u00E9\u20AC"), "\u00E9\u20AC");
   const std::string svg =
       svgOf({textShape({"]]></text><script>&", {0, 0}, 2, 0, AlignX::kLeft, AlignY::kBase})});
