@@ -2,6 +2,7 @@
 #include <quorvan/filer/filer.h>
 
 #include <quorvan/filer/document_memory.h>
+#include <quorvan/filer/item_access.h>
 #include <quorvan/filer/vocabulary.h>
 #include <quorvan/geometry/module_prompts.h>
 #include <quorvan/platform/com.h>
@@ -77,24 +78,28 @@ CKtFiler::~CKtFiler() {
 }
 
 int CKtFiler::newFiler(CString path) {
+  return quorvan::ItemAccess::open(*this, std::move(path), true);
+}
+
+int quorvan::ItemAccess::open(CKtFiler& filer, CString path, bool mayBeThere) {
   try {
-    m_fileName = std::move(path);
-    endDocumentMemory();
-    const HRESULT created = dom::createDocument(m_document);
+    filer.m_fileName = std::move(path);
+    filer.endDocumentMemory();
+    const HRESULT created = dom::createDocument(filer.m_document);
     CString prompt;
     KtPrompts::getPrompt(prompt, kMissingServicePrompt, getModulePromptsProjectName(), 0);
     if (created < 0) {
       showMissingServicePrompt(prompt);
       return 0;
     }
-    if (m_document == nullptr) {
+    if (filer.m_document == nullptr) {
       return 0;
     }
-    m_memory = std::make_shared<quorvan::DocumentMemory>(m_document);
-    if (dom::load(m_document, m_fileName)) {
-      return LoadMapFromXml();
+    filer.m_memory = std::make_shared<quorvan::DocumentMemory>(filer.m_document);
+    if (mayBeThere && dom::load(filer.m_document, filer.m_fileName)) {
+      return filer.LoadMapFromXml();
     }
-    return prepareEmptyDocument();
+    return filer.prepareEmptyDocument();
   } catch (...) {
     quorvan::showMessageBox(L"Exception caught on CKtFiler::newFiler()!", kOkButton, kNoHelp);
     return 0;

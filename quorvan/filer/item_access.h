@@ -1,5 +1,6 @@
-// ItemAccess: the filer's item operations with names that are already in the document's form, for
-// the item tables of the element classes. Not installed.
+// ItemAccess: the filer's operations for callers that know more than a host: names that are already
+// in the document's form, as the item tables of the element classes have them, and a path at which
+// there is no file. Not installed.
 #pragma once
 
 #include <quorvan/filer/filer.h>
@@ -11,6 +12,11 @@ namespace quorvan {
 /// Forwards to the filer; see there for what each operation does, gives and raises.
 class ItemAccess {
  public:
+  /// newFiler for a path at which there is no file: none is looked for.
+  static int openNew(CKtFiler& filer, CString path) { return open(filer, std::move(path), false); }
+  /// newFiler; the file is looked for only where it may be there.
+  static int open(CKtFiler& filer, CString path, bool mayBeThere);
+
   static int beginClass(CKtFiler& filer, const dom::Name& className, int version) {
     return filer.openClass(className, version);
   }

@@ -3,7 +3,7 @@
 
 namespace quorvan::platform {
 
-/// Deletes the file (DeleteFileW); whether there was one, and every error, is ignored.
-void deleteFile(const wchar_t* path) noexcept;
+/// Deletes the file (DeleteFileW). Whether there is none of that name any more; no error is raised.
+bool deleteFile(const wchar_t* path) noexcept;
 
 }  // namespace quorvan::platform

@@ -1,5 +1,6 @@
 #include <unistd.h>
 
+#include <cerrno>
 #include <exception>
 
 #include <quorvan/platform/file_deletion.h>
@@ -7,14 +8,14 @@
 
 namespace quorvan::platform {
 
-void deleteFile(const wchar_t* path) noexcept {
+bool deleteFile(const wchar_t* path) noexcept {
   if (path == nullptr) {
-    return;
+    return false;
   }
   try {
-    ::unlink(toUtf8(path).c_str());
+    return ::unlink(toUtf8(path).c_str()) == 0 || errno == ENOENT;
   } catch (const std::exception&) {
-    // Not deleted, like any other file that could not be.
+    return false;  // like any other file that could not be deleted
   }
 }
 

@@ -4,8 +4,8 @@
 
 namespace quorvan::platform {
 
-void deleteFile(const wchar_t* path) noexcept {
-  ::DeleteFileW(path);
+bool deleteFile(const wchar_t* path) noexcept {
+  return ::DeleteFileW(path) != 0 || ::GetLastError() == ERROR_FILE_NOT_FOUND;
 }
 
 }  // namespace quorvan::platform

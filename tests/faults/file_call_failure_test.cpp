@@ -151,6 +151,18 @@ TEST(FailingFileCall, AHiddenBarIsExportedLaterAndTheDrawingIsWhole) {
   EXPECT_GT(failures, 5);
 }
 
+// It is not looked for first, nor put in the place of anything. Deleting it is not among these.
+TEST(FailingFileCall, AHiddenBarsScratchFileIsOpenedWrittenAndClosed) {
+  const Stage stage;
+  startFiling(L"filing.xml");
+  {
+    const FileFaults faults;
+    exportHiddenBar();
+    EXPECT_EQ(faults.calls(), 3);
+  }
+  endFiling(L"2025", 1, L"Plan", 42);
+}
+
 TEST(FailingFileCall, AnEndOfFilingIsEndedAgain) {
   const int failures = failEverywhere([](const Act& act) {
     const Stage stage;

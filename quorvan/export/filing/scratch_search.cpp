@@ -3,6 +3,7 @@
 #include <new>
 
 #include <quorvan/export/filing/filing_state.h>
+#include <quorvan/filer/item_access.h>
 #include <quorvan/platform/file_deletion.h>
 #include <quorvan/xml/dom.h>
 
@@ -16,10 +17,22 @@ constexpr const wchar_t* kScratchPath = L"TempFiler.xml";
 // filer, whose destructor saves it when an error comes before closeFiler.
 class ScratchFile {
  public:
-  ScratchFile() { platform::deleteFile(kScratchPath); }
+  ScratchFile() : m_isFree(platform::deleteFile(kScratchPath)) {}
   ~ScratchFile() { platform::deleteFile(kScratchPath); }
   ScratchFile(const ScratchFile&) = delete;
   ScratchFile& operator=(const ScratchFile&) = delete;
+
+  // One that cannot be deleted is opened, and what it holds is looked for.
+  void open(CKtPatternFiler& pattern) const {
+    if (m_isFree) {
+      ItemAccess::openNew(pattern, kScratchPath);
+    } else {
+      pattern.newFiler(kScratchPath);
+    }
+  }
+
+ private:
+  bool m_isFree;  // there is no file of that name
 };
 
 }  // namespace
@@ -27,7 +40,7 @@ class ScratchFile {
 int indexInFile(const WritePattern& writePattern) {
   const ScratchFile scratch;
   CKtPatternFiler pattern;
-  pattern.newFiler(kScratchPath);
+  scratch.open(pattern);
   writePattern(pattern);
   const int found = theFiler.seek(&pattern);
   pattern.closeFiler();

@@ -7,8 +7,9 @@
 // file kept out. Hard links and extended attributes stay with the old file. A symbolic link is
 // followed, and stays. A target that is no file (a device, a pipe) is written to as it is.
 //
-// A scratch file stands in a folder that others may write too: a link, a device or a pipe in its
-// place is replaced itself, and nothing that it leads to is touched.
+// A scratch file is made at its own path where there is nothing. It stands in a folder that others
+// may write too: a link, a device or a pipe in its place is replaced itself, and nothing that it
+// leads to is touched.
 //
 //   class FileReplacement
 //     FileReplacement(const SystemPath& path, dom::Durability durability)

@@ -155,6 +155,9 @@ FileReplacement::~FileReplacement() {
 }
 
 void FileReplacement::begin() {
+  if (m_durability == dom::Durability::kScratch && tryCreateAtTarget()) {
+    return;
+  }
   std::optional<struct stat> former = statusOf(m_target);
   if (m_durability == dom::Durability::kDisk) {
     for (int links = 0; former && S_ISLNK(former->st_mode); ++links) {
@@ -184,6 +187,16 @@ void FileReplacement::begin() {
   }
   m_beside = nameBeside(m_target);
   createBeside(former);
+}
+
+// False where something is in the way.
+bool FileReplacement::tryCreateAtTarget() {
+  m_beside = m_target;
+  m_file = openFile(m_target, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666);
+  if (m_file < 0) {
+    m_beside.clear();
+  }
+  return m_file >= 0;
 }
 
 // A pipe that nobody reads is an error, and nothing to wait for; to a reader that is slow the
@@ -251,11 +264,12 @@ void FileReplacement::write(std::string_view bytes) {
 }
 
 void FileReplacement::commit() {
-  if (m_beside.empty()) {
+  if (m_beside.empty() || m_beside == m_target) {
     // Closing may be what tells that not all arrived.
     if (fileCalls().close(std::exchange(m_file, -1)) != 0 && errno != EINTR) {
       raiseFileError(errno);
     }
+    m_beside.clear();
     return;
   }
   if (m_durability == dom::Durability::kDisk) {
@@ -304,7 +318,7 @@ void FileReplacement::clearLeftOver(const SystemPath& path) noexcept {
 }
 
 void FileReplacement::abandon() noexcept {
-  if (!m_beside.empty() && m_file >= 0) {
+  if (!m_beside.empty() && (m_file >= 0 || m_beside == m_target)) {
     fileCalls().unlink(m_beside.c_str());
   }
   if (m_file >= 0) {

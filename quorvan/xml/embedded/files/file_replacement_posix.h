@@ -26,6 +26,7 @@ class FileReplacement {
 
  private:
   void begin();
+  bool tryCreateAtTarget();
   void openInPlace();
   void createBeside(const std::optional<struct stat>& former);
   bool tryCreate(mode_t mode);
@@ -36,7 +37,7 @@ class FileReplacement {
 
   std::string m_target;
   std::string m_folder;
-  std::string m_beside;  // empty when the target is written in place
+  std::string m_beside;  // the new file; empty when a target that is no file is written to
   dom::Durability m_durability;
   int m_file = -1;
 };

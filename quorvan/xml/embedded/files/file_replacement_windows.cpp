@@ -105,6 +105,9 @@ void FileReplacement::begin() {
     }
     return;
   }
+  if (m_durability == dom::Durability::kScratch && tryCreateAtTarget()) {
+    return;
+  }
   DWORD former = fileCalls().getFileAttributes(m_target.c_str());
   if (m_durability == dom::Durability::kDisk && former != INVALID_FILE_ATTRIBUTES &&
       (former & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
@@ -122,6 +125,16 @@ void FileReplacement::begin() {
   if (former != INVALID_FILE_ATTRIBUTES) {
     copyPermissions(m_target, m_beside);
   }
+}
+
+// False where something is in the way.
+bool FileReplacement::tryCreateAtTarget() {
+  m_beside = m_target;
+  m_file = fileCalls().createFile(m_target.c_str(), GENERIC_WRITE, 0, CREATE_NEW);
+  if (m_file == kNoFile) {
+    m_beside.clear();
+  }
+  return m_file != kNoFile;
 }
 
 // Nobody else may open the new file, by which others tell it from one left behind: that one can be
@@ -159,8 +172,9 @@ void FileReplacement::write(std::string_view bytes) {
 }
 
 void FileReplacement::commit() {
-  if (m_beside.empty()) {
+  if (m_beside.empty() || m_beside == m_target) {
     close();
+    m_beside.clear();
     return;
   }
   DWORD flags = MOVEFILE_REPLACE_EXISTING;

@@ -22,13 +22,14 @@ class FileReplacement {
 
  private:
   void begin();
+  bool tryCreateAtTarget();
   void createBeside();
   void bringToDisk() const;
   void close();
   void abandon() noexcept;
 
   SystemPath m_target;
-  SystemPath m_beside;  // empty when the target is written in place
+  SystemPath m_beside;  // the new file; empty when the target is a device
   dom::Durability m_durability;
   SystemFile m_file = kNoFile;
 };
