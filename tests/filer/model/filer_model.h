@@ -67,6 +67,9 @@ class FilerModel {
 
   int seek(FilerModel& pattern);
 
+  /// What GetDocumentRealNode gives a caller.
+  [[nodiscard]] Node* handOut() const { return GetDocumentRealNode(); }
+
   /// The class name of some element of the open document, "" without one; for making scripts.
   [[nodiscard]] const Node* document() const { return m_document; }
 

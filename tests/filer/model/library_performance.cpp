@@ -10,7 +10,8 @@
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/pattern_filer.h>
 #include <quorvan/platform/com_error.h>
-#include <quorvan/xml/handles.h>
+#include <quorvan/xml/dom.h>
+#include <quorvan/xml/values.h>
 
 namespace quorvan::test::model {
 
@@ -45,6 +46,16 @@ template <class Entry>
 Point plain(const Entry& entry) {
   return {entry.X(), entry.Y(), entry.Z()};
 }
+
+// A caller's own filer, which can reach the nodes.
+template <class Filer>
+class HandingOut final : public Filer {
+ public:
+  HandingOut() = default;
+  explicit HandingOut(const Filer& other) : Filer(other) {}
+
+  using Filer::GetDocumentRealNode;
+};
 
 class LibraryPerformance final : public Performance {
  public:
@@ -88,7 +99,33 @@ class LibraryPerformance final : public Performance {
     if (call.action <= Action::kReadDirections) {
       return readCall(call);
     }
-    return patternCall(call);
+    if (call.action <= Action::kNextItem) {
+      return patternCall(call);
+    }
+    return callersCall(call);
+  }
+
+  // What a caller does with nodes that came into its hands.
+  std::string callersCall(const Call& call) {
+    IXMLDOMNodePtr& root = m_roots[static_cast<std::size_t>(call.filer)];
+    if (call.action == Action::kHandOut) {
+      root = nullptr;
+      root = handedOut(call.filer);
+      return narrow(quorvan::nodeName(root));
+    }
+    const IXMLDOMNodePtr first = root == nullptr ? IXMLDOMNodePtr() : dom::firstChild(root);
+    if (first == nullptr || !dom::hasAttributes(first)) {
+      return "nothing to turn";
+    }
+    dom::append(root, first);
+    return narrow(quorvan::nodeName(first));
+  }
+
+  IXMLDOMNodePtr handedOut(int filer) {
+    if (filer >= kFirstPattern) {
+      return static_cast<HandingOut<CKtPatternFiler>&>(*at(filer)).GetDocumentRealNode();
+    }
+    return static_cast<HandingOut<CKtFiler>&>(*at(filer)).GetDocumentRealNode();
   }
 
   std::string fileCall(const Call& call) {
@@ -231,19 +268,19 @@ class LibraryPerformance final : public Performance {
 
   static std::unique_ptr<CKtFiler> made(int filer) {
     if (filer >= kFirstPattern) {
-      return std::make_unique<CKtPatternFiler>();
+      return std::make_unique<HandingOut<CKtPatternFiler>>();
     }
-    return std::make_unique<CKtFiler>();
+    return std::make_unique<HandingOut<CKtFiler>>();
   }
 
   static std::unique_ptr<CKtFiler> copied(int filer, const CKtFiler& other) {
     if (filer < kFirstPattern) {
-      return std::make_unique<CKtFiler>(other);
+      return std::make_unique<HandingOut<CKtFiler>>(other);
     }
     if (const auto* const pattern = dynamic_cast<const CKtPatternFiler*>(&other)) {
-      return std::make_unique<CKtPatternFiler>(*pattern);
+      return std::make_unique<HandingOut<CKtPatternFiler>>(*pattern);
     }
-    std::unique_ptr<CKtFiler> copy = std::make_unique<CKtPatternFiler>();
+    std::unique_ptr<CKtFiler> copy = std::make_unique<HandingOut<CKtPatternFiler>>();
     *copy = other;
     return copy;
   }
@@ -253,6 +290,7 @@ class LibraryPerformance final : public Performance {
   CKtPatternFiler& pattern(int filer) { return static_cast<CKtPatternFiler&>(*at(filer)); }
 
   std::array<std::unique_ptr<CKtFiler>, kFilers> m_filers;
+  std::array<IXMLDOMNodePtr, kFilers> m_roots;  // in the caller's hands
 };
 
 }  // namespace

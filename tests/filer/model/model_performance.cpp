@@ -43,7 +43,25 @@ class ModelPerformance final : public Performance {
     if (call.action <= Action::kReadDirections) {
       return readCall(call);
     }
-    return patternCall(call);
+    if (call.action <= Action::kNextItem) {
+      return patternCall(call);
+    }
+    return callersCall(call);
+  }
+
+  std::string callersCall(const Call& call) {
+    Node*& root = m_roots[static_cast<std::size_t>(call.filer)];
+    if (call.action == Action::kHandOut) {
+      root = nullptr;
+      root = at(call.filer).handOut();
+      return root == nullptr ? "" : root->name;
+    }
+    Node* const first = root == nullptr ? nullptr : root->firstChild();
+    if (first == nullptr || !first->takesAttributes()) {
+      return "nothing to turn";
+    }
+    link(*root, *first);
+    return first->name;
   }
 
   std::string fileCall(const Call& call) {
@@ -169,6 +187,7 @@ class ModelPerformance final : public Performance {
   Disk m_disk;
   std::array<FilerModel, kFilers> m_filers = {FilerModel(m_disk), FilerModel(m_disk),
                                               FilerModel(m_disk), FilerModel(m_disk)};
+  std::array<Node*, kFilers> m_roots = {};
 };
 
 }  // namespace

@@ -21,6 +21,7 @@ constexpr Action kReads[] = {Action::kReadDouble,    Action::kReadLong,      Act
                              Action::kReadDirections};
 constexpr Action kOwners[] = {Action::kClose, Action::kRenew, Action::kAssign, Action::kCopy};
 constexpr Action kPatterns[] = {Action::kClassName, Action::kFirstItem, Action::kNextItem};
+constexpr Action kCallers[] = {Action::kHandOut, Action::kTurn, Action::kTurn};
 
 constexpr double kNumbers[] = {0, 1, 1.5, -2.25, 1.00000004, 1e20, 0.1};
 constexpr std::int32_t kIntegers[] = {0, 1, 2, 3, -1, 40000, 70000, 2147483647};
@@ -45,6 +46,7 @@ class Composer {
     if (m_random.oneIn(2)) {
       add({Action::kAssign, 1, 0});
     }
+    m_isHandedOut = m_random.oneIn(3);
     for (int left = 10 + m_random.below(40); left > 0; --left) {
       addSearchOrChange();
     }
@@ -175,6 +177,9 @@ class Composer {
 
   void addSearchOrChange() {
     const int filer = m_random.below(2);
+    if (m_isHandedOut && m_random.oneIn(6)) {
+      addCall(m_random.pick(kCallers), m_random.oneIn(4) ? anyFiler() : filer);
+    }
     const int kind = m_random.below(100);
     if (kind < 45) {
       addSearch();
@@ -219,6 +224,7 @@ class Composer {
   RandomSource m_random;
   Script m_script;
   std::shared_ptr<const Sample> m_searched;
+  bool m_isHandedOut = false;  // whether nodes come into a caller's hands
 };
 
 }  // namespace

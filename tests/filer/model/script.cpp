@@ -43,7 +43,9 @@ const char* nameOf(Action action) {
                                            "seek",
                                            "class name",
                                            "first item",
-                                           "next item"};
+                                           "next item",
+                                           "hand out",
+                                           "turn"};
   return kNames[static_cast<std::size_t>(action)];
 }
 

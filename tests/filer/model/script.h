@@ -47,6 +47,8 @@ enum class Action {
   kClassName,  // getClassName, of pattern filers only, as the two below
   kFirstItem,
   kNextItem,
+  kHandOut,  // the root comes into a caller's hands and stays there
+  kTurn,     // the caller moves the first child of that root to the end, past the filer
 };
 
 /// A document that a script puts on disk.
