@@ -66,7 +66,12 @@ int CKtFiler::endClass() {
       return -1;
     }
     joinFrom(m_classPlace);
-    dom::append(root, m_currentClass);
+    // What nobody else has in hands holds nothing but what a filer put into it, the root never.
+    if (m_memory != nullptr && !m_memory->isHandedOut() && m_classPlace.isAlone()) {
+      dom::appendNew(root, m_currentClass);
+    } else {
+      dom::append(root, m_currentClass);
+    }
     const dom::NodeName name = dom::nodeName(m_currentClass);
     if (m_memory != nullptr && m_classPlace.isAlone()) {
       m_memory->take(name, m_currentClass);

@@ -24,11 +24,8 @@ bool appendCoordinates(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr&
 
 template <class Geometry>
 int readCoordinates(const IXMLDOMNodePtr& item, Geometry* geometry) {
-  if (item == nullptr || !dom::hasAttributes(item)) {
-    return 0;
-  }
   dom::AttributeValue value;
-  if (!dom::attribute(item, kX, value)) {
+  if (item == nullptr || !dom::attribute(item, kX, value)) {
     return 0;
   }
   geometry->X(value.toDouble());
@@ -67,8 +64,8 @@ bool entryValue(const IXMLDOMNodePtr& entry, CKtPnt3D& point) {
   dom::AttributeValue x;
   dom::AttributeValue y;
   dom::AttributeValue z;
-  if (!dom::hasAttributes(entry) || !dom::attribute(entry, kX, x) ||
-      !dom::attribute(entry, kY, y) || !dom::attribute(entry, kZ, z)) {
+  if (!dom::attribute(entry, kX, x) || !dom::attribute(entry, kY, y) ||
+      !dom::attribute(entry, kZ, z)) {
     return false;
   }
   point.XYZ(x.toDouble(), y.toDouble(), z.toDouble());

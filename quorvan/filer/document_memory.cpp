@@ -36,6 +36,20 @@ void DocumentMemory::forget() noexcept {
   m_index.reset();
   m_counts.reset();
   m_root = nullptr;
+  m_children = {};
+}
+
+IXMLDOMNodePtr DocumentMemory::firstChildNamed(const IXMLDOMNodePtr& node, const dom::Name& name) {
+  if (!keepsRoot()) {
+    return dom::firstChildNamed(node, name);
+  }
+  if (!m_children.front().isOf(node)) {
+    std::swap(m_children.front(), m_children.back());
+    if (!m_children.front().isOf(node)) {
+      m_children.front() = filer::ChildList(node);
+    }
+  }
+  return m_children.front().first(name);
 }
 
 SearchIndex* DocumentMemory::index(const IXMLDOMDocumentPtr& document) {
@@ -44,7 +58,7 @@ SearchIndex* DocumentMemory::index(const IXMLDOMDocumentPtr& document) {
   }
   const std::uint64_t revision = m_hasRevision ? dom::revision(document) : kOnlyRevision;
   if (m_index == nullptr || m_index->revision() != revision) {
-    m_index = std::make_unique<SearchIndex>(revision);
+    m_index = std::make_unique<SearchIndex>(revision, m_hasRevision);
   }
   return m_index.get();
 }

@@ -7,10 +7,12 @@
 // Copies of a filer share the memory as they share the document.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <utility>
 
+#include <quorvan/filer/child_list.h>
 #include <quorvan/filer/class_counts.h>
 #include <quorvan/filer/search_index.h>
 #include <quorvan/xml/dom.h>
@@ -45,6 +47,13 @@ class DocumentMemory {
   /// revision, would have to look for them.
   [[nodiscard]] bool keepsRoot() const noexcept { return !m_hasRevision && !m_isHandedOut; }
 
+  /// Whether a caller may have nodes of the document.
+  [[nodiscard]] bool isHandedOut() const noexcept { return m_isHandedOut; }
+
+  /// The first child of that name of a node in the document, null without one. Where root and
+  /// counts are kept, the children of the nodes asked about last are kept, too.
+  IXMLDOMNodePtr firstChildNamed(const IXMLDOMNodePtr& node, const dom::Name& name);
+
   /// The root element as it was kept, null without one.
   [[nodiscard]] const IXMLDOMNodePtr& root() const noexcept { return m_root; }
   void setRoot(const IXMLDOMNodePtr& root) { m_root = root; }
@@ -61,6 +70,8 @@ class DocumentMemory {
   std::unique_ptr<SearchIndex> m_index;
   std::optional<filer::ClassCounts> m_counts;
   IXMLDOMNodePtr m_root;
+  // Of a class element and of a vector in it; the one that was asked last in front.
+  std::array<filer::ChildList, 2> m_children;
 };
 
 }  // namespace quorvan

@@ -1,4 +1,5 @@
 // Where items go and where they are looked up: the first child of that name.
+#include <quorvan/filer/document_memory.h>
 #include <quorvan/filer/filer.h>
 #include <quorvan/xml/dom.h>
 
@@ -30,10 +31,17 @@ IXMLDOMNodePtr CKtFiler::GetNamedChild(const IXMLDOMNodePtr& node, const dom::Na
   return node == nullptr ? IXMLDOMNodePtr() : dom::firstChildNamed(node, name);
 }
 
+// What is in the document changes no more than its memory is told.
 IXMLDOMNodePtr CKtFiler::FindCurrentNodeNamedChild(const dom::Name& name) {
+  if (m_currentClass != nullptr && m_memory != nullptr && m_classPlace.isInDocument()) {
+    return m_memory->firstChildNamed(m_currentClass, name);
+  }
   return GetNamedChild(m_currentClass, name);
 }
 
 IXMLDOMNodePtr CKtFiler::FindChildNodeNamedChild(const dom::Name& name) {
+  if (m_currentVector != nullptr && m_memory != nullptr && m_vectorPlace.isInDocument()) {
+    return m_memory->firstChildNamed(m_currentVector, name);
+  }
   return GetNamedChild(m_currentVector, name);
 }

@@ -5,7 +5,7 @@ namespace quorvan::filer {
 namespace {
 
 bool scalar(const IXMLDOMNodePtr& item, const dom::Name& kind, dom::AttributeValue& value) {
-  return item != nullptr && dom::hasAttributes(item) && dom::attribute(item, kind, value);
+  return item != nullptr && dom::attribute(item, kind, value);
 }
 
 }  // namespace

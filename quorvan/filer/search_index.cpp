@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include <quorvan/filer/child_list.h>
 #include <quorvan/filer/descendants.h>
 
 namespace quorvan {
@@ -123,8 +124,10 @@ void SearchIndex::indexElement(Table& table, const IXMLDOMNodePtr& element) {
   std::string& values = m_values;
   values.clear();
   std::size_t position = 0;
+  filer::ChildList children(element);
   for (const Item& item : table.items) {
-    const IXMLDOMNodePtr child = dom::firstChildNamed(element, item.name.name());
+    const IXMLDOMNodePtr child = m_findsChildren ? dom::firstChildNamed(element, item.name.name())
+                                                 : children.first(item.name.name());
     if (child == nullptr || !dom::hasAttributes(child)) {
       return;
     }

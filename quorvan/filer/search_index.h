@@ -30,7 +30,9 @@ class SearchIndex {
  public:
   class Search;
 
-  explicit SearchIndex(std::uint64_t revision) : m_revision(revision) {}
+  /// `findsChildren`: whether the backend finds a child by its name without looking at the others.
+  SearchIndex(std::uint64_t revision, bool findsChildren)
+      : m_revision(revision), m_findsChildren(findsChildren) {}
 
   /// The revision of the document that the index was made for.
   [[nodiscard]] std::uint64_t revision() const noexcept { return m_revision; }
@@ -104,6 +106,7 @@ class SearchIndex {
   static void link(Table& table, std::uint64_t key, std::size_t element);
 
   std::uint64_t m_revision;
+  bool m_findsChildren;
   std::map<std::string, ClassEntry, std::less<>> m_classes;
   // Of one search or element; kept from one to the next for the memory that they hold.
   Pattern m_pattern;

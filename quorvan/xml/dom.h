@@ -74,11 +74,12 @@ bool loadBytes(const IXMLDOMDocumentPtr& document, std::string_view bytes, LoadP
 /// How long a saved file must last.
 enum class Durability {
   kDisk,     // it survives a power failure once it is saved
-  kScratch,  // it is soon deleted: nobody waits for the disk, and no link is followed
+  kScratch,  // it is soon deleted: nobody waits for the disk, and no link is followed; where there
+             // is no file it is written in its place, and an end of the process leaves part of it
 };
 
 /// Writes the document to the file in the encoding that its declaration names (UTF-8 without
-/// one). The old file stays whole until the new one is complete; on failure it raises, and the
+/// one). An old file stays whole until the new one is complete; on failure it raises, and the
 /// document and the old file are as they were. A document without a root element is not saved:
 /// E_FAIL, so that a failed open can never empty a file.
 void save(const IXMLDOMDocumentPtr& document, const CString& path,
@@ -117,6 +118,10 @@ bool addAttribute(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& elem
 void append(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& child);
 void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child);
 
+/// What append does, for less, with an element that was made for the parent's document and never
+/// was in a tree, and that holds no node which the parent is or is below.
+void appendNew(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& element);
+
 /// An attribute of an element that is about to be made.
 struct NewAttribute {
   Name name;
@@ -154,6 +159,10 @@ NodeName nodeName(const IXMLDOMNodePtr& node);
 
 /// Whether the node's name equals `name` exactly.
 bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name);
+
+/// Whether the two handles are copies of one. Copies refer to one node; of two handles that were
+/// handed out for one node, a backend may say that they are none.
+bool isCopy(const IXMLDOMNodePtr& a, const IXMLDOMNodePtr& b) noexcept;
 
 /// Whether the node has an attribute map (elements and the XML declaration), empty or not.
 bool hasAttributes(const IXMLDOMNodePtr& node);

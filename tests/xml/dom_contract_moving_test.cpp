@@ -26,6 +26,34 @@ TEST_F(DomContract, ADetachedElementTakesChildrenAndIsAppendedWithThem) {
   EXPECT_EQ(outline(m_root), "Document[Line[Color]]");
 }
 
+TEST_F(DomContract, AnElementThatWasJustMadeIsAppendedWithWhatItHolds) {
+  const IXMLDOMNodePtr line = element("Line");
+  appended(line, "Color");
+  dom::appendNew(m_root, line);
+  dom::appendNew(m_root, element("Text"));
+  EXPECT_EQ(outline(m_root), "Document[Line[Color] Text]");
+  EXPECT_EQ(raisedBy([&] { dom::appendNew(IXMLDOMNodePtr(), line); }), E_POINTER);
+  EXPECT_EQ(raisedBy([&] { dom::appendNew(m_root, IXMLDOMNodePtr()); }), E_POINTER);
+}
+
+TEST_F(DomContract, AnElementThatWasJustMadeDoesNotGoBelowAnInstruction) {
+  const IXMLDOMNodePtr declaration = dom::firstChild(m_document);
+  const IXMLDOMNodePtr line = element("Line");
+  EXPECT_EQ(raisedBy([&] { dom::appendNew(declaration, line); }), E_FAIL);
+  dom::appendNew(m_root, line);
+  EXPECT_EQ(outline(m_root), "Document[Line]");
+}
+
+TEST_F(DomContract, CopiesOfAHandleAreKnown) {
+  const IXMLDOMNodePtr line = appended(m_root, "Line");
+  const IXMLDOMNodePtr text = appended(m_root, "Text");
+  const IXMLDOMNodePtr copy(line);
+  EXPECT_TRUE(dom::isCopy(line, copy));
+  EXPECT_TRUE(dom::isCopy(line, line));
+  EXPECT_FALSE(dom::isCopy(line, text));
+  EXPECT_FALSE(dom::isCopy(line, IXMLDOMNodePtr()));
+}
+
 TEST_F(DomContract, AChildThatHasAParentIsMoved) {
   const IXMLDOMNodePtr a = appended(m_root, "A");
   const IXMLDOMNodePtr b = appended(m_root, "B");

@@ -140,6 +140,10 @@ void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child) {
   appendTo(place.tree, place.ref, child);
 }
 
+void appendNew(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& element) {
+  append(parent, element);
+}
+
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes) {
   Tree& tree = Document::of(document).tree();
@@ -206,6 +210,10 @@ NodeName nodeName(const IXMLDOMNodePtr& node) {
 
 bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
   return nodeName(node).view() == name;
+}
+
+bool isCopy(const IXMLDOMNodePtr& a, const IXMLDOMNodePtr& b) noexcept {
+  return Tree::isSameNode(a, b);
 }
 
 bool hasAttributes(const IXMLDOMNodePtr& node) {

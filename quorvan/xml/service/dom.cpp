@@ -151,9 +151,9 @@ bool attributeOf(IXMLDOMElement& element, const Name& name, AttributeValue& valu
   return true;
 }
 
-// An element that was just made is in no tree and has no children: what may hold elements may hold
-// it.
-void appendNew(IXMLDOMNode& parent, IXMLDOMElement& element) {
+// An element that was made for the parent's document is in no tree, and the parent not below it:
+// what may hold elements may hold it.
+void appendMade(IXMLDOMNode& parent, IXMLDOMNode& element) {
   if (service::nodeType(parent) == NODE_ELEMENT) {
     check(parent.appendChild(&element, nullptr));
   } else {
@@ -267,6 +267,10 @@ void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child) {
   appendChild(*parent, *child);
 }
 
+void appendNew(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& element) {
+  appendMade(*parent, *element);
+}
+
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes) {
   const Owned<IXMLDOMElement> element = newElement(*document, name);
@@ -276,7 +280,7 @@ bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& par
   for (const NewAttribute& attribute : attributes) {
     setAttribute(*element, attribute.name, textValue(wide(attribute.value.text)));
   }
-  appendNew(*parent, *element);
+  appendMade(*parent, *element);
   return true;
 }
 
@@ -287,7 +291,7 @@ bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& par
     return false;
   }
   setAttribute(*element, attribute, textValue(xmlText(value)));
-  appendNew(*parent, *element);
+  appendMade(*parent, *element);
   return true;
 }
 
@@ -330,6 +334,10 @@ NodeName nodeName(const IXMLDOMNodePtr& node) {
 bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
   const Bstr text = service::nodeNameText(*node);
   return isSameName(text.view(), name.text());
+}
+
+bool isCopy(const IXMLDOMNodePtr& a, const IXMLDOMNodePtr& b) noexcept {
+  return a.GetInterfacePtr() == b.GetInterfacePtr();
 }
 
 bool hasAttributes(const IXMLDOMNodePtr& node) {

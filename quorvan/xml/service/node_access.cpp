@@ -67,7 +67,10 @@ void takeOut(IXMLDOMNode& node) {
 }
 
 Owned<IXMLDOMNamedNodeMap> attributeMap(IXMLDOMNode& node) {
-  const DOMNodeType type = nodeType(node);
+  return attributeMap(node, nodeType(node));
+}
+
+Owned<IXMLDOMNamedNodeMap> attributeMap(IXMLDOMNode& node, DOMNodeType type) {
   if (type != NODE_ELEMENT && type != NODE_PROCESSING_INSTRUCTION) {
     return nullptr;
   }

@@ -36,4 +36,7 @@ void takeOut(IXMLDOMNode& node);
 /// asked: the service also gives one to a DOCTYPE, whose entries are no attributes.
 Owned<IXMLDOMNamedNodeMap> attributeMap(IXMLDOMNode& node);
 
+/// The same where the node's type is known.
+Owned<IXMLDOMNamedNodeMap> attributeMap(IXMLDOMNode& node, DOMNodeType type);
+
 }  // namespace quorvan::service

@@ -26,8 +26,11 @@ void AttributeValue::appendTo(std::string& utf8) const {
 }
 
 AttributeCursor::AttributeCursor(const IXMLDOMNodePtr& node)
-    : m_map(service::attributeMap(*node)),
-      m_isDeclaration(service::nodeType(*node) == NODE_PROCESSING_INSTRUCTION) {}
+    : AttributeCursor(*node, service::nodeType(*node)) {}
+
+AttributeCursor::AttributeCursor(IXMLDOMNode& node, DOMNodeType type)
+    : m_map(service::attributeMap(node, type)),
+      m_isDeclaration(type == NODE_PROCESSING_INSTRUCTION) {}
 
 bool AttributeCursor::next() {
   if (m_map == nullptr) {

@@ -41,6 +41,7 @@ class AttributeCursor {
   [[nodiscard]] AttributeValue value() const;
 
  private:
+  AttributeCursor(IXMLDOMNode& node, DOMNodeType type);
   bool goToItem();
   bool goToDeclaredName();
 

@@ -204,6 +204,11 @@ void append(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& child) {
   genuine::append(parent, child);
 }
 
+void appendNew(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& element) {
+  meet("append");
+  genuine::appendNew(parent, element);
+}
+
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes) {
   return !returnsNothing("appendElement", name.text()) &&
@@ -249,6 +254,10 @@ NodeName nodeName(const IXMLDOMNodePtr& node) {
 bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
   meet("nodeNameIs", name.text());
   return genuine::nodeNameIs(node, name);
+}
+
+bool isCopy(const IXMLDOMNodePtr& a, const IXMLDOMNodePtr& b) noexcept {
+  return genuine::isCopy(a, b);
 }
 
 bool hasAttributes(const IXMLDOMNodePtr& node) {

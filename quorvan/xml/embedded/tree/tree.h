@@ -41,6 +41,9 @@ class Tree final : public TreeOwners {
     return *static_cast<Tree*>(handle.m_tree);
   }
   static Ref nodeOf(const NodeHandle& handle) noexcept { return handle.m_node; }
+  static bool isSameNode(const NodeHandle& a, const NodeHandle& b) noexcept {
+    return a.m_tree == b.m_tree && a.m_node == b.m_node;
+  }
   /// A handle to the node; null for 0.
   NodeHandle handle(Ref ref) noexcept { return ref == 0 ? NodeHandle() : NodeHandle(this, ref); }
 
