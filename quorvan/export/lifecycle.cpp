@@ -3,13 +3,10 @@
 #include <quorvan/export/export.h>
 #include <quorvan/export/filing/filing_state.h>
 #include <quorvan/export/filing/scratch_search.h>
-#include <quorvan/export/series/frame_grouping.h>
-#include <quorvan/export/series/held_frames.h>
 #include <quorvan/export/series/repartition_writer.h>
 
 using quorvan::filingOpen;
 using quorvan::filingStopped;
-using quorvan::groupedFrames;
 using quorvan::theFiler;
 
 void startFiling(const wchar_t* path) {
@@ -43,14 +40,7 @@ void exportDrawingControl(const wchar_t* zantoVersion, long servicePack, long ch
 // error in a group leaves that group, the later ones and the open file for the next call.
 void endFiling(const wchar_t* zantoVersion, long servicePack, const wchar_t* drawingName,
                int checkSum) {
-  quorvan::groupPendingFrames();
-  for (std::size_t i = 0; i < groupedFrames.size(); ++i) {
-    if (groupedFrames[i].empty()) {
-      continue;
-    }
-    quorvan::writeRepartition(groupedFrames[i]);
-    groupedFrames[i].clear();
-  }
+  quorvan::writeHeldSeries();
   exportDrawingControl(zantoVersion, servicePack, checkSum, drawingName);
   quorvan::clearLeftOverSearch();
   theFiler.closeFiler();

@@ -33,12 +33,16 @@ void HiddenBarRule::look(const Element& element, const Bar& bar) {
   }
   const auto [known, isNew] = m_seen.emplace(comparedTexts(m_file.tree(), element), &element);
   if (!isNew) {
+    Mend mend = mendBy(Mend::Kind::kLeaveOut);
+    mend.element = &element;
+    mend.equal = known->second;
     m_sink.add(findings::kEqualHiddenBars, element, "",
-               "the same items as " + nameOf(m_file, *known->second), "one of them");
+               "the same items as " + nameOf(m_file, *known->second), "one of them", nullptr, mend);
   }
 }
 
-void ReferenceRule::look(const Element& element, const Bar& bar) {
+void ReferenceRule::look(const Element& element, const std::vector<ItemValue>& items,
+                         const Bar& bar) {
   constexpr std::size_t kMostVariants = 16;  // one finding each; a mark with more is no mark
   const double length = bar.hasLength() ? lengthOf(bar) : 0.0;
   const Variant variant{&element,
@@ -60,7 +64,8 @@ void ReferenceRule::look(const Element& element, const Bar& bar) {
   }
   if (!known.empty()) {
     m_sink.add(findings::kReferenceDiffers, element, "Reference", describe(variant),
-               describe(known.front()) + " as in " + nameOf(m_file, *known.front().element));
+               describe(known.front()) + " as in " + nameOf(m_file, *known.front().element),
+               nodeOf(items, "Reference"));
   }
   known.push_back(variant);
 }
@@ -85,15 +90,15 @@ std::string ReferenceRule::describe(const Variant& variant) {
   return text;
 }
 
-void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& sizes,
-                   FindingSink& sink) {
+void checkDiameter(const Element& element, const std::vector<ItemValue>& items, const Bar& bar,
+                   const StandardSizes& sizes, FindingSink& sink) {
   const auto difference = [&bar](double size) { return std::abs(size - bar.diameter); };
   const auto nearest = std::ranges::min_element(sizes.diameters, {}, difference);
   if (nearest == sizes.diameters.end() || difference(*nearest) < kSizeTolerance) {
     return;
   }
   sink.add(findings::kDiameter, element, "Diameter", shortest(bar.diameter),
-           "a standard size, the nearest is " + shortest(*nearest));
+           "a standard size, the nearest is " + shortest(*nearest), nodeOf(items, "Diameter"));
 }
 
 }  // namespace quorvan::tool

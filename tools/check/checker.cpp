@@ -4,6 +4,7 @@
 
 #include <tools/check/rules.h>
 #include <tools/model/item_reader.h>
+#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -25,7 +26,7 @@ class Checker {
         m_index(file, m_sink),
         m_hidden(file, m_sink),
         m_references(file, m_sink),
-        m_seriesViews(file, m_elements, m_sink) {}
+        m_seriesViews(file, m_sink) {}
 
   void check(Progress& progress) {
     checkDocument(m_file, m_sink);
@@ -56,11 +57,11 @@ class Checker {
     if (const auto shape = barShapeOf(element)) {
       const Bar bar = toBar(*shape, items);
       m_hidden.look(element, bar);
-      m_references.look(element, bar);
-      checkDiameter(element, bar, m_sizes, m_sink);
+      m_references.look(element, items, bar);
+      checkDiameter(element, items, bar, m_sizes, m_sink);
     } else if (element.is(items::ElementClass::kRepartition)) {
       const Repartition series = toRepartition(items);
-      checkRepartition(m_elements, element, series, m_sink);
+      checkRepartition(m_elements, element, items, m_sink);
       m_seriesViews.look(element, series);
     }
   }
@@ -88,8 +89,13 @@ std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& si
                                Console& console) {
   std::vector<Finding> findings;
   {
-    Progress progress(console, "checking " + file.name());
+    Progress progress(console, "checking " + printable(file.name()));
     Checker(file, sizes, findings).check(progress);
+  }
+  if (!file.isPlain()) {
+    for (Finding& finding : findings) {
+      finding.mend = {};
+    }
   }
   std::ranges::stable_sort(findings, [](const Finding& a, const Finding& b) {
     return std::pair(a.position.line, a.position.column) <
@@ -98,9 +104,13 @@ std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& si
   return findings;
 }
 
+Finding findingOf(const Unreadable& fault) {
+  return {&findings::kUnreadable, {}, {}, {}, {}, fault.reason(), "a file that can be read", {}};
+}
+
 Finding findingOf(const NotWellFormed& fault) {
   return {&findings::kNotWellFormed, fault.refusal().position, {}, {}, {},
-          fault.refusal().reason,    "a well-formed document"};
+          fault.refusal().reason,    "a well-formed document", {}};
 }
 
 }  // namespace quorvan::tool

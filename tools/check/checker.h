@@ -21,7 +21,8 @@ StandardSizes europeanSizes();
 std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& sizes,
                                Console& console);
 
-/// The one finding of a file that cannot be read.
+/// The one finding of a file that cannot be read, or not as a document.
+Finding findingOf(const Unreadable& fault);
 Finding findingOf(const NotWellFormed& fault);
 
 }  // namespace quorvan::tool

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <quorvan/elements/items/item_words.h>
 #include <quorvan/filer/vocabulary.h>
 #include <quorvan/text/numbers.h>
@@ -15,20 +17,56 @@ std::int32_t following(std::int32_t index) {
   return static_cast<std::int16_t>(static_cast<std::uint16_t>(index + 1));
 }
 
+constexpr std::uint32_t kMostIndexes = 65536;  // that 16 bits can tell apart
+
+Mend versionMend(bool isThere) {
+  Mend mend = mendBy(Mend::Kind::kSetAttribute);
+  const std::string name(filer::kVersionName.text());
+  mend.attribute = {isThere ? name : "", name, std::to_string(items::kElementVersion)};
+  return mend;
+}
+
+Mend numbering(const Element& element) {
+  Mend mend = mendBy(Mend::Kind::kNumber);
+  mend.element = &element;
+  return mend;
+}
+
+// Whether the node stands where the format has its say: what is in elements or items that it does
+// not know is theirs.
+bool isOfTheFormat(const StrayNode& node) {
+  if (node.className.empty()) {
+    return true;
+  }
+  const items::ElementSchema* const schema = items::findElement(node.className);
+  return schema != nullptr &&
+         (node.item.empty() || std::ranges::any_of(schema->items, [&](const auto& item) {
+            return item.name == node.item || (item.kind == items::Kind::kNumberedPoints &&
+                                              entryNumber(node.item, item.stem).has_value());
+          }));
+}
+
 }  // namespace
 
 void checkDocument(const TransferFile& file, FindingSink& sink) {
   const Node& root = file.tree().root();
   for (const Position& position : file.forbiddenCharacters()) {
-    sink.add(findings::kForbiddenCharacter, position, "a control character", "none");
+    sink.add(findings::kForbiddenCharacter, position, "a control character", "none",
+             mendBy(Mend::Kind::kReplaceCharacter));
   }
-  if (!file.nodeBeforeRoot().empty()) {
-    sink.add(findings::kNodeBeforeRoot, root.position, '"' + file.nodeBeforeRoot() + '"',
-             "the root element behind the declaration");
+  for (const StrayNode& node : file.nodesBeforeRoot()) {
+    sink.add(findings::kNodeBeforeRoot, node, "the root element behind the declaration",
+             mendBy(Mend::Kind::kRemove));
   }
   if (root.name != filer::kRootName.text()) {
     sink.add(findings::kRootName, root.position, '"' + std::string(root.name) + '"',
-             '"' + std::string(filer::kRootName.text()) + '"');
+             '"' + std::string(filer::kRootName.text()) + '"', mendBy(Mend::Kind::kRenameRoot));
+  }
+  for (const StrayNode& node : file.nodesBelowRoot()) {
+    if (isOfTheFormat(node)) {
+      sink.add(findings::kStrayNode, node, "elements and comments alone",
+               mendBy(Mend::Kind::kRemove));
+    }
   }
 }
 
@@ -37,7 +75,8 @@ void checkControl(const TransferFile& file, FindingSink& sink) {
   if (record == nullptr) {
     sink.add(findings::kControlMissing, file.tree().root().position, "none",
              std::string(items::schemaOf(items::ElementClass::kDrawingControl).className) +
-                 " as the last element");
+                 " as the last element",
+             mendBy(Mend::Kind::kAddControl));
     return;
   }
   for (const Element& element : file.elements()) {
@@ -55,7 +94,7 @@ void IndexRule::look(const Element& element) {
   if (version == nullptr || *version != std::to_string(items::kElementVersion)) {
     m_sink.add(findings::kVersion, element, "",
                version == nullptr ? "no version" : "version=\"" + std::string(*version) + '"',
-               "version=\"1\"");
+               "version=\"1\"", nullptr, versionMend(version != nullptr));
   }
   Seen& seen = m_classes[element.className()];
   const std::int32_t expected = following(seen.last);
@@ -65,7 +104,7 @@ void IndexRule::look(const Element& element) {
   if (!index) {
     m_sink.add(findings::kIndexMissing, element, "",
                text == nullptr ? "no index" : "index=\"" + std::string(*text) + '"',
-               "index=\"" + std::to_string(expected) + '"');
+               "index=\"" + std::to_string(expected) + '"', nullptr, numbering(element));
     seen.last = expected;
     return;
   }
@@ -73,10 +112,11 @@ void IndexRule::look(const Element& element) {
   if (!isNew) {
     m_sink.add(findings::kIndexRepeated, element, "",
                "index=\"" + std::to_string(*index) + "\" a second time",
-               "index=\"" + std::to_string(expected) + '"');
+               "index=\"" + std::to_string(expected) + '"', nullptr,
+               element.ordinal > kMostIndexes ? Mend() : numbering(element));
   } else if (*index != expected) {
     m_sink.add(findings::kIndexGap, element, "", "index=\"" + std::to_string(*index) + '"',
-               "index=\"" + std::to_string(expected) + '"');
+               "index=\"" + std::to_string(expected) + '"', nullptr, numbering(element));
   }
   seen.last = *index;
 }

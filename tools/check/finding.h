@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include <tools/files/document_tree.h>
+#include <tools/files/transfer_file.h>
+#include <tools/model/item_mending.h>
 
 namespace quorvan::tool {
 
@@ -19,7 +20,6 @@ struct FindingKind {
   Severity severity;
   std::string_view title;
   std::string_view remedy;
-  bool isRepairable;  // `--repair` mends it, at least where the right value is certain
 };
 
 namespace findings {
@@ -27,107 +27,159 @@ namespace findings {
 inline constexpr FindingKind kNotWellFormed{
     101, Severity::kError, "not well-formed",
     "correct the file by hand at this place, or transfer the drawing again: programs that open it "
-    "take it for empty",
-    false};
+    "take it for empty"};
 inline constexpr FindingKind kNodeBeforeRoot{
     102, Severity::kError, "something stands before the root element",
-    "remove what stands between the declaration and the root element: readers find no element",
-    true};
+    "remove what stands between the declaration and the root element: readers find no element"};
 inline constexpr FindingKind kRootName{103, Severity::kNote, "root element with another name",
-                                       "none needed: readers do not look at the name", true};
+                                       "none needed: readers do not look at the name"};
 inline constexpr FindingKind kUnknownClass{
     104, Severity::kWarning, "no element class of this format",
-    "none: readers pass over the element; it may come from a newer program", false};
+    "none: readers pass over the element; it may come from a newer program"};
 inline constexpr FindingKind kVersion{105, Severity::kNote, "element version other than 1",
-                                      "none needed: readers do not look at it", true};
+                                      "none needed: readers do not look at it"};
+inline constexpr FindingKind kStrayNode{
+    106, Severity::kWarning, "neither an element nor a comment",
+    "remove it: readers pass over it, or take it for something else"};
+inline constexpr FindingKind kUnreadable{
+    107, Severity::kError, "file that cannot be read",
+    "give the name of a file that is there and that you have the right to read"};
 inline constexpr FindingKind kMissingItem{
     201, Severity::kError, "missing item",
     "transfer the drawing again: the value is not in the file, and readers report the element as "
-    "incomplete",
-    false};
+    "incomplete"};
 inline constexpr FindingKind kMistypedItem{
     202, Severity::kError, "item of the wrong type",
-    "give the attribute the name of the expected type: readers do not find the value", true};
+    "give the attribute the name of the expected type: readers do not find the value"};
 inline constexpr FindingKind kNoNumber{
     203, Severity::kError, "not a number",
     "write the number with a point and nothing else: readers take what stands before the first "
-    "other character",
-    true};
+    "other character"};
 inline constexpr FindingKind kNoFlag{204, Severity::kWarning, "neither True nor False",
-                                     "write True or False: readers take it for False", true};
+                                     "write True or False: readers take it for False"};
 inline constexpr FindingKind kUnknownItem{
     205, Severity::kWarning, "not an item of the class",
-    "none: readers pass over it; it may be misspelt or come from a newer program", false};
+    "none: readers pass over it; it may be misspelt or come from a newer program"};
 inline constexpr FindingKind kRepeatedItem{206, Severity::kWarning, "item that comes twice",
-                                           "remove it: readers take the first alone", true};
+                                           "remove it: readers take the first alone"};
+inline constexpr FindingKind kBlanks{207, Severity::kNote, "blanks around a value",
+                                     "none needed: readers pass over them"};
 inline constexpr FindingKind kCountDisagrees{
     301, Severity::kError, "count that disagrees with the entries",
-    "set the count to the number of entries, and number these from 1 without a gap", true};
+    "set the count to the number of entries, and number these from 1 without a gap"};
 inline constexpr FindingKind kCountOutOfRange{
     302, Severity::kError, "more entries than a count can say",
-    "split the element: counts of lists have 16 bits, and readers find no entry", false};
+    "split the element: counts of lists have 16 bits, and readers find no entry"};
 inline constexpr FindingKind kOddCount{
     303, Severity::kWarning, "formwork with a point left over",
-    "remove the last point or add the other end of its segment: readers leave it out", false};
+    "remove the last point or add the other end of its segment: readers leave it out"};
 inline constexpr FindingKind kIndexMissing{401, Severity::kError, "no index",
-                                           "number the elements of the class from 1", true};
+                                           "number the elements of the class from 1"};
 inline constexpr FindingKind kIndexRepeated{
     402, Severity::kError, "index that another element has",
-    "number the elements of the class from 1: a repartition cannot say which one it means", true};
+    "number the elements of the class from 1: a repartition cannot say which one it means"};
 inline constexpr FindingKind kIndexGap{
     403, Severity::kNote, "indexes do not run from 1 without a gap",
-    "none needed: the writer leaves such gaps behind the first hidden bar of a class", true};
+    "none needed: the writer leaves such gaps behind the first hidden bar of a class"};
 inline constexpr FindingKind kEqualHiddenBars{
     501, Severity::kWarning, "hidden bar that the file holds already",
-    "remove it: an equal hidden bar is meant to be filed once", true};
+    "remove it: an equal hidden bar is meant to be filed once"};
 inline constexpr FindingKind kReferenceDiffers{
     502, Severity::kWarning, "different bars under one reference",
-    "give the bar a reference of its own, or make the bars alike, in the producing program", false};
+    "give the bar a reference of its own, or make the bars alike, in the producing program"};
 inline constexpr FindingKind kRepartitionDangles{
     503, Severity::kError, "repartition of a bar that is not there",
-    "file the repeated bar before its repartition, and point the repartition to it", false};
+    "file the repeated bar before its repartition, and point the repartition to it"};
 inline constexpr FindingKind kRepartitionLists{
     504, Severity::kWarning, "lists of a repartition that do not fit together",
-    "give as many top as bottom distances, and a position for each bar or each gap", false};
+    "give as many top as bottom distances, and a position for each bar or each gap"};
 inline constexpr FindingKind kDiameter{
     505, Severity::kWarning, "diameter that is no standard size",
-    "correct the diameter in the producing program, or name your sizes with --diameters", false};
+    "correct the diameter in the producing program, or name your sizes with --diameters"};
 inline constexpr FindingKind kNumericAdherence{
     506, Severity::kNote, "adherence as the number of older files",
-    "none needed: readers take 0 for Ha and 1 for Dx, and anything else for no text", true};
+    "none needed: readers take 0 for Ha and 1 for Dx, and anything else for no text"};
 inline constexpr FindingKind kSeriesSeenTwice{
     507, Severity::kWarning, "repartitions of one mark that look like the same bars in two views",
     "none where both are meant; otherwise file the bars from one view alone, or count them with "
-    "`quorvan bars --views once`",
-    false};
+    "`quorvan bars --views once`"};
 inline constexpr FindingKind kControlMissing{
     601, Severity::kError, "no drawing control record",
-    "transfer the drawing again; --repair adds an empty record", true};
+    "transfer the drawing again; --repair adds an empty record"};
 inline constexpr FindingKind kControlNotLast{
     602, Severity::kNote, "drawing control record that does not close the file",
-    "none needed: more was filed behind it; the last record counts", false};
+    "none needed: more was filed behind it; the last record counts"};
 inline constexpr FindingKind kForbiddenCharacter{
     701, Severity::kError, "character that XML forbids",
-    "remove the character: programs that open the file take it for empty", true};
+    "remove the character: programs that open the file take it for empty"};
 inline constexpr FindingKind kLostCharacter{
     702, Severity::kWarning, "character that was lost",
-    "put the right character in the place of U+FFFD in the producing program", false};
+    "put the right character in the place of U+FFFD in the producing program"};
 inline constexpr FindingKind kControlCharacter{
     703, Severity::kWarning, "control character in a text",
-    "correct the text in the producing program: it was probably written as windows-1252", false};
+    "correct the text in the producing program: it was probably written as windows-1252"};
 
 /// All kinds, by number.
-inline constexpr const FindingKind* kAll[] = {
-    &kNotWellFormed,    &kNodeBeforeRoot,  &kRootName,           &kUnknownClass,
-    &kVersion,          &kMissingItem,     &kMistypedItem,       &kNoNumber,
-    &kNoFlag,           &kUnknownItem,     &kRepeatedItem,       &kCountDisagrees,
-    &kCountOutOfRange,  &kOddCount,        &kIndexMissing,       &kIndexRepeated,
-    &kIndexGap,         &kEqualHiddenBars, &kReferenceDiffers,   &kRepartitionDangles,
-    &kRepartitionLists, &kDiameter,        &kNumericAdherence,   &kSeriesSeenTwice,
-    &kControlMissing,   &kControlNotLast,  &kForbiddenCharacter, &kLostCharacter,
-    &kControlCharacter};
+inline constexpr const FindingKind* kAll[] = {&kNotWellFormed,
+                                              &kNodeBeforeRoot,
+                                              &kRootName,
+                                              &kUnknownClass,
+                                              &kVersion,
+                                              &kStrayNode,
+                                              &kUnreadable,
+                                              &kMissingItem,
+                                              &kMistypedItem,
+                                              &kNoNumber,
+                                              &kNoFlag,
+                                              &kUnknownItem,
+                                              &kRepeatedItem,
+                                              &kBlanks,
+                                              &kCountDisagrees,
+                                              &kCountOutOfRange,
+                                              &kOddCount,
+                                              &kIndexMissing,
+                                              &kIndexRepeated,
+                                              &kIndexGap,
+                                              &kEqualHiddenBars,
+                                              &kReferenceDiffers,
+                                              &kRepartitionDangles,
+                                              &kRepartitionLists,
+                                              &kDiameter,
+                                              &kNumericAdherence,
+                                              &kSeriesSeenTwice,
+                                              &kControlMissing,
+                                              &kControlNotLast,
+                                              &kForbiddenCharacter,
+                                              &kLostCharacter,
+                                              &kControlCharacter};
 
 }  // namespace findings
+
+/// What `--repair` does about a finding.
+struct Mend {
+  enum class Kind : std::uint8_t {
+    kNone,
+    kReplaceCharacter,  // by U+FFFD
+    kRemove,            // what stands at the place of the mend: an element or another node
+    kRenameRoot,
+    kSetAttribute,  // of the element at the place
+    kNumber,        // the elements of the class
+    kLeaveOut,      // the element, which is equal to another
+    kAddControl,
+  };
+
+  Kind kind = Kind::kNone;
+  Position place;
+  AttributeMend attribute;
+  const Element* element = nullptr;  // of kNumber and kLeaveOut, as long as its file lives
+  const Element* equal = nullptr;    // of kLeaveOut: the one that stays
+};
+
+inline Mend mendBy(Mend::Kind kind) {
+  Mend mend;
+  mend.kind = kind;
+  return mend;
+}
 
 /// One finding and its place. Parts that do not apply are empty.
 struct Finding {
@@ -138,6 +190,10 @@ struct Finding {
   std::string item;
   std::string found;
   std::string expected;
+  Mend mend = {};
+
+  /// Whether a mended copy has it no more.
+  [[nodiscard]] bool isRepairable() const noexcept { return mend.kind != Mend::Kind::kNone; }
 };
 
 /// "note", "warning", "error".

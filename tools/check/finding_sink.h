@@ -18,16 +18,33 @@ class FindingSink {
 
   /// About an element or, with `at`, a node in it.
   void add(const FindingKind& kind, const Element& element, std::string_view item,
-           std::string found, std::string expected, const Node* at = nullptr) {
+           std::string found, std::string expected, const Node* at = nullptr, Mend mend = {}) {
     const Node& node = at == nullptr ? *element.node : *at;
+    mend.place = node.position;
     m_findings.push_back({&kind, node.position, std::string(element.className()),
                           std::string(m_file.indexOf(element)), std::string(item), std::move(found),
-                          std::move(expected)});
+                          std::move(expected), std::move(mend)});
   }
 
   /// About the file as a whole.
-  void add(const FindingKind& kind, Position position, std::string found, std::string expected) {
-    m_findings.push_back({&kind, position, {}, {}, {}, std::move(found), std::move(expected)});
+  void add(const FindingKind& kind, Position position, std::string found, std::string expected,
+           Mend mend = {}) {
+    mend.place = position;
+    m_findings.push_back(
+        {&kind, position, {}, {}, {}, std::move(found), std::move(expected), std::move(mend)});
+  }
+
+  /// About a node that nobody reads.
+  void add(const FindingKind& kind, const StrayNode& node, std::string expected, Mend mend) {
+    mend.place = node.position;
+    m_findings.push_back({&kind,
+                          node.position,
+                          node.className,
+                          {},
+                          node.item,
+                          '"' + node.text + '"',
+                          std::move(expected),
+                          std::move(mend)});
   }
 
  private:

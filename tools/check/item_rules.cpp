@@ -23,6 +23,17 @@ TextFaults faultsOf(const std::string& text) {
   return faults;
 }
 
+Mend mendOf(const ItemProblem& problem) {
+  Mend mend;
+  if (problem.kind == ProblemKind::kRepeatedItem) {
+    mend.kind = Mend::Kind::kRemove;
+  } else if (problem.mend) {
+    mend.kind = Mend::Kind::kSetAttribute;
+    mend.attribute = *problem.mend;
+  }
+  return mend;
+}
+
 }  // namespace
 
 const FindingKind& findingKindOf(ProblemKind problem) {
@@ -33,6 +44,8 @@ const FindingKind& findingKindOf(ProblemKind problem) {
       return findings::kMistypedItem;
     case ProblemKind::kNoNumber:
       return findings::kNoNumber;
+    case ProblemKind::kBlanks:
+      return findings::kBlanks;
     case ProblemKind::kNoFlag:
       return findings::kNoFlag;
     case ProblemKind::kNumericAdherence:
@@ -55,7 +68,7 @@ void reportProblems(const Element& element, const std::vector<ItemProblem>& prob
                     FindingSink& sink) {
   for (const ItemProblem& problem : problems) {
     sink.add(findingKindOf(problem.kind), element, problem.item, problem.found, problem.expected,
-             problem.at);
+             problem.at, mendOf(problem));
   }
 }
 

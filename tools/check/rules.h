@@ -14,10 +14,11 @@
 #include <tools/check/finding_sink.h>
 #include <tools/model/bar.h>
 #include <tools/model/item_problem.h>
-#include <tools/model/item_reader.h>
 #include <tools/model/item_value.h>
 #include <tools/model/repartition.h>
+#include <tools/model/repeated_bars.h>
 #include <tools/model/view_twins.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -36,12 +37,12 @@ class IndexRule {
  private:
   struct Seen {
     std::int32_t last = 0;
-    std::unordered_map<std::int32_t, const Element*> elements;
+    std::unordered_map<std::int32_t, const Element*, KeyedHash> elements;
   };
 
   const TransferFile& m_file;
   FindingSink& m_sink;
-  std::unordered_map<std::string_view, Seen> m_classes;
+  std::unordered_map<std::string_view, Seen, KeyedHash> m_classes;
 };
 
 const FindingKind& findingKindOf(ProblemKind problem);
@@ -62,7 +63,7 @@ class HiddenBarRule {
  private:
   const TransferFile& m_file;
   FindingSink& m_sink;
-  std::unordered_map<std::string, const Element*> m_seen;
+  std::unordered_map<std::string, const Element*, KeyedHash> m_seen;
 };
 
 /// The texts by which the library tells whether two bars are equal.
@@ -72,7 +73,7 @@ std::string comparedTexts(const DocumentTree& tree, const Element& element);
 class ReferenceRule {
  public:
   ReferenceRule(const TransferFile& file, FindingSink& sink) : m_file(file), m_sink(sink) {}
-  void look(const Element& element, const Bar& bar);
+  void look(const Element& element, const std::vector<ItemValue>& items, const Bar& bar);
 
  private:
   // One of the kinds of bar that a mark has.
@@ -88,30 +89,29 @@ class ReferenceRule {
 
   const TransferFile& m_file;
   FindingSink& m_sink;
-  std::unordered_map<std::int64_t, std::vector<Variant>> m_marks;
+  std::unordered_map<std::int64_t, std::vector<Variant>, KeyedHash> m_marks;
 };
 
 /// Diameters.
-void checkDiameter(const Element& element, const Bar& bar, const StandardSizes& sizes,
-                   FindingSink& sink);
+void checkDiameter(const Element& element, const std::vector<ItemValue>& items, const Bar& bar,
+                   const StandardSizes& sizes, FindingSink& sink);
 
 /// Repartitions.
-void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
-                      FindingSink& sink);
+void checkRepartition(const ElementIndex& index, const Element& element,
+                      const std::vector<ItemValue>& items, FindingSink& sink);
 
 /// Repartitions that look like the same bars in several views.
 class SeriesViewRule {
  public:
-  SeriesViewRule(const TransferFile& file, const ElementIndex& index, FindingSink& sink)
-      : m_file(file), m_index(index), m_sink(sink), m_bars(file) {}
+  SeriesViewRule(const TransferFile& file, FindingSink& sink)
+      : m_file(file), m_sink(sink), m_bars(file) {}
   void look(const Element& element, const Repartition& series);
   void report() const;
 
  private:
   const TransferFile& m_file;
-  const ElementIndex& m_index;
   FindingSink& m_sink;
-  ItemReader m_bars;
+  RepeatedBars m_bars;
   ViewTwins m_twins;
 };
 

@@ -4,15 +4,16 @@
 
 namespace quorvan::tool {
 
-void checkRepartition(const ElementIndex& index, const Element& element, const Repartition& series,
-                      FindingSink& sink) {
+void checkRepartition(const ElementIndex& index, const Element& element,
+                      const std::vector<ItemValue>& items, FindingSink& sink) {
+  const Repartition series = toRepartition(items);
   if (!barShapeOf(series.className)) {
     sink.add(findings::kRepartitionDangles, element, "DefClassName", '"' + series.className + '"',
-             "the class of a bar or link");
+             "the class of a bar or link", nodeOf(items, "DefClassName"));
   } else if (index.find(series.className, series.index) == nullptr) {
     sink.add(findings::kRepartitionDangles, element, "Index",
              series.className + ' ' + std::to_string(series.index) + ", which is not there",
-             "the index of a " + series.className + " in the file");
+             "the index of a " + series.className + " in the file", nodeOf(items, "Index"));
   }
   const std::size_t count = series.top.size();
   if (series.bottom.size() != count ||
@@ -20,15 +21,13 @@ void checkRepartition(const ElementIndex& index, const Element& element, const R
     sink.add(findings::kRepartitionLists, element, "Positions",
              std::to_string(count) + " top distances, " + std::to_string(series.bottom.size()) +
                  " bottom distances, " + std::to_string(series.positions.size()) + " positions",
-             "equal numbers, or one position fewer");
+             "equal numbers, or one position fewer", nodeOf(items, "Positions"));
   }
 }
 
 void SeriesViewRule::look(const Element& element, const Repartition& series) {
-  const Element* const bar = m_index.find(series.className, series.index);
-  const auto shape = barShapeOf(series.className);
-  if (bar != nullptr && shape) {
-    m_twins.add(element, series, toBar(*shape, m_bars.read(*bar)).reference);
+  if (const Bar* const bar = m_bars.find(series)) {
+    m_twins.add(element, series, bar->reference);
   }
 }
 

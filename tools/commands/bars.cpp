@@ -47,6 +47,7 @@ struct BarsArguments {
   bool explain = false;
   bool asJson = false;
   bool asCsv = false;
+  bool asRawCsv = false;
   bool withSemicolons = false;
 };
 
@@ -139,14 +140,20 @@ ListWriting listWriting(const BarsArguments& arguments) {
     }
   }
   writing.explain = arguments.explain;
-  writing.csv = arguments.withSemicolons ? CsvForm::kSemicolon : CsvForm::kComma;
+  if (arguments.withSemicolons) {
+    writing.csv.separator = ';';
+    writing.csv.decimalMark = ',';
+  }
+  if (arguments.asRawCsv) {
+    writing.csv.fields = CsvFields::kRaw;
+  }
   return writing;
 }
 
 // Writes a file beside its place and then puts it there, so that it is whole or the old one.
 template <class Write>
-void writeFile(const std::string& name, const Write& write) {
-  const WorkFolder folder(toPath(name));
+void writeFile(const std::string& name, Console& console, const Write& write) {
+  const WorkFolder folder(name, console);
   std::ofstream out(folder.file(), std::ios::binary);
   write(out);
   out.close();
@@ -162,8 +169,8 @@ void writeFile(const std::string& name, const Write& write) {
 }
 
 void writeBinary([[maybe_unused]] const BarList& list, [[maybe_unused]] const ListWriting& writing,
-                 const std::string& output, std::string_view form) {
-  const WorkFolder folder(toPath(output));
+                 const std::string& output, std::string_view form, Console& console) {
+  const WorkFolder folder(output, console);
   if (form == ".pdf") {
 #ifdef QUORVAN_HAS_CAIRO
     writePdf(listSheets(list, writing), folder.file());
@@ -180,10 +187,11 @@ void writeBinary([[maybe_unused]] const BarList& list, [[maybe_unused]] const Li
   folder.moveToTarget();
 }
 
-void writeOutput(const BarList& list, const ListWriting& writing, const std::string& output) {
+void writeOutput(const BarList& list, const ListWriting& writing, const std::string& output,
+                 Console& console) {
   const std::string form = toUtf8(toPath(output).extension());
   if (form == ".pdf" || form == ".xlsx") {
-    return writeBinary(list, writing, output, form);
+    return writeBinary(list, writing, output, form, console);
   }
   const auto write = form == ".html"   ? writeListPage
                      : form == ".csv"  ? writeListCsv
@@ -192,11 +200,12 @@ void writeOutput(const BarList& list, const ListWriting& writing, const std::str
   if (write == nullptr) {
     throw Failure(output + ": the name must end in .html, .pdf, .xlsx, .csv or .json");
   }
-  writeFile(output, [&](std::ostream& out) { write(list, writing, out); });
+  writeFile(output, console, [&](std::ostream& out) { write(list, writing, out); });
 }
 
 // "mark-5.svg"; further rows of a mark are "mark-5-2.svg" and so on.
-void writeSketches(const BarList& list, const ListWriting& writing, const std::string& folder) {
+void writeSketches(const BarList& list, const ListWriting& writing, const std::string& folder,
+                   Console& console) {
   std::error_code error;
   std::filesystem::create_directories(toPath(folder), error);
   if (error) {
@@ -207,7 +216,7 @@ void writeSketches(const BarList& list, const ListWriting& writing, const std::s
     const int count = ++counts[row.mark];
     const std::string name = "mark-" + std::to_string(row.mark) +
                              (count == 1 ? "" : '-' + std::to_string(count)) + ".svg";
-    writeFile(toUtf8(toPath(folder) / name), [&](std::ostream& out) {
+    writeFile(toUtf8(toPath(folder) / name), console, [&](std::ostream& out) {
       writeSvg(sketchOf(row, list, writing.words->decimalMark), {}, out);
     });
   }
@@ -215,7 +224,8 @@ void writeSketches(const BarList& list, const ListWriting& writing, const std::s
 
 void listBars(const BarsArguments& arguments, Console& console) {
   const ListOptions options = listOptions(arguments);
-  const ListWriting writing = listWriting(arguments);
+  ListWriting writing = listWriting(arguments);
+  writing.csv.isShown = arguments.output.empty() && console.outIsTerminal;
   std::vector<std::unique_ptr<const TransferFile>> files;
   std::vector<const TransferFile*> drawings;
   for (const std::string& name : drawingFiles(arguments.files, console)) {
@@ -226,13 +236,13 @@ void listBars(const BarsArguments& arguments, Console& console) {
   }
   const BarList list = makeBarList(drawings, options);
   if (!arguments.sketches.empty()) {
-    writeSketches(list, writing, arguments.sketches);
+    writeSketches(list, writing, arguments.sketches, console);
   }
   if (!arguments.output.empty()) {
-    writeOutput(list, writing, arguments.output);
+    writeOutput(list, writing, arguments.output, console);
   } else if (arguments.asJson) {
     writeListJson(list, writing, console.out);
-  } else if (arguments.asCsv) {
+  } else if (arguments.asCsv || arguments.asRawCsv) {
     writeListCsv(list, writing, console.out);
   } else {
     printList(list, writing, console.out);
@@ -309,6 +319,10 @@ void addBarsOptions(CLI::App& command, Run& run) {
   command.add_flag("--csv", arguments->asCsv, "As CSV, a line for each row")
       ->excludes(json)
       ->excludes(output);
+  command
+      .add_flag("--csv-raw", arguments->asRawCsv,
+                "As CSV for programs: no apostrophe before what a spreadsheet takes for a formula")
+      ->excludes(json);
   command.add_flag("--semicolon", arguments->withSemicolons,
                    "CSV with semicolons and decimal commas, for spreadsheets that expect them");
   command.callback([arguments, &run] { listBars(*arguments, run.console); });

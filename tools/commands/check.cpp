@@ -7,6 +7,8 @@
 #include <tools/check/checker.h>
 #include <tools/commands/command_table.h>
 #include <tools/console/terminal.h>
+#include <tools/files/drawing_files.h>
+#include <tools/files/input_file.h>
 #include <tools/files/work_folder.h>
 #include <tools/repair/repair.h>
 #include <tools/text/json_text.h>
@@ -35,11 +37,19 @@ struct FileFindings {
   }
 };
 
+FileFindings findIn(const InputFile& input, const StandardSizes& sizes, Console& console) {
+  try {
+    const TransferFile file(input, console, Tolerance::kForbiddenCharacters);
+    return {input.name(), checkFile(file, sizes, console)};
+  } catch (const NotWellFormed& fault) {
+    return {input.name(), {findingOf(fault)}};
+  }
+}
+
 FileFindings findIn(const std::string& name, const StandardSizes& sizes, Console& console) {
   try {
-    const TransferFile file(name, console, Tolerance::kForbiddenCharacters);
-    return {name, checkFile(file, sizes, console)};
-  } catch (const NotWellFormed& fault) {
+    return findIn(InputFile(name), sizes, console);
+  } catch (const Unreadable& fault) {
     return {name, {findingOf(fault)}};
   }
 }
@@ -65,9 +75,9 @@ void print(const std::string& file, const Finding& finding, std::ostream& out) {
   if (!subject.empty()) {
     out << ": " << printable(subject);
   }
-  out << "\n    found " << printable(finding.found) << "; expected " << printable(finding.expected)
-      << "\n    to mend: " << finding.kind->remedy
-      << (finding.kind->isRepairable ? " [--repair]" : "") << '\n';
+  out << "\n    found " << (finding.found.empty() ? "nothing" : printable(finding.found))
+      << "; expected " << printable(finding.expected) << "\n    to mend: " << finding.kind->remedy
+      << (finding.isRepairable() ? " [--repair]" : "") << '\n';
 }
 
 std::string counted(std::int64_t count, std::string_view what) {
@@ -102,7 +112,7 @@ Json toJson(const Finding& finding, std::size_t number) {
           {"found", finding.found},
           {"expected", finding.expected},
           {"remedy", finding.kind->remedy},
-          {"repairable", finding.kind->isRepairable}};
+          {"repairable", finding.isRepairable()}};
 }
 
 Json toJson(const FileFindings& result) {
@@ -152,14 +162,20 @@ int repair(const CheckArguments& arguments, const StandardSizes& sizes, Console&
   }
   const std::string& name = arguments.files.front();
   refuseSameFile(name, arguments.output);
-  const FileFindings before = findIn(name, sizes, console);
+  const InputFile input(name);
+  const FileFindings before = findIn(input, sizes, console);
+  // The copy has the output for itself where it goes there.
+  std::ostream& out = arguments.output == kStandardStream ? console.err : console.out;
   if (!arguments.asJson) {
-    print(before, console.out);
+    print(before, out);
   }
-  writeRepaired(TransferFile(name, console, Tolerance::kForbiddenCharacters),
-                toPath(arguments.output));
+  const WorkFolder folder(arguments.output, console);
+  writeBytes(folder.file(), repairedBytes(input, sizes, folder.file(), console));
   // What is left is looked for in the copy, not assumed.
-  return report({findIn(arguments.output, sizes, console)}, arguments.asJson, console.out);
+  FileFindings left = findIn(toUtf8(folder.file()), sizes, console);
+  left.file = arguments.output == kStandardStream ? "standard output" : arguments.output;
+  folder.moveToTarget();
+  return report({left}, arguments.asJson, out);
 }
 
 int check(const CheckArguments& arguments, Console& console) {
@@ -172,15 +188,21 @@ int check(const CheckArguments& arguments, Console& console) {
     throw Failure("-o is for the copy that --repair writes");
   }
   std::vector<FileFindings> results;
-  for (const std::string& name : arguments.files) {
-    results.push_back(findIn(name, sizes, console));
+  for (const std::string& argument : arguments.files) {
+    try {
+      for (const std::string& name : filesNamedBy(argument)) {
+        results.push_back(findIn(name, sizes, console));
+      }
+    } catch (const Unreadable& fault) {
+      results.push_back({argument, {findingOf(fault)}});
+    }
   }
   return report(results, arguments.asJson, console.out);
 }
 
 void addCheckOptions(CLI::App& command, Run& run) {
   const auto arguments = std::make_shared<CheckArguments>();
-  command.add_option("FILE", arguments->files, "Transfer files")->required();
+  command.add_option("FILE", arguments->files, "Transfer files, or folders of them")->required();
   command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/check.schema.json)");
   command.add_flag("--repair", arguments->repairs,
                    "Write a mended copy, check it and report what is left");

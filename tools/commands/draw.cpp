@@ -1,5 +1,6 @@
 // quorvan draw: the drawing as a detailer draws it.
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -11,6 +12,7 @@
 #include <tools/draw/scene/sheet.h>
 #include <tools/draw/scene_builder.h>
 #include <tools/draw/writers/svg_writer.h>
+#include <tools/files/input_file.h>
 #include <tools/files/work_folder.h>
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
@@ -156,7 +158,8 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
 
 void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
                   const DrawOptions& drawing, const std::filesystem::path& path) {
-  const std::string form = toUtf8(toPath(arguments.output).extension());
+  const std::string form =
+      arguments.output == kStandardStream ? ".svg" : toUtf8(toPath(arguments.output).extension());
   if (form == ".svg" || form == ".html") {
     std::ofstream out(path, std::ios::binary);
     if (form == ".svg") {
@@ -192,7 +195,7 @@ void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& 
   if (outliers.empty()) {
     return;
   }
-  console.err << file.name() << ": warning: " << outliers.size()
+  console.err << printable(file.name()) << ": warning: " << outliers.size()
               << (outliers.size() == 1 ? " element lies" : " elements lie")
               << " far from the others and " << (outliers.size() == 1 ? "is" : "are")
               << " left out (--window all draws everything): ";
@@ -206,19 +209,26 @@ void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& 
 
 void report(const TransferFile& file, const SceneResult& result, const DrawOptions& options,
             Console& console) {
+  const bool isEmpty = std::ranges::all_of(
+      result.scene.shapes, [](const Shape& shape) { return shape.element == kNoElement; });
+  if (isEmpty) {
+    console.err << printable(file.name())
+                << ": warning: nothing is drawn: there is no element in it that can be seen\n";
+  }
   if (result.leftOut != 0) {
-    console.err << file.name() << ": warning: " << result.leftOut
+    console.err << printable(file.name()) << ": warning: " << result.leftOut
                 << " elements are left out: they lie beyond what can be drawn\n";
   }
   if (!options.window) {
     reportOutliers(file, result.outliers, console);
   }
   if (result.withoutHeight != 0) {
-    console.err << file.name() << ": note: texts without a height are drawn as high as labels: "
+    console.err << printable(file.name())
+                << ": note: texts without a height are drawn as high as labels: "
                 << result.withoutHeight << '\n';
   }
   if (result.darkened != 0) {
-    console.err << file.name()
+    console.err << printable(file.name())
                 << ": note: colours too pale for paper are drawn darker: " << result.darkened
                 << '\n';
   }
@@ -230,9 +240,18 @@ void draw(const DrawArguments& arguments, Console& console) {
   const TransferFile file(arguments.file, console);
   const SceneResult result = buildScene(file, drawing, console);
   report(file, result, drawing, console);
-  const WorkFolder folder(toPath(arguments.output));
+  const WorkFolder folder(arguments.output, console);
   writePicture(file, result.scene, arguments, drawing, folder.file());
   folder.moveToTarget();
+}
+
+std::string complaintOfScale(const std::string& typed) {
+  double scale = 0.0;
+  const char* const end = typed.data() + typed.size();
+  const auto [last, error] = std::from_chars(typed.data(), end, scale);
+  return error == std::errc() && last == end && scale > 0.0
+             ? std::string()
+             : "a scale is a number above 0, not " + typed;
 }
 
 // Every name of the values, and what else the option takes.
@@ -281,7 +300,7 @@ void addSheetOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
   command
       .add_option("--scale", arguments.scale,
                   "25 for 1:25; that of the drawing's lettering unless given")
-      ->check(CLI::PositiveNumber);
+      ->check(complaintOfScale);
   command.add_option("--window", arguments.window,
                      "What to show: least x, least y, most x, most y, or all; what belongs "
                      "together unless given");

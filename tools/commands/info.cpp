@@ -1,8 +1,11 @@
 // quorvan info: what a transfer file holds, in figures.
 
+#include <algorithm>
 #include <memory>
+#include <span>
 
 #include <tools/commands/command_table.h>
+#include <tools/files/drawing_files.h>
 #include <tools/listing/file_summary.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
@@ -14,10 +17,12 @@ namespace {
 
 constexpr std::size_t kIndent = 2;
 constexpr std::size_t kMostPerLine = 20;
+constexpr std::size_t kMostSeries = 20;
 
 struct InfoArguments {
   std::vector<std::string> files;
   bool asJson = false;
+  bool showsAll = false;
 };
 
 Json toJson(const Coordinates& point) {
@@ -145,14 +150,16 @@ void printBars(const FileSummary& summary, std::ostream& out) {
   }
 }
 
-void printRepartitions(const FileSummary& summary, std::ostream& out) {
+void printRepartitions(const FileSummary& summary, bool showsAll, std::ostream& out) {
   Table table;
   table.addColumn("repartition", Table::Align::kRight);
   table.addColumn("bars", Table::Align::kRight);
   table.addColumn("mark", Table::Align::kRight);
   table.addColumn("of");
   table.addColumn("spacing");
-  for (const SeriesSummary& series : summary.repartitions) {
+  const std::size_t shown =
+      showsAll ? summary.repartitions.size() : std::min(kMostSeries, summary.repartitions.size());
+  for (const SeriesSummary& series : std::span(summary.repartitions).first(shown)) {
     const std::string bar = series.className + ' ' + std::to_string(series.barIndex);
     table.addRow({series.index, std::to_string(series.number),
                   series.reference ? std::to_string(*series.reference) : "-",
@@ -163,42 +170,77 @@ void printRepartitions(const FileSummary& summary, std::ostream& out) {
     out << '\n';
     table.print(out, kIndent);
   }
+  if (shown < summary.repartitions.size()) {
+    out << "  and " << summary.repartitions.size() - shown << " more: --all shows them\n";
+  }
 }
 
-void print(const TransferFile& file, const FileSummary& summary, std::ostream& out) {
+void print(const TransferFile& file, const FileSummary& summary, bool showsAll, std::ostream& out) {
   printHead(file, summary, out);
   if (!summary.references.empty()) {
     out << "  references    " << runsOf(summary.references, kMostPerLine) << '\n';
   }
   printClasses(summary, out);
   printBars(summary, out);
-  printRepartitions(summary, out);
+  printRepartitions(summary, showsAll, out);
 }
 
-void showInfo(const InfoArguments& arguments, Console& console) {
-  Json files = Json::array();
-  for (const std::string& name : arguments.files) {
-    const TransferFile file(name, console);
-    const FileSummary summary = summarize(file);
-    if (arguments.asJson) {
-      files.push_back(toJson(file, summary));
-    } else {
-      if (&name != &arguments.files.front()) {
-        console.out << '\n';
-      }
-      print(file, summary, console.out);
+// Shows the files, and goes on where one cannot be read: the others are wanted all the same.
+class InfoRun {
+ public:
+  InfoRun(const InfoArguments& arguments, Console& console)
+      : m_arguments(arguments), m_console(console) {}
+
+  int run() {
+    for (const std::string& argument : m_arguments.files) {
+      tryTo([&] {
+        for (const std::string& name : filesNamedBy(argument)) {
+          tryTo([&] { show(name); });
+        }
+      });
+    }
+    if (m_arguments.asJson) {
+      m_console.out << indentedJson({{"files", std::move(m_files)}});
+    }
+    return m_status;
+  }
+
+ private:
+  template <class Action>
+  void tryTo(const Action& action) {
+    try {
+      action();
+    } catch (const Failure& failure) {
+      m_console.err << "quorvan: " << printable(failure.what()) << '\n';
+      m_status = kFailure;
     }
   }
-  if (arguments.asJson) {
-    console.out << indentedJson({{"files", std::move(files)}});
+
+  void show(const std::string& name) {
+    const TransferFile file(name, m_console);
+    const FileSummary summary = summarize(file);
+    if (m_arguments.asJson) {
+      m_files.push_back(toJson(file, summary));
+      return;
+    }
+    m_console.out << (m_isFirst ? "" : "\n");
+    m_isFirst = false;
+    print(file, summary, m_arguments.showsAll, m_console.out);
   }
-}
+
+  const InfoArguments& m_arguments;
+  Console& m_console;
+  Json m_files = Json::array();
+  int m_status = kSuccess;
+  bool m_isFirst = true;
+};
 
 void addInfoOptions(CLI::App& command, Run& run) {
   const auto arguments = std::make_shared<InfoArguments>();
-  command.add_option("FILE", arguments->files, "Transfer files")->required();
+  command.add_option("FILE", arguments->files, "Transfer files, or folders of them")->required();
   command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/info.schema.json)");
-  command.callback([arguments, &run] { showInfo(*arguments, run.console); });
+  command.add_flag("--all", arguments->showsAll, "Every repartition, not only the first 20");
+  command.callback([arguments, &run] { run.status = InfoRun(*arguments, run.console).run(); });
 }
 
 }  // namespace

@@ -21,17 +21,19 @@ struct ListArguments {
   std::string className;
   bool asJson = false;
   bool asCsv = false;
+  bool asRawCsv = false;
 };
 
 // One listing of a file.
 class Listing {
  public:
-  Listing(const TransferFile& file, std::string_view className, Console& console)
+  Listing(const TransferFile& file, std::string_view className, CsvForm csv, Console& console)
       : m_file(file),
         m_className(className),
+        m_csv(csv),
         m_out(console.out),
-        m_reader(file),
-        m_progress(console, "listing " + file.name()) {}
+        m_reader(file, Values::kAsFiled),
+        m_progress(console, "listing " + printable(file.name())) {}
 
   // The drawing JSON, an element a line.
   void writeJson() {
@@ -111,7 +113,7 @@ class Listing {
         const auto titles = itemTitles(*item.schema);
         const auto cells = itemCells(item);
         for (std::size_t i = 0; i < titles.size(); ++i) {
-          m_out << csvLine({className, index, titles[i], cells[i]});
+          m_out << csvLine({className, index, titles[i], cells[i]}, m_csv);
         }
       }
     }
@@ -135,7 +137,7 @@ class Listing {
       for (const ItemValue& item : m_reader.read(element)) {
         std::ranges::copy(itemCells(item), std::back_inserter(cells));
       }
-      m_out << csvLine(cells);
+      m_out << csvLine(cells, m_csv);
     }
   }
 
@@ -189,6 +191,7 @@ class Listing {
 
   const TransferFile& m_file;
   std::string_view m_className;
+  CsvForm m_csv;
   std::ostream& m_out;
   ItemReader m_reader;
   Progress m_progress;
@@ -199,10 +202,12 @@ void list(const ListArguments& arguments, Console& console) {
   const std::string className =
       arguments.className.empty() ? std::string() : fullClassName(arguments.className);
   const TransferFile file(arguments.file, console);
-  Listing listing(file, className, console);
+  const CsvForm csv{.fields = arguments.asRawCsv ? CsvFields::kRaw : CsvFields::kGuarded,
+                    .isShown = console.outIsTerminal};
+  Listing listing(file, className, csv, console);
   if (arguments.asJson) {
     listing.writeJson();
-  } else if (arguments.asCsv) {
+  } else if (arguments.asCsv || arguments.asRawCsv) {
     listing.writeCsv();
   } else {
     listing.writeTables();
@@ -220,6 +225,10 @@ void addListOptions(CLI::App& command, Run& run) {
   command
       .add_flag("--csv", arguments->asCsv,
                 "As CSV: a line an element for one CLASS, else a line an item")
+      ->excludes(json);
+  command
+      .add_flag("--csv-raw", arguments->asRawCsv,
+                "As CSV for programs: no apostrophe before what a spreadsheet takes for a formula")
       ->excludes(json);
   command.callback([arguments, &run] { list(*arguments, run.console); });
 }

@@ -13,6 +13,7 @@
 #include <tools/drawing/drawing_file.h>
 #include <tools/drawing/element_exports.h>
 #include <tools/files/work_folder.h>
+#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -45,6 +46,7 @@ class Filing {
       endFiling(fromUtf8(control->version), static_cast<long>(control->servicePack),
                 fromUtf8(control->name), static_cast<int>(control->checkSum));
     } else {
+      fileSeries();
       stopFiling();  // writes no control record
       endFiling(L"", 0, L"", 0);
     }
@@ -72,10 +74,12 @@ void fileDrawing(const DrawingInput& drawing, const std::string& path, Progress&
 void write(const WriteArguments& arguments, Console& console) {
   refuseSameFile(arguments.drawing, arguments.output);
   const DrawingInput drawing = readDrawing(arguments.drawing);
-  Progress progress(console, "writing " + arguments.output);
-  const WorkFolder folder(toPath(arguments.output));
+  Progress progress(console, "writing " + printable(arguments.output));
+  const WorkFolder folder(arguments.output, console);
   try {
-    fileDrawing(drawing, toUtf8(folder.file()), progress);
+    // A name without its folder, whose own may be one that the document service cannot open.
+    const CurrentFolder current(folder.path());
+    fileDrawing(drawing, toUtf8(folder.file().filename()), progress);
   } catch (const _com_error&) {
     throw Failure(arguments.output +
                   ": the XML document service failed while the drawing was filed");

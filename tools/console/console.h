@@ -12,6 +12,7 @@ struct Console {
   std::ostream& out;
   std::ostream& err;
   bool errIsTerminal = false;
+  bool outIsTerminal = false;
 };
 
 /// What ends the program, in every sub-command: 0 nothing to report, kFindings and kFailure.

@@ -14,8 +14,9 @@ std::vector<std::string> utf8Arguments(int count, char** arguments);
 /// Makes the standard streams carry UTF-8 bytes unchanged.
 void prepareStandardStreams();
 
-/// Whether standard error is a terminal.
+/// Whether standard error and standard output are terminals.
 bool errorIsTerminal();
+bool outputIsTerminal();
 
 /// The path that the UTF-8 text names, and back.
 std::filesystem::path toPath(std::string_view utf8);

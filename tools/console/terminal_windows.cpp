@@ -28,12 +28,17 @@ std::vector<std::string> utf8Arguments(int /*count*/, char** /*arguments*/) {
 
 void prepareStandardStreams() {
   SetConsoleOutputCP(CP_UTF8);
+  static_cast<void>(_setmode(_fileno(stdin), _O_BINARY));
   static_cast<void>(_setmode(_fileno(stdout), _O_BINARY));
   static_cast<void>(_setmode(_fileno(stderr), _O_BINARY));
 }
 
 bool errorIsTerminal() {
   return _isatty(_fileno(stderr)) != 0;
+}
+
+bool outputIsTerminal() {
+  return _isatty(_fileno(stdout)) != 0;
 }
 
 }  // namespace quorvan::tool

@@ -1,8 +1,9 @@
 #include <tools/diff/candidates.h>
+#include <tools/text/keyed_hash.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
-#include <functional>
 
 namespace quorvan::tool {
 
@@ -17,7 +18,7 @@ std::uint64_t mixed(std::uint64_t key, std::uint64_t value) {
 }
 
 std::uint64_t hashOf(double value) {
-  return std::hash<double>()(value);
+  return KeyedHash()(std::bit_cast<std::int64_t>(value));
 }
 
 }  // namespace
@@ -26,12 +27,16 @@ Candidates::Candidates(double tolerance)
     : m_tolerance(tolerance), m_cell(std::max(kLeastCell, kCellsPerTolerance * tolerance)) {}
 
 void Candidates::add(const std::string& text, const Coordinates& point, std::uint32_t place) {
-  m_places[keyOf(std::hash<std::string>()(text), point.x, point.y, point.z)].places.push_back(
+  m_places[keyOf(KeyedHash()(std::string_view(text)), point.x, point.y, point.z)].places.push_back(
       place);
 }
 
 std::uint64_t Candidates::keyOf(std::uint64_t text, double x, double y, double z) const {
   std::uint64_t key = text;
+  // Under a tolerance without bound all places are one.
+  if (!std::isfinite(m_cell)) {
+    return key;
+  }
   for (const double value : {x, y, z}) {
     key = mixed(key, hashOf(std::floor(value / m_cell) + 0.0));
   }
@@ -40,8 +45,9 @@ std::uint64_t Candidates::keyOf(std::uint64_t text, double x, double y, double z
 
 std::vector<std::uint64_t> Candidates::keysNear(const std::string& text,
                                                 const Coordinates& point) const {
-  const std::uint64_t textKey = std::hash<std::string>()(text);
-  std::vector<std::uint64_t> keys;
+  const std::uint64_t textKey = KeyedHash()(std::string_view(text));
+  // The point's own cell comes first, so that of equal elements each finds itself.
+  std::vector<std::uint64_t> keys{keyOf(textKey, point.x, point.y, point.z)};
   for (const double dx : {-m_tolerance, m_tolerance}) {
     for (const double dy : {-m_tolerance, m_tolerance}) {
       for (const double dz : {-m_tolerance, m_tolerance}) {

@@ -6,6 +6,7 @@
 #include <tools/diff/candidates.h>
 #include <tools/diff/element_content.h>
 #include <tools/model/bar.h>
+#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -227,7 +228,8 @@ class Comparison {
 
 std::vector<Difference> compareFiles(const TransferFile& before, const TransferFile& after,
                                      double tolerance, Console& console) {
-  Progress progress(console, "comparing " + before.name() + " and " + after.name());
+  Progress progress(console,
+                    "comparing " + printable(before.name()) + " and " + printable(after.name()));
   return Comparison(before, after, tolerance).compare(progress);
 }
 

@@ -118,15 +118,12 @@ std::vector<std::pair<std::string, std::string>> ContentReader::texts(const Elem
 }
 
 std::string ContentReader::repeatedBar(const std::vector<ItemValue>& items) {
-  const Repartition series = toRepartition(items);
-  const Element* const target = m_index.find(series.className, series.index);
-  const auto shape = barShapeOf(series.className);
-  if (target == nullptr || !shape) {
+  const Bar* const bar = m_repeated.find(toRepartition(items));
+  if (bar == nullptr) {
     return "none";
   }
-  const Bar bar = toBar(*shape, m_target.read(*target));
-  return "mark " + std::to_string(bar.reference) + ", diameter " + rounded(bar.diameter, 3) + ' ' +
-         bar.grade;
+  return "mark " + std::to_string(bar->reference) + ", diameter " + rounded(bar->diameter, 3) +
+         ' ' + bar->grade;
 }
 
 bool areEqual(const Content& a, const Content& b, double tolerance) {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <tools/model/item_reader.h>
-#include <tools/model/repartition.h>
+#include <tools/model/repeated_bars.h>
 
 namespace quorvan::tool {
 
@@ -20,8 +20,7 @@ struct Content {
 /// Reads contents from one file.
 class ContentReader {
  public:
-  explicit ContentReader(const TransferFile& file)
-      : m_reader(file), m_target(file), m_index(file) {}
+  explicit ContentReader(const TransferFile& file) : m_reader(file), m_repeated(file) {}
 
   /// Valid until the next call.
   const Content& read(const Element& element);
@@ -37,8 +36,7 @@ class ContentReader {
   [[nodiscard]] std::string repeatedBar(const std::vector<ItemValue>& items);
 
   ItemReader m_reader;
-  ItemReader m_target;  // of the bars that repartitions repeat
-  ElementIndex m_index;
+  RepeatedBars m_repeated;
   Content m_content;
 };
 

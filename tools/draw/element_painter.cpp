@@ -41,13 +41,9 @@ void ElementPainter::drawSeries(const Element& element, const Repartition& serie
     return;
   }
   m_sink.begin(element.place, series.isHidden);
-  const Element* const target = m_index.find(series.className, series.index);
-  const auto shape = barShapeOf(series.className);
-  if (target == nullptr || !shape) {
-    return drawRepartition(series, nullptr, m_labels != nullptr, m_sink);
-  }
-  const Bar bar = toBar(*shape, m_targets.read(*target));
-  drawRepartition(series, &bar, m_labels != nullptr && !isNamed(series, bar), m_sink);
+  const Bar* const bar = m_repeated.find(series);
+  const bool isLabelled = m_labels != nullptr && (bar == nullptr || !isNamed(series, *bar));
+  drawRepartition(series, bar, isLabelled, m_sink);
 }
 
 // Whether a text of the drawing says what the series is.

@@ -4,6 +4,7 @@
 #include <tools/draw/labels/mark_labels.h>
 #include <tools/draw/shapes/element_shapes.h>
 #include <tools/model/item_reader.h>
+#include <tools/model/repeated_bars.h>
 
 namespace quorvan::tool {
 
@@ -11,7 +12,7 @@ class ElementPainter {
  public:
   /// Draws into the sink; tells the labels, unless null, of each bar that is drawn.
   ElementPainter(const TransferFile& file, ShapeSink& sink, MarkLabels* labels)
-      : m_sink(sink), m_labels(labels), m_reader(file), m_targets(file), m_index(file) {}
+      : m_sink(sink), m_labels(labels), m_reader(file), m_repeated(file) {}
 
   /// Draws an element of a known class; a hidden bar only where they are wanted.
   void draw(const Element& element);
@@ -25,8 +26,7 @@ class ElementPainter {
   ShapeSink& m_sink;
   MarkLabels* m_labels;
   ItemReader m_reader;
-  ItemReader m_targets;
-  ElementIndex m_index;
+  RepeatedBars m_repeated;
 };
 
 }  // namespace quorvan::tool

@@ -8,6 +8,7 @@
 #include <tools/draw/labels/legend.h>
 #include <tools/draw/labels/title_block.h>
 #include <tools/draw/scene/painted_box.h>
+#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -144,7 +145,7 @@ class Builder {
 }  // namespace
 
 SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console) {
-  Progress progress(console, "drawing " + file.name());
+  Progress progress(console, "drawing " + printable(file.name()));
   return Builder(file, options, progress).build();
 }
 

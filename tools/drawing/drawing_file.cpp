@@ -5,6 +5,7 @@
 #include <tools/console/console.h>
 #include <tools/console/terminal.h>
 #include <tools/drawing/element_lines.h>
+#include <tools/files/input_file.h>
 #include <tools/files/source_text.h>
 #include <tools/model/control_members.h>
 
@@ -95,7 +96,11 @@ DrawingEntry entryFromJson(const Json& object) {
     throw WrongMember("\"series\" must be an array and the only member");
   }
   for (const Json& frame : series) {
-    entry.series.push_back(frameFromJson(frame));
+    try {
+      entry.series.push_back(frameFromJson(frame));
+    } catch (const WrongMember& wrong) {
+      throw WrongMember("series[" + std::to_string(entry.series.size()) + "]: " + wrong.what());
+    }
   }
   return entry;
 }
@@ -108,7 +113,28 @@ std::string describe(std::size_t place, const Json& object) {
   return text + ": ";
 }
 
+// How many brackets are open at most; a drawing has seven.
+std::size_t depthOf(std::string_view json) {
+  std::size_t depth = 0;
+  std::size_t deepest = 0;
+  for (std::size_t at = 0; (at = json.find_first_of("\"{}[]", at)) < json.size(); ++at) {
+    if (json[at] == '"') {
+      at = endOfString(json, at) - 1;
+    } else if (json[at] == '{' || json[at] == '[') {
+      deepest = std::max(deepest, ++depth);
+    } else {
+      depth -= depth == 0 ? 0U : 1U;
+    }
+  }
+  return deepest;
+}
+
 Json parseJson(const std::string& name, const std::string& text) {
+  constexpr std::size_t kDeepest = 64;
+  if (depthOf(text) > kDeepest) {
+    throw Failure(name + ": no drawing: brackets within brackets, more than " +
+                  std::to_string(kDeepest) + " deep");
+  }
   try {
     return Json::parse(text);
   } catch (const Json::exception& error) {
@@ -135,7 +161,8 @@ void readElements(const std::string& name, const std::string& text, const Json& 
 }  // namespace
 
 DrawingInput readDrawing(const std::string& name) {
-  const std::string text = readBytes(toPath(name));
+  const InputFile input(name);
+  const std::string text = readBytes(input.path(), input.name());
   const Json root = parseJson(name, text);
   DrawingInput drawing;
   try {

@@ -3,6 +3,7 @@
 #include <quorvan/elements/repartition.h>
 #include <quorvan/export/export.h>
 #include <quorvan/export/filing/filing_state.h>
+#include <quorvan/export/series/repartition_writer.h>
 #include <quorvan/text/utf8.h>
 
 #include <tools/console/console.h>
@@ -279,6 +280,10 @@ void pushSeries(const std::vector<FrameInput>& frames) {
                              frame.diameter, frame.hidden, static_cast<long>(frame.keyC),
                              static_cast<int>(frame.viewPoint), static_cast<int>(frame.lastInt));
   }
+}
+
+void fileSeries() {
+  writeHeldSeries();
 }
 
 }  // namespace quorvan::tool

@@ -12,4 +12,7 @@ void exportElement(const ElementInput& element);
 /// Pushes the frames of a series.
 void pushSeries(const std::vector<FrameInput>& frames);
 
+/// Files the series that were pushed, which otherwise waits for the end of the filing.
+void fileSeries();
+
 }  // namespace quorvan::tool

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <quorvan/text/utf8.h>
 
@@ -118,6 +119,16 @@ void refuseUnknownMembers(const Json& object, const items::ElementSchema& schema
 }  // namespace
 
 double doubleFromJson(const Json& value, const std::string& name) {
+  if (value.is_string()) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    const std::string& text = value.get_ref<const std::string&>();
+    if (text == "inf" || text == "-inf") {
+      return text.front() == '-' ? -kInfinity : kInfinity;
+    }
+    if (text == "nan") {
+      return std::numeric_limits<double>::quiet_NaN();
+    }
+  }
   if (!value.is_number()) {
     refuse(name, "a number", value);
   }
@@ -126,7 +137,7 @@ double doubleFromJson(const Json& value, const std::string& name) {
 
 std::int64_t longFromJson(const Json& value, const std::string& name, std::int64_t largest) {
   const double number = doubleFromJson(value, name);
-  if (number != std::floor(number) || number < static_cast<double>(kLeastLong) ||
+  if (!(number == std::floor(number)) || number < static_cast<double>(kLeastLong) ||
       number > static_cast<double>(largest)) {
     refuse(name, "a whole number of 32 bits", value);
   }

@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::size_t kElementsDepth = 2;
 
-// The end of the string that begins at `at`, behind its quote.
+}  // namespace
+
 std::size_t endOfString(std::string_view json, std::size_t at) {
   for (++at; at < json.size() && json[at] != '"'; ++at) {
     if (json[at] == '\\') {
@@ -17,8 +18,6 @@ std::size_t endOfString(std::string_view json, std::size_t at) {
   }
   return std::min(at + 1, json.size());
 }
-
-}  // namespace
 
 std::size_t lineOfElement(std::string_view json, std::size_t place) {
   constexpr std::string_view kBlanks = " \t\r\n";

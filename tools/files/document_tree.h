@@ -11,6 +11,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include <tools/text/keyed_hash.h>
+
 namespace quorvan::tool {
 
 /// A place in the file, in lines and characters from 1; line 0 where it is not known.
@@ -24,7 +26,8 @@ struct Attribute {
   std::string_view value;
 };
 
-/// A node below the document: an element, or one of the others by its "#" name.
+/// A node below the document: an element by its name, or another one by its "#" name, a processing
+/// instruction by "?" and its target.
 struct Node {
   std::string_view name;
   std::uint32_t firstAttribute = 0;
@@ -33,7 +36,9 @@ struct Node {
   std::uint32_t nextSibling = 0;  // 0: none
   Position position;
 
-  [[nodiscard]] bool isElement() const noexcept { return !name.empty() && name.front() != '#'; }
+  [[nodiscard]] bool isElement() const noexcept {
+    return !name.empty() && name.front() != '#' && name.front() != '?';
+  }
 };
 
 class DocumentTree {
@@ -78,7 +83,7 @@ class DocumentTree {
   std::vector<std::unique_ptr<char[]>> m_blocks;
   std::size_t m_room = 0;
   char* m_next = nullptr;
-  std::unordered_set<std::string_view> m_names;
+  std::unordered_set<std::string_view, KeyedHash> m_names;
 };
 
 }  // namespace quorvan::tool

@@ -17,13 +17,19 @@ bool isForbidden(std::uint64_t character) {
          character == 0xFFFF || character > 0x10FFFF;
 }
 
+// U+FFFE, U+FFFF and the surrogates, which UTF-16 can hold alone.
+bool isForbiddenSequence(std::string_view text) {
+  return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF") ||
+         (text.size() > 2 && text[0] == '\xED' && static_cast<unsigned char>(text[1]) >= 0xA0);
+}
+
 // Length of the forbidden character that the text begins with; 0 for any other beginning.
 std::size_t forbiddenLength(std::string_view text, bool isSingleByte) {
   const auto first = static_cast<unsigned char>(text.front());
   if (first < 0x20) {
     return isForbidden(first) ? 1 : 0;
   }
-  if (!isSingleByte && (text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF"))) {
+  if (!isSingleByte && isForbiddenSequence(text)) {
     return 3;
   }
   if (!text.starts_with("&#")) {
@@ -45,33 +51,25 @@ std::size_t forbiddenLength(std::string_view text, bool isSingleByte) {
 
 }  // namespace
 
-CleanedSource withoutForbiddenCharacters(const std::string& bytes, const SourceEncoding& encoding) {
-  CleanedSource cleaned;
-  if (encoding.isUtf16) {
-    cleaned.bytes = bytes;
-    return cleaned;
-  }
+CleanedText withoutForbiddenCharacters(std::string_view text, bool isSingleByte) {
+  CleanedText cleaned;
   Position position{1, 1};
-  const std::string_view text = bytes;
-  // The mark in front is no character of the text.
-  const std::size_t mark = encoding.hasMark ? kUtf8Mark.size() : 0;
-  cleaned.bytes = text.substr(0, mark);
-  for (std::size_t at = mark; at < text.size();) {
+  for (std::size_t at = 0; at < text.size();) {
     const char unit = text[at];
-    if (const std::size_t length = forbiddenLength(text.substr(at), encoding.isSingleByte)) {
-      cleaned.bytes += kReplacement;
+    if (const std::size_t length = forbiddenLength(text.substr(at), isSingleByte)) {
+      cleaned.text += kReplacement;
       cleaned.places.push_back(position);
       position.column += unit == '&' ? static_cast<std::uint32_t>(length) : 1U;
       at += length;
       continue;
     }
-    cleaned.bytes += unit;
+    cleaned.text += unit;
     ++at;
     if (unit == '\n' || (unit == '\r' && (at == text.size() || text[at] != '\n'))) {
       ++position.line;
       position.column = 1;
     } else if (unit != '\r' &&
-               (encoding.isSingleByte || (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U)) {
+               (isSingleByte || (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U)) {
       ++position.column;
     }
   }

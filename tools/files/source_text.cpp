@@ -1,7 +1,9 @@
 #include <tools/files/source_text.h>
 
+#include <cerrno>
 #include <fstream>
 #include <system_error>
+#include <vector>
 
 #include <quorvan/text/utf8.h>
 
@@ -49,6 +51,13 @@ bool isUtf8Name(std::string_view name) {
   return true;
 }
 
+// What begins a UTF-16 file without a mark.
+bool beginsWithoutMark(std::string_view bytes, bool isBigEndian) {
+  constexpr std::string_view kLittle("<\0?\0x\0", 6);
+  constexpr std::string_view kBig("\0<\0?\0x", 6);
+  return bytes.starts_with(isBigEndian ? kBig : kLittle);
+}
+
 std::string fromUtf16(std::string_view bytes, bool isBigEndian) {
   std::string text;
   text.reserve(bytes.size() / 2);
@@ -71,114 +80,49 @@ std::string fromUtf16(std::string_view bytes, bool isBigEndian) {
   return text;
 }
 
-// Goes through a well-formed document and notes where its start tags stand.
-class TagWalk {
- public:
-  TagWalk(std::string_view text, bool isSingleByte) : m_text(text), m_isSingleByte(isSingleByte) {}
-
-  std::vector<Position> positions(Progress& progress) {
-    std::vector<Position> found;
-    for (std::size_t at = m_text.find('<'); at != std::string_view::npos;
-         at = m_text.find('<', at)) {
-      progress.report(at, m_text.size());
-      if (isStartTag(at)) {
-        goTo(at);
-        found.push_back(m_position);
-      }
-      at = endOfMarkup(at);
-    }
-    return found;
+std::string toUtf16(std::string_view text, const SourceEncoding& encoding) {
+  std::string bytes;
+  bytes.reserve(2 * text.size() + 2);
+  const auto append = [&](char32_t unit) {
+    const char high = static_cast<char>((unit >> 8U) & 0xFFU);
+    const char low = static_cast<char>(unit & 0xFFU);
+    bytes += encoding.isBigEndian ? high : low;
+    bytes += encoding.isBigEndian ? low : high;
+  };
+  if (encoding.hasMark) {
+    append(0xFEFF);
   }
-
- private:
-  [[nodiscard]] bool isStartTag(std::size_t at) const {
-    const char next = at + 1 < m_text.size() ? m_text[at + 1] : '/';
-    return next != '/' && next != '!' && next != '?';
-  }
-
-  [[nodiscard]] std::size_t endOfMarkup(std::size_t at) const {
-    const std::string_view rest = m_text.substr(at);
-    if (rest.starts_with("<!--")) {
-      return behind("-->", at + 4);
-    }
-    if (rest.starts_with("<![CDATA[")) {
-      return behind("]]>", at);
-    }
-    if (rest.starts_with("<?")) {
-      return behind("?>", at);
-    }
-    if (rest.starts_with("<!DOCTYPE")) {
-      return endOfDoctype(at + 1);
-    }
-    return endOfTag(at + 1);
-  }
-
-  [[nodiscard]] std::size_t behind(std::string_view end, std::size_t at) const {
-    const std::size_t found = m_text.find(end, at);
-    return found == std::string_view::npos ? m_text.size() : found + end.size();
-  }
-
-  [[nodiscard]] std::size_t endOfTag(std::size_t at) const {
-    while ((at = m_text.find_first_of("\"'>", at)) != std::string_view::npos) {
-      if (m_text[at] == '>') {
-        return at + 1;
-      }
-      at = behind(m_text.substr(at, 1), at + 1);
-    }
-    return m_text.size();
-  }
-
-  [[nodiscard]] std::size_t endOfDoctype(std::size_t at) const {
-    std::size_t open = 0;
-    while ((at = m_text.find_first_of("\"'<>[]", at)) != std::string_view::npos) {
-      const char unit = m_text[at];
-      if (unit == '"' || unit == '\'') {
-        at = behind(m_text.substr(at, 1), at + 1);
-      } else if (m_text.substr(at).starts_with("<!--") || m_text.substr(at).starts_with("<?")) {
-        at = endOfMarkup(at);
-      } else {
-        ++at;
-        if (unit == '<' || unit == '[') {
-          ++open;
-        } else if (open == 0) {
-          return at;
-        } else {
-          --open;
-        }
-      }
-    }
-    return m_text.size();
-  }
-
-  void goTo(std::size_t at) {
-    for (; m_at < at; ++m_at) {
-      const char unit = m_text[m_at];
-      if (unit == '\n' || (unit == '\r' && m_text[m_at + 1] != '\n')) {
-        ++m_position.line;
-        m_position.column = 1;
-      } else if (unit != '\r' &&
-                 (m_isSingleByte || (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U)) {
-        ++m_position.column;
-      }
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (at != end) {
+    const char32_t character = decodeUtf8(at, end);
+    if (character > 0xFFFF) {
+      append(0xD800 + ((character - 0x10000) >> 10U));
+      append(0xDC00 + ((character - 0x10000) & 0x3FFU));
+    } else {
+      append(character);
     }
   }
-
-  std::string_view m_text;
-  bool m_isSingleByte;
-  std::size_t m_at = 0;
-  Position m_position{1, 1};
-};
+  return bytes;
+}
 
 }  // namespace
 
-std::string readBytes(const std::filesystem::path& path) {
+std::string readBytes(const std::filesystem::path& path, const std::string& name) {
   std::error_code error;
-  if (std::filesystem::is_directory(path, error)) {
-    throw Failure(toUtf8(path) + ": is a folder");
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (status.type() == std::filesystem::file_type::not_found) {
+    throw Unreadable(name, "no such file");
+  }
+  if (std::filesystem::is_directory(status)) {
+    throw Unreadable(name, "is a folder");
+  }
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+    throw Unreadable(name, "is no file, but a device or a pipe");
   }
   std::ifstream in(path, std::ios::binary);
   if (!in) {
-    throw Failure(toUtf8(path) + ": no such file, or no right to read it");
+    throw Unreadable(name, "no right to read it");
   }
   std::string bytes;
   std::vector<char> block(std::size_t{1024} * 1024);
@@ -187,9 +131,19 @@ std::string readBytes(const std::filesystem::path& path) {
     bytes.append(block.data(), static_cast<std::size_t>(in.gcount()));
   }
   if (in.bad()) {
-    throw Failure(toUtf8(path) + ": reading failed");
+    throw Unreadable(name, "reading failed");
   }
   return bytes;
+}
+
+void writeBytes(const std::filesystem::path& path, std::string_view bytes) {
+  std::ofstream out(path, std::ios::binary);
+  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  out.close();
+  if (!out) {
+    throw Failure(toUtf8(path) + ": cannot be written: " +
+                  std::error_code(errno, std::generic_category()).message());
+  }
 }
 
 std::string SourceEncoding::name() const {
@@ -202,27 +156,31 @@ std::string SourceEncoding::name() const {
 SourceEncoding encodingOf(std::string_view bytes) {
   constexpr std::size_t kBeginning = 1024;
   SourceEncoding encoding;
-  const bool isLittleEndian = bytes.starts_with(kLittleEndianMark);
-  encoding.isBigEndian = bytes.starts_with(kBigEndianMark);
-  encoding.isUtf16 = isLittleEndian || encoding.isBigEndian;
-  encoding.hasMark = encoding.isUtf16 || bytes.starts_with(kUtf8Mark);
+  const bool hasBigMark = bytes.starts_with(kBigEndianMark);
+  const bool hasMark16 = hasBigMark || bytes.starts_with(kLittleEndianMark);
+  encoding.isBigEndian = hasBigMark || beginsWithoutMark(bytes, true);
+  encoding.isUtf16 = hasMark16 || encoding.isBigEndian || beginsWithoutMark(bytes, false);
+  encoding.hasMark = hasMark16 || bytes.starts_with(kUtf8Mark);
   const std::string beginning = plainText(bytes.substr(0, kBeginning), encoding);
   encoding.declared = declarationPart(beginning, "encoding");
-  encoding.isSingleByte =
-      !encoding.hasMark && !encoding.declared.empty() && !isUtf8Name(encoding.declared);
+  encoding.isSingleByte = !encoding.hasMark && !encoding.isUtf16 && !encoding.declared.empty() &&
+                          !isUtf8Name(encoding.declared);
   return encoding;
 }
 
 std::string plainText(std::string_view bytes, const SourceEncoding& encoding) {
   if (encoding.isUtf16) {
-    return fromUtf16(bytes.substr(kLittleEndianMark.size()), encoding.isBigEndian);
+    return fromUtf16(bytes.substr(encoding.hasMark ? kLittleEndianMark.size() : 0),
+                     encoding.isBigEndian);
   }
   return std::string(bytes.substr(encoding.hasMark ? kUtf8Mark.size() : 0));
 }
 
-std::vector<Position> startTagPositions(std::string_view text, bool isSingleByte,
-                                        Progress& progress) {
-  return TagWalk(text, isSingleByte).positions(progress);
+std::string sourceBytes(std::string_view text, const SourceEncoding& encoding) {
+  if (encoding.isUtf16) {
+    return toUtf16(text, encoding);
+  }
+  return std::string(encoding.hasMark ? kUtf8Mark : std::string_view()) + std::string(text);
 }
 
 }  // namespace quorvan::tool

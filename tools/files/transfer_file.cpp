@@ -1,6 +1,5 @@
 #include <tools/files/transfer_file.h>
 
-#include <fstream>
 #include <unordered_map>
 #include <utility>
 
@@ -8,8 +7,11 @@
 
 #include <tools/console/terminal.h>
 #include <tools/files/forbidden_characters.h>
+#include <tools/files/refusal_wording.h>
 #include <tools/files/temporary_folder.h>
 #include <tools/files/tree_loader.h>
+#include <tools/text/keyed_hash.h>
+#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -29,54 +31,54 @@ std::string whereAndWhy(const std::string& file, const Refusal& refusal) {
 NotWellFormed::NotWellFormed(const std::string& file, Refusal refusal)
     : Failure(whereAndWhy(file, refusal)), m_refusal(std::move(refusal)) {}
 
-TransferFile::TransferFile(const std::string& name, Console& console, Tolerance tolerance)
-    : m_name(name) {
-  const std::filesystem::path path = toPath(name);
-  Progress progress(console, "reading " + name);
-  std::vector<Position> positions;
+TransferFile::TransferFile(const InputFile& input, Console& console, Tolerance tolerance)
+    : m_name(input.name()) {
+  const std::filesystem::path& path = input.path();
+  Progress progress(console, "reading " + printable(m_name));
   {
-    const std::string bytes = readBytes(path);
+    const std::string bytes = readBytes(path, m_name);
     m_size = bytes.size();
     m_encoding = encodingOf(bytes);
-    positions = startTagPositions(plainText(bytes, m_encoding), m_encoding.isSingleByte, progress);
+    m_places = findPlaces(plainText(bytes, m_encoding), m_encoding.isSingleByte, progress);
   }
-  if (!load(path, positions, progress)) {
-    const std::string bytes = readBytes(path);
-    if (tolerance == Tolerance::kNone || !loadCleaned(bytes, positions, progress)) {
-      throw NotWellFormed(m_name, findRefusal(path, bytes));
+  if (!load(path, progress)) {
+    const std::string bytes = readBytes(path, m_name);
+    if (tolerance == Tolerance::kNone || !loadCleaned(bytes, progress)) {
+      throw NotWellFormed(m_name, inWords(findRefusal(path, bytes), bytes));
     }
   }
+  m_places.elements = {};
   collectElements();
   if (!m_nodeBeforeRoot.empty() && tolerance == Tolerance::kNone) {
-    console.err << name << ": warning: \"" << m_nodeBeforeRoot
+    console.err << printable(m_name) << ": warning: \"" << printable(m_nodeBeforeRoot)
                 << "\" stands before the root element: programs that read this file find no "
                    "element in it\n";
   }
 }
 
-bool TransferFile::load(const std::filesystem::path& path, const std::vector<Position>& positions,
-                        Progress& progress) {
-  DocumentLoad loaded = loadDocument(path, positions, progress);
+bool TransferFile::load(const std::filesystem::path& path, Progress& progress) {
+  DocumentLoad loaded = loadDocument(path, m_places.elements, progress);
   m_tree = std::move(loaded.tree);
+  m_isPlaced = loaded.isPlaced;
   m_nodeBeforeRoot = std::move(loaded.nodeBeforeRoot);
   return loaded.isWellFormed;
 }
 
-bool TransferFile::loadCleaned(const std::string& bytes, const std::vector<Position>& positions,
-                               Progress& progress) {
-  CleanedSource cleaned = withoutForbiddenCharacters(bytes, m_encoding);
+bool TransferFile::loadCleaned(const std::string& bytes, Progress& progress) {
+  CleanedText cleaned =
+      withoutForbiddenCharacters(plainText(bytes, m_encoding), m_encoding.isSingleByte);
   if (cleaned.places.empty()) {
     return false;
   }
   const TemporaryFolder folder(std::filesystem::temp_directory_path());
   const std::filesystem::path copy = folder.path() / "cleaned.xml";
-  std::ofstream(copy, std::ios::binary) << cleaned.bytes;
+  writeBytes(copy, sourceBytes(cleaned.text, m_encoding));
   m_forbiddenCharacters = std::move(cleaned.places);
-  return load(copy, positions, progress);
+  return load(copy, progress);
 }
 
 void TransferFile::collectElements() {
-  std::unordered_map<std::string_view, std::uint32_t> counts;
+  std::unordered_map<std::string_view, std::uint32_t, KeyedHash> counts;
   for (const Node* node = m_tree.firstChild(m_tree.root()); node != nullptr;
        node = m_tree.nextSibling(*node)) {
     if (!node->isElement()) {

@@ -14,6 +14,8 @@
 
 #include <tools/console/console.h>
 #include <tools/files/document_tree.h>
+#include <tools/files/input_file.h>
+#include <tools/files/source_places.h>
 #include <tools/files/source_text.h>
 #include <tools/files/well_formedness.h>
 
@@ -49,7 +51,9 @@ class TransferFile {
  public:
   /// Reads the file. Raises NotWellFormed, or Failure when it cannot be read at all. Elements that
   /// readers of the library would not find are warned of on `console`.
-  TransferFile(const std::string& name, Console& console, Tolerance tolerance = Tolerance::kNone);
+  TransferFile(const InputFile& input, Console& console, Tolerance tolerance = Tolerance::kNone);
+  TransferFile(const std::string& name, Console& console, Tolerance tolerance = Tolerance::kNone)
+      : TransferFile(InputFile(name), console, tolerance) {}
 
   /// The name as it was given.
   [[nodiscard]] const std::string& name() const noexcept { return m_name; }
@@ -62,6 +66,19 @@ class TransferFile {
   /// in; empty when there is none.
   [[nodiscard]] const std::string& nodeBeforeRoot() const noexcept { return m_nodeBeforeRoot; }
 
+  /// Whether the source says all there is, each at its place: nothing comes out of entities or
+  /// declared attributes.
+  [[nodiscard]] bool isPlain() const noexcept { return m_isPlaced && !m_places.hasDeclarations; }
+
+  /// What stands between the declaration and the root element.
+  [[nodiscard]] const std::vector<StrayNode>& nodesBeforeRoot() const noexcept {
+    return m_places.beforeRoot;
+  }
+  /// What stands below the root element and is neither element nor comment.
+  [[nodiscard]] const std::vector<StrayNode>& nodesBelowRoot() const noexcept {
+    return m_places.below;
+  }
+
   /// Where characters stood that XML forbids and that were tolerated; U+FFFD is read there.
   [[nodiscard]] const std::vector<Position>& forbiddenCharacters() const noexcept {
     return m_forbiddenCharacters;
@@ -71,15 +88,15 @@ class TransferFile {
   [[nodiscard]] std::string_view indexOf(const Element& element) const noexcept;
 
  private:
-  [[nodiscard]] bool load(const std::filesystem::path& path, const std::vector<Position>& positions,
-                          Progress& progress);
-  [[nodiscard]] bool loadCleaned(const std::string& bytes, const std::vector<Position>& positions,
-                                 Progress& progress);
+  [[nodiscard]] bool load(const std::filesystem::path& path, Progress& progress);
+  [[nodiscard]] bool loadCleaned(const std::string& bytes, Progress& progress);
   void collectElements();
 
   std::string m_name;
   std::uint64_t m_size = 0;
   SourceEncoding m_encoding;
+  SourcePlaces m_places;
+  bool m_isPlaced = false;
   DocumentTree m_tree;
   std::vector<Element> m_elements;
   std::string m_nodeBeforeRoot;

@@ -68,8 +68,9 @@ class TreeCopy {
   std::uint32_t add(const IXMLDOMNodePtr& node) {
     const dom::NodeName name = dom::nodeName(node);
     const bool isElement = dom::hasAttributes(node);
-    const std::uint32_t number =
-        m_tree.addNode(name.view().text(), isElement ? countElement(node) : Position());
+    const std::uint32_t number = isElement
+                                     ? m_tree.addNode(name.view().text(), countElement(node))
+                                     : m_tree.addNode(markedName(name.view().text()), Position());
     if (isElement) {
       for (dom::AttributeCursor cursor(node); cursor.next();) {
         m_value.clear();
@@ -78,6 +79,15 @@ class TreeCopy {
       }
     }
     return number;
+  }
+
+  // A processing instruction may have the name of an element.
+  std::string_view markedName(std::string_view name) {
+    if (name.starts_with('#')) {
+      return name;
+    }
+    m_name.assign(1, '?').append(name);
+    return m_name;
   }
 
   Position countElement(const IXMLDOMNodePtr& node) {
@@ -95,6 +105,7 @@ class TreeCopy {
   std::vector<Level> m_levels;
   std::size_t m_elements = 0;
   std::string m_value;
+  std::string m_name;
 };
 
 std::string hexadecimal(HRESULT result) {
@@ -139,7 +150,8 @@ DocumentLoad tryLoading(const std::filesystem::path& path, const std::vector<Pos
   }
   TreeCopy copy(result.tree, positions, progress);
   copy.copy(root);
-  if (!copy.isComplete()) {
+  result.isPlaced = copy.isComplete();
+  if (!result.isPlaced) {
     result.tree.forgetPositions();
   }
   result.isWellFormed = true;

@@ -12,6 +12,7 @@ namespace quorvan::tool {
 
 struct DocumentLoad {
   bool isWellFormed = false;
+  bool isPlaced = false;  // every element has its place in the source
   DocumentTree tree;
   std::string nodeBeforeRoot;  // that readers take for the root element; empty when there is none
 };

@@ -1,10 +1,10 @@
-// A folder of its own for the time of a filing: the library keeps its scratch file in the current
-// folder, and adds to a file that is there already.
+// Results on their way to where the user wants them.
 #pragma once
 
 #include <filesystem>
 #include <string>
 
+#include <tools/console/console.h>
 #include <tools/files/temporary_folder.h>
 
 namespace quorvan::tool {
@@ -12,25 +12,45 @@ namespace quorvan::tool {
 /// Raises Failure when the output is the input, under whatever name: what is read is never changed.
 void refuseSameFile(const std::string& input, const std::string& output);
 
-/// Made beside the file to be written and made the current folder; both are taken back at the end.
+/// The current folder for the time of a filing: the library keeps its scratch file there.
+class CurrentFolder {
+ public:
+  explicit CurrentFolder(const std::filesystem::path& folder);
+  CurrentFolder(const CurrentFolder&) = delete;
+  CurrentFolder& operator=(const CurrentFolder&) = delete;
+  ~CurrentFolder();
+
+ private:
+  std::filesystem::path m_before;
+};
+
+/// Made beside the file to be written, so that this can be put in place in one step.
 class WorkFolder {
  public:
-  /// Raises Failure when it cannot be made.
-  explicit WorkFolder(const std::filesystem::path& target);
+  /// `target` is the name that the user gave: of a file, of a link to one, of a device or pipe, or
+  /// "-" for the output of `console`. Raises Failure when nothing can be written there.
+  WorkFolder(const std::string& target, Console& console);
   WorkFolder(const WorkFolder&) = delete;
   WorkFolder& operator=(const WorkFolder&) = delete;
-  ~WorkFolder();
+  ~WorkFolder() = default;
 
+  [[nodiscard]] const std::filesystem::path& path() const noexcept { return m_folder.path(); }
   /// Where to write.
   [[nodiscard]] std::filesystem::path file() const;
 
-  /// Puts what was written in the place of the target, in one step. Raises Failure.
+  /// Brings what was written to the target: a file is replaced in one step and keeps its
+  /// permissions, a device or pipe is written to. Raises Failure.
   void moveToTarget() const;
 
  private:
-  std::filesystem::path m_target;
+  void replaceTarget() const;
+  void writeToTarget() const;
+
+  std::string m_name;
+  Console& m_console;
+  std::filesystem::path m_target;  // empty for the output of the console
+  bool m_isFile;                   // or nothing as yet: what is put in place in one step
   TemporaryFolder m_folder;
-  std::filesystem::path m_before;
 };
 
 }  // namespace quorvan::tool

@@ -7,7 +7,9 @@
 
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
+#include <tools/model/repeated_bars.h>
 #include <tools/model/series_layout.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -15,7 +17,7 @@ namespace {
 
 std::vector<ClassCount> countClasses(const TransferFile& file) {
   std::vector<ClassCount> classes;
-  std::unordered_map<std::string_view, std::size_t> places;
+  std::unordered_map<std::string_view, std::size_t, KeyedHash> places;
   for (const Element& element : file.elements()) {
     const auto [known, isNew] = places.emplace(element.className(), classes.size());
     if (isNew) {
@@ -37,8 +39,8 @@ std::optional<ControlSummary> summarizeControl(const TransferFile& file, ItemRea
                         findItem(items, "CheckSum")->integer};
 }
 
-SeriesSummary summarizeSeries(const TransferFile& file, const Element& element,
-                              const ElementIndex& index, ItemReader& reader) {
+SeriesSummary summarizeSeries(const TransferFile& file, const Element& element, RepeatedBars& bars,
+                              ItemReader& reader) {
   const Repartition series = toRepartition(reader.read(element));
   SeriesSummary summary;
   summary.index = file.indexOf(element);
@@ -46,14 +48,11 @@ SeriesSummary summarizeSeries(const TransferFile& file, const Element& element,
   summary.barIndex = series.index;
   summary.number = series.number();
   summary.isHidden = series.isHidden;
-  const Element* const target = index.find(series.className, series.index);
-  const auto shape = barShapeOf(series.className);
-  std::optional<Bar> bar;
-  if (target != nullptr && shape) {
-    bar = toBar(*shape, reader.read(*target));
+  const Bar* const bar = bars.find(series);
+  if (bar != nullptr) {
     summary.reference = bar->reference;
   }
-  summary.spacings = statedSpacings(series, bar ? &*bar : nullptr);
+  summary.spacings = statedSpacings(series, bar);
   return summary;
 }
 
@@ -61,7 +60,7 @@ SeriesSummary summarizeSeries(const TransferFile& file, const Element& element,
 void countElements(const TransferFile& file, ItemReader& reader, FileSummary& summary) {
   std::map<std::pair<double, std::string>, BarCount> bars;
   std::set<std::int64_t> references;
-  const ElementIndex index(file);
+  RepeatedBars repeated(file);
   for (const Element& element : file.elements()) {
     if (const auto shape = barShapeOf(element)) {
       const Bar bar = toBar(*shape, reader.read(element));
@@ -69,7 +68,7 @@ void countElements(const TransferFile& file, ItemReader& reader, FileSummary& su
       references.insert(bar.reference);
       summary.hidden += bar.isHidden ? 1U : 0U;
     } else if (element.is(items::ElementClass::kRepartition)) {
-      summary.repartitions.push_back(summarizeSeries(file, element, index, reader));
+      summary.repartitions.push_back(summarizeSeries(file, element, repeated, reader));
       summary.hidden += summary.repartitions.back().isHidden ? 1U : 0U;
     }
   }

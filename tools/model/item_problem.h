@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include <tools/files/document_tree.h>
+#include <tools/model/item_mending.h>
 
 namespace quorvan::tool {
 
@@ -12,6 +14,7 @@ enum class ProblemKind : std::uint8_t {
   kMissing,           // no such item, or no such attribute or entry in it
   kMistyped,          // the attribute of another type stands in its place
   kNoNumber,          // the text is no number, or one beyond its range
+  kBlanks,            // blanks around a number, over which readers pass
   kNoFlag,            // the text of a flag is neither True nor False
   kNumericAdherence,  // the number of older files
   kCountDisagrees,    // a count says something else than the entries
@@ -28,6 +31,7 @@ struct ItemProblem {
   std::string item;
   std::string found;
   std::string expected;
+  std::optional<AttributeMend> mend;  // where the right attribute is certain
 };
 
 }  // namespace quorvan::tool

@@ -1,6 +1,9 @@
 #include <tools/model/item_reader.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
 #include <unordered_set>
 #include <utility>
 
@@ -10,6 +13,7 @@
 
 #include <tools/model/item_text.h>
 #include <tools/model/list_entries.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -26,6 +30,15 @@ std::string quoted(std::string_view name, std::string_view value) {
 
 std::string plural(std::size_t count, std::string_view what) {
   return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");
+}
+
+// The number that the library filed: it writes words for those that have no digits.
+double filedNumber(std::string_view text, double number) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  return text == "inf"    ? kInfinity
+         : text == "-inf" ? -kInfinity
+         : text == "nan"  ? std::numeric_limits<double>::quiet_NaN()
+                          : number;
 }
 
 }  // namespace
@@ -65,8 +78,13 @@ const Node* NamedChildren::find(std::string_view name) const {
 // The reading of one element.
 class ItemReader::Reading {
  public:
-  Reading(const DocumentTree& tree, const Element& element, std::vector<ItemProblem>* problems)
-      : m_tree(tree), m_element(element), m_children(tree, *element.node), m_problems(problems) {}
+  Reading(const DocumentTree& tree, const Element& element, Values values,
+          std::vector<ItemProblem>* problems)
+      : m_tree(tree),
+        m_element(element),
+        m_values(values),
+        m_children(tree, *element.node),
+        m_problems(problems) {}
 
   void read(const items::ItemSchema& schema, ItemValue& value) {
     reset(schema, value);
@@ -86,11 +104,11 @@ class ItemReader::Reading {
 
   // Children that are no items, and items that come again.
   void reportStrangers() {
-    std::unordered_set<std::string_view> seen;
+    std::unordered_set<std::string_view, KeyedHash> seen;
     for (const Node* child = m_tree.firstChild(*m_element.node); child != nullptr;
          child = m_tree.nextSibling(*child)) {
       if (!isItem(child->name)) {
-        if (child->name != "#comment") {
+        if (child->isElement()) {
           report(ProblemKind::kUnknownItem, child, child->name, name(child->name),
                  "only items of " + std::string(m_element.className()));
         }
@@ -121,9 +139,10 @@ class ItemReader::Reading {
   static std::string name(const items::ItemSchema& schema) { return name(schema.name); }
 
   void report(ProblemKind kind, const Node* at, std::string_view item, std::string found,
-              std::string expected) {
+              std::string expected, std::optional<AttributeMend> mend = std::nullopt) {
     if (m_problems != nullptr) {
-      m_problems->push_back({kind, at, std::string(item), std::move(found), std::move(expected)});
+      m_problems->push_back(
+          {kind, at, std::string(item), std::move(found), std::move(expected), std::move(mend)});
     }
   }
 
@@ -138,48 +157,67 @@ class ItemReader::Reading {
   }
 
   // The text of the attribute, null (and reported) when the item does not have it.
-  const std::string_view* text(const Node& node, std::string_view attribute) {
+  const std::string_view* text(const Node& node, std::string_view attribute, RightText right) {
     const std::string_view* const found = m_tree.attribute(node, attribute);
-    if (found != nullptr) {
-      return found;
+    if (found == nullptr && m_problems != nullptr) {
+      reportNoAttribute(node, attribute, right);
     }
+    return found;
+  }
+
+  void reportNoAttribute(const Node& node, std::string_view attribute, RightText right) {
     // A point that lacks one coordinate is not of another type.
     const auto others = m_tree.attributes(node);
-    const bool lacksOne =
-        isCoordinate(attribute) && !others.empty() && isCoordinate(others.front().name);
-    report(others.empty() || lacksOne ? ProblemKind::kMissing : ProblemKind::kMistyped, &node,
-           node.name,
+    const bool lacksOne = isCoordinate(attribute);
+    const bool isIncomplete = others.empty() || (lacksOne && isCoordinate(others.front().name));
+    report(isIncomplete ? ProblemKind::kMissing : ProblemKind::kMistyped, &node, node.name,
            others.empty() ? "no attribute" : quoted(others.front().name, others.front().value),
-           "the attribute " + name(attribute));
-    return nullptr;
+           "the attribute " + name(attribute),
+           lacksOne  ? std::nullopt
+           : m_count ? *m_count
+                     : mendType(m_tree, node, attribute, right));
+  }
+
+  // Blanks around a number are no fault to readers.
+  void reportNumber(const Node& node, std::string_view attribute, std::string_view text,
+                    bool isNumber, RightText right, const char* expected) {
+    if (isNumber || m_problems == nullptr) {
+      return;
+    }
+    auto mend = m_count ? *m_count : mendText(attribute, text, right);
+    const bool isBlank = mend && !m_count && *mend->value == withoutBlanks(text);
+    std::string wanted = isBlank ? quoted(attribute, *mend->value) : std::string(expected);
+    report(isBlank ? ProblemKind::kBlanks : ProblemKind::kNoNumber, &node, node.name,
+           quoted(attribute, text), std::move(wanted), std::move(mend));
   }
 
   void readDouble(const Node& node, std::string_view attribute, double& value) {
-    const std::string_view* const found = text(node, attribute);
+    const std::string_view* const found = text(node, attribute, rightDecimal);
     if (found == nullptr) {
       return;
     }
     value = parseDouble(*found);
-    if (!isDecimalNumber(*found)) {
-      report(ProblemKind::kNoNumber, &node, node.name, quoted(attribute, *found),
-             "a decimal number with a point");
+    if (m_values == Values::kAsFiled) {
+      value = filedNumber(*found, value);
     }
+    const bool isDecimal = isDecimalNumber(*found);
+    reportNumber(
+        node, attribute, *found, isDecimal && std::isfinite(value), rightDecimal,
+        isDecimal ? "a number of 64 bits: below 1.8e308" : "a decimal number with a point");
   }
 
   void readLong(const Node& node, std::string_view attribute, std::int64_t& value) {
-    const std::string_view* const found = text(node, attribute);
+    const std::string_view* const found = text(node, attribute, rightWhole);
     if (found == nullptr) {
       return;
     }
     value = parseLong(*found);
-    if (!exactLong(*found)) {
-      report(ProblemKind::kNoNumber, &node, node.name, quoted(attribute, *found),
-             "a whole number of 32 bits");
-    }
+    reportNumber(node, attribute, *found, exactLong(*found).has_value(), rightWhole,
+                 "a whole number of 32 bits");
   }
 
   void readFlag(const Node& node, bool& value) {
-    const std::string_view* const found = text(node, filer::kStringKind.text());
+    const std::string_view* const found = text(node, filer::kStringKind.text(), rightFlag);
     if (found == nullptr) {
       return;
     }
@@ -187,16 +225,29 @@ class ItemReader::Reading {
     value = flag.value_or(false);
     if (!flag) {
       report(ProblemKind::kNoFlag, &node, node.name, quoted(filer::kStringKind.text(), *found),
-             R"("True" or "False")");
+             name(items::kTrue) + " or " + name(items::kFalse),
+             mendText(filer::kStringKind.text(), *found, rightFlag));
+    }
+  }
+
+  void readString(const Node& node, std::string& value) {
+    if (const std::string_view* const found = text(node, filer::kStringKind.text(), rightString)) {
+      value = *found;
     }
   }
 
   void readAdherence(const Node& node, std::string& value) {
-    if (const std::string_view* const code = m_tree.attribute(node, filer::kLongKind.text())) {
+    constexpr std::string_view kText = filer::kStringKind.text();
+    constexpr std::string_view kCode = filer::kLongKind.text();
+    if (const std::string_view* const code = m_tree.attribute(node, kCode)) {
       value = items::adherenceOf(parseLong(*code));
-      report(ProblemKind::kNumericAdherence, &node, node.name,
-             quoted(filer::kLongKind.text(), *code), "string=\"" + value + '"');
-    } else if (const std::string_view* const found = text(node, filer::kStringKind.text())) {
+      // With a text beside it, it is not certain which of the two is meant.
+      const bool isCertain = m_tree.attribute(node, kText) == nullptr;
+      report(ProblemKind::kNumericAdherence, &node, node.name, quoted(kCode, *code),
+             quoted(kText, value),
+             isCertain ? std::optional(AttributeMend{std::string(kCode), std::string(kText), value})
+                       : std::nullopt);
+    } else if (const std::string_view* const found = text(node, kText, rightString)) {
       value = *found;
     }
   }
@@ -228,22 +279,35 @@ class ItemReader::Reading {
         return readFlag(*value.node, value.flag);
       case items::Kind::kAdherence:
         return readAdherence(*value.node, value.text);
-      default:
-        if (const std::string_view* const found = text(*value.node, filer::kStringKind.text())) {
-          value.text = *found;
-        }
+      case items::Kind::kString:
+        return readString(*value.node, value.text);
+      case items::Kind::kPointList:
+      case items::Kind::kSegmentList:
+      case items::Kind::kDoubleList:
+      case items::Kind::kNumberedPoints:
+        return;  // no scalars
     }
   }
 
   void readList(const items::ItemSchema& schema, ItemValue& value) {
     const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
-    std::int64_t count = 0;
-    readLong(*value.node, isNumbered ? filer::kLongKind.text() : filer::kSizeName.text(), count);
+    const std::string_view attribute = countName(isNumbered);
     const Node& parent = isNumbered ? *m_element.node : *value.node;
     const bool hasSegments = schema.kind == items::Kind::kSegmentList;
     ListEntries entries(m_tree, parent, schema.stem);
     ListEntries bulges(m_tree, parent, hasSegments ? items::kBulgeStem : std::string_view());
+    const std::size_t held = entries.all().size();
+    m_count.emplace();
+    if (entries.isGapless() && (isNumbered || held <= kLargestSize)) {
+      *m_count = mendCount(m_tree, *value.node, attribute, held);
+    }
+    std::int64_t count = 0;
+    readLong(*value.node, attribute, count);
     checkCount(schema, *value.node, count, entries, hasSegments ? &bulges : nullptr);
+    m_count.reset();
+    if (m_values == Values::kAsFiled && !isNumbered && isWrapped(count, held)) {
+      count = static_cast<std::int64_t>(held);
+    }
     entries.limit(count);
     bulges.limit(count / 2);
     if (hasSegments) {
@@ -255,14 +319,23 @@ class ItemReader::Reading {
     }
   }
 
+  static std::string_view countName(bool isNumbered) {
+    return isNumbered ? filer::kLongKind.text() : filer::kSizeName.text();
+  }
+
+  // Whether the count is what 16 bits leave of the number of entries.
+  static bool isWrapped(std::int64_t count, std::size_t held) {
+    return held > kLargestSize &&
+           count == static_cast<std::int16_t>(static_cast<std::uint16_t>(held));
+  }
+
   void checkCount(const items::ItemSchema& schema, const Node& node, std::int64_t count,
                   const ListEntries& entries, const ListEntries* bulges) {
     if (m_problems == nullptr) {
       return;
     }
     const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
-    const std::string_view attribute =
-        isNumbered ? filer::kLongKind.text() : filer::kSizeName.text();
+    const std::string_view attribute = countName(isNumbered);
     const std::size_t held = entries.all().size();
     const std::string_view* const announced = m_tree.attribute(node, attribute);
     if (announced == nullptr) {
@@ -274,7 +347,7 @@ class ItemReader::Reading {
              "at most " + std::to_string(kLargestSize) + " entries");
     } else if (count < 0 || static_cast<std::size_t>(count) != held || !entries.isGapless()) {
       report(ProblemKind::kCountDisagrees, &node, node.name,
-             entriesFound(attribute, *announced, held), countExpected(schema, entries));
+             entriesFound(attribute, *announced, held), countExpected(schema, entries), *m_count);
     } else if (bulges != nullptr && held % 2 != 0) {
       report(ProblemKind::kOddCount, &node, node.name, entriesFound(attribute, *announced, held),
              "two points a segment");
@@ -334,15 +407,18 @@ class ItemReader::Reading {
 
   const DocumentTree& m_tree;
   const Element& m_element;
+  Values m_values;
   NamedChildren m_children;
   std::vector<ItemProblem>* m_problems;
+  // While the count of a list is read: what puts it right, if that is certain.
+  std::optional<std::optional<AttributeMend>> m_count;
 };
 
 const std::vector<ItemValue>& ItemReader::read(const Element& element,
                                                std::vector<ItemProblem>* problems,
                                                Strangers strangers) {
   m_items.resize(element.schema->items.size());
-  Reading reading(m_tree, element, problems);
+  Reading reading(m_tree, element, m_values, problems);
   for (std::size_t i = 0; i < m_items.size(); ++i) {
     reading.read(element.schema->items[i], m_items[i]);
   }

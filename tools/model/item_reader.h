@@ -11,6 +11,7 @@
 #include <tools/files/transfer_file.h>
 #include <tools/model/item_problem.h>
 #include <tools/model/item_value.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -26,16 +27,20 @@ class NamedChildren {
 
   const DocumentTree& m_tree;
   const Node& m_parent;
-  std::unordered_map<std::string_view, const Node*> m_byName;  // where there are many
+  std::unordered_map<std::string_view, const Node*, KeyedHash> m_byName;  // where there are many
   bool m_hasMany = false;
 };
 
 /// Whether children that are no items, and items that come again, are problems as well.
 enum class Strangers : std::uint8_t { kReported, kPassedOver };
+/// Which values count: those that readers find, or those that were filed. Readers find no entry of
+/// a list that is longer than its size can say, and 0 for a number without digits.
+enum class Values : std::uint8_t { kAsRead, kAsFiled };
 
 class ItemReader {
  public:
-  explicit ItemReader(const TransferFile& file) : m_tree(file.tree()) {}
+  explicit ItemReader(const TransferFile& file, Values values = Values::kAsRead)
+      : m_tree(file.tree()), m_values(values) {}
 
   /// The items of an element of a known class, one for each of its schema in that order; valid
   /// until the next call. Items that are missing or cannot be read hold their default. What is
@@ -48,6 +53,7 @@ class ItemReader {
   class Reading;
 
   const DocumentTree& m_tree;
+  Values m_values;
   std::vector<ItemValue> m_items;
 };
 

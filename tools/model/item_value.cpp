@@ -9,9 +9,19 @@ std::string_view displayName(const items::ItemSchema& item) noexcept {
       return "Points";
     case items::Kind::kSegmentList:
       return "Segments";
-    default:
-      return item.name;
+    case items::Kind::kPoint:
+    case items::Kind::kVector:
+    case items::Kind::kDouble:
+    case items::Kind::kLong:
+    case items::Kind::kColor:
+    case items::Kind::kString:
+    case items::Kind::kFlag:
+    case items::Kind::kNumericFlag:
+    case items::Kind::kAdherence:
+    case items::Kind::kDoubleList:
+      break;
   }
+  return item.name;
 }
 
 bool isList(items::Kind kind) noexcept {
@@ -26,6 +36,11 @@ const ItemValue* findItem(const std::vector<ItemValue>& items, std::string_view 
     }
   }
   return nullptr;
+}
+
+const Node* nodeOf(const std::vector<ItemValue>& items, std::string_view name) noexcept {
+  const ItemValue* const item = findItem(items, name);
+  return item == nullptr ? nullptr : item->node;
 }
 
 }  // namespace quorvan::tool

@@ -56,4 +56,7 @@ bool isList(items::Kind kind) noexcept;
 /// The item of that name, null without one.
 const ItemValue* findItem(const std::vector<ItemValue>& items, std::string_view name) noexcept;
 
+/// Where the item of that name stands; null where it is missing.
+const Node* nodeOf(const std::vector<ItemValue>& items, std::string_view name) noexcept;
+
 }  // namespace quorvan::tool

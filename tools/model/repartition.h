@@ -10,6 +10,7 @@
 
 #include <tools/files/transfer_file.h>
 #include <tools/model/item_value.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -53,7 +54,7 @@ class ElementIndex {
  private:
   struct Hash {
     std::size_t operator()(const std::pair<std::string_view, std::int64_t>& key) const noexcept {
-      return std::hash<std::string_view>()(key.first) * 31U + std::hash<std::int64_t>()(key.second);
+      return KeyedHash()(key.first) * 31U + KeyedHash()(key.second);
     }
   };
 

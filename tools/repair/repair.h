@@ -1,17 +1,18 @@
-// Writes a mended copy of a transfer file.
+// Mends transfer files.
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
-#include <tools/files/transfer_file.h>
+#include <tools/check/checker.h>
 
 namespace quorvan::tool {
 
-/// Writes the file again as the library writes files, with everything put right whose right value
-/// is certain: characters and nodes that keep readers away, types of attributes, decimal commas,
-/// flags, counts, repeated items, versions and indexes (with the repartitions that refer to them),
-/// equal hidden bars, numeric adherence, a missing control record. All else is copied as it stands,
-/// but for comments. Raises Failure; nothing is there then that was not there before.
-void writeRepaired(const TransferFile& file, const std::filesystem::path& output);
+/// The bytes of a file with all that can be mended in it put right; what cannot, and whatever no
+/// finding is about, stands as it stood. `scratch` is a file to work in. Raises Failure, and
+/// NotWellFormed for a file that cannot be read.
+std::string repairedBytes(const InputFile& input, const StandardSizes& sizes,
+                          const std::filesystem::path& scratch, Console& console);
 
 }  // namespace quorvan::tool

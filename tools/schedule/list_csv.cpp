@@ -1,12 +1,10 @@
 #include <tools/schedule/list_tables.h>
 #include <tools/schedule/list_writers.h>
-#include <tools/text/csv.h>
 
 namespace quorvan::tool {
 
 void writeListCsv(const BarList& list, const ListWriting& writing, std::ostream& out) {
   const ListTable table = barTable(list, *writing.words, {Audience::kPrograms, writing.explain});
-  const bool hasCommas = writing.csv == CsvForm::kSemicolon;
   std::vector<std::string> fields;
   for (const ListColumn& column : table.columns) {
     fields.emplace_back(column.title);
@@ -14,13 +12,13 @@ void writeListCsv(const BarList& list, const ListWriting& writing, std::ostream&
       fields.back() += " [" + std::string(column.unit) + ']';
     }
   }
-  out << csvLine(fields, hasCommas ? ';' : ',');
+  out << csvLine(fields, writing.csv);
   for (const std::vector<Cell>& row : table.rows) {
     fields.clear();
     for (const Cell& cell : row) {
-      fields.push_back(cellText(cell, hasCommas ? ',' : '.'));
+      fields.push_back(cellText(cell, writing.csv.decimalMark));
     }
-    out << csvLine(fields, hasCommas ? ';' : ',');
+    out << csvLine(fields, writing.csv);
   }
 }
 

@@ -6,17 +6,14 @@
 
 #include <tools/schedule/bar_list.h>
 #include <tools/schedule/list_wording.h>
+#include <tools/text/csv.h>
 
 namespace quorvan::tool {
-
-/// How CSV parts fields and writes decimals: as programs read it, or as spreadsheets do in
-/// countries with a decimal comma.
-enum class CsvForm : std::uint8_t { kComma, kSemicolon };
 
 struct ListWriting {
   const ListWording* words = &kEnglishList;
   bool explain = false;
-  CsvForm csv = CsvForm::kComma;
+  CsvForm csv;
 };
 
 void printList(const BarList& list, const ListWriting& writing, std::ostream& out);

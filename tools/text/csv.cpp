@@ -1,26 +1,54 @@
 #include <tools/text/csv.h>
 
+#include <algorithm>
+#include <charconv>
+
+#include <tools/text/table.h>
+
 namespace quorvan::tool {
 
-std::string csvLine(const std::vector<std::string>& fields, char separator) {
+namespace {
+
+bool isNumber(std::string text, char decimalMark) {
+  std::ranges::replace(text, decimalMark, '.');
+  double value = 0.0;
+  const char* const end = text.data() + text.size();
+  const auto [last, error] = std::from_chars(text.data(), end, value);
+  return last == end && error != std::errc::invalid_argument;
+}
+
+bool looksLikeFormula(const std::string& field, char decimalMark) {
+  constexpr std::string_view kBeginnings = "=+-@\t\r";
+  return !field.empty() && kBeginnings.find(field.front()) != std::string_view::npos &&
+         !isNumber(field, decimalMark);
+}
+
+void appendField(std::string& line, std::string_view field, bool isGuarded, char separator) {
+  const std::string_view guard = isGuarded ? "'" : "";
+  if (field.find_first_of("\"\r\n") == std::string_view::npos &&
+      field.find(separator) == std::string_view::npos) {
+    line.append(guard).append(field);
+    return;
+  }
+  line.append(1, '"').append(guard);
+  for (const char unit : field) {
+    line.append(unit == '"' ? 2 : 1, unit);
+  }
+  line += '"';
+}
+
+}  // namespace
+
+std::string csvLine(const std::vector<std::string>& fields, const CsvForm& form) {
   std::string line;
   for (const std::string& field : fields) {
     if (&field != &fields.front()) {
-      line += separator;
+      line += form.separator;
     }
-    if (field.find_first_of("\"\r\n") == std::string::npos &&
-        field.find(separator) == std::string::npos) {
-      line += field;
-      continue;
-    }
-    line += '"';
-    for (const char unit : field) {
-      line += unit;
-      if (unit == '"') {
-        line += '"';
-      }
-    }
-    line += '"';
+    const std::string shown = form.isShown ? printable(field) : std::string();
+    appendField(line, form.isShown ? shown : field,
+                form.fields == CsvFields::kGuarded && looksLikeFormula(field, form.decimalMark),
+                form.separator);
   }
   return line + '\n';
 }

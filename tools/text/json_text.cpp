@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <tools/text/number_text.h>
+#include <tools/text/table.h>
 
 namespace quorvan::tool {
 
@@ -12,7 +13,17 @@ namespace {
 constexpr std::size_t kIndent = 2;
 constexpr std::size_t kWidth = 100;
 
-// A number that is no JSON number (infinity, from a text of 400 digits) becomes null.
+// A text in quotes. What could steer a terminal or turn its text is written out, and what is no
+// UTF-8, which a file name may be, becomes U+FFFD.
+std::string quotedText(const Json& value) {
+  const std::string plain = value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  if (std::ranges::all_of(plain, [](char unit) { return unit >= ' ' && unit != '\x7F'; })) {
+    return plain;
+  }
+  return printable(plain);
+}
+
+// A number that is no JSON number is the text that stands for it: "inf", "-inf" or "nan".
 std::string numberText(const Json& value) {
   if (!value.is_number_float()) {
     return value.dump();
@@ -21,7 +32,7 @@ std::string numberText(const Json& value) {
   if (std::isfinite(number) && (number != 0.0 || !std::signbit(number))) {
     return shortest(number);
   }
-  return value.dump();  // "-0.0"; null for what is not finite
+  return std::isfinite(number) ? value.dump() : '"' + shortest(number) + '"';  // "-0.0"
 }
 
 bool holdsObject(const Json& value) {
@@ -40,13 +51,13 @@ void appendInline(std::string& out, const Json& value) {
       out += isFirst ? "" : ", ";
       isFirst = false;
       if (value.is_object()) {
-        out += Json(key).dump() + ": ";
+        out += quotedText(key) + ": ";
       }
       appendInline(out, entry);
     }
     out += value.is_array() ? ']' : '}';
   } else {
-    out += value.dump();
+    out += quotedText(value);
   }
 }
 
@@ -66,7 +77,7 @@ void appendIndented(std::string& out, const Json& value, std::size_t indent) {
     isFirst = false;
     out.append(indent + kIndent, ' ');
     if (value.is_object()) {
-      out += Json(key).dump() + ": ";
+      out += quotedText(key) + ": ";
     }
     appendIndented(out, entry, indent + kIndent);
   }

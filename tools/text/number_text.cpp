@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include <quorvan/text/numbers.h>
 
@@ -25,6 +26,11 @@ std::string fixed(double value, int decimals) {
 }
 
 std::string rounded(double value, int decimals) {
+  constexpr double kLargest =
+      1e15;  // beyond it a number has no decimals, and its digits mean little
+  if (!(std::abs(value) < kLargest)) {
+    return shortest(value);
+  }
   std::string text = fixed(value, decimals);
   if (text.find('.') != std::string::npos) {
     text.erase(text.find_last_not_of('0') + 1);
@@ -44,7 +50,7 @@ std::string runsOf(const std::vector<std::int64_t>& numbers, std::size_t most) {
       ++end;
     }
     if (runs == most) {
-      return text + ", ...";
+      return text + (text.empty() ? "..." : ", ...");
     }
     text += (text.empty() ? "" : ", ") + std::to_string(numbers[at]);
     if (end - at > 1) {

@@ -15,7 +15,8 @@ std::string shortest(double value);
 /// Rounded to `decimals` places, all of them written; no "-0".
 std::string fixed(double value, int decimals);
 
-/// Rounded to `decimals` places, without zeros at the end; no "-0".
+/// Rounded to `decimals` places, without zeros at the end; no "-0". From 1e15 upwards as short as
+/// it goes.
 std::string rounded(double value, int decimals);
 
 /// Ascending numbers, consecutive ones as "1-4"; "..." after the first `most` of these runs.

@@ -9,6 +9,8 @@ namespace quorvan::tool {
 
 namespace {
 
+// No row is longer for the sake of a cell that is longer than this in another.
+constexpr std::size_t kWidestPadding = 60;
 constexpr char32_t kDelete = 0x7F;
 constexpr char32_t kFirstVisibleAbove = 0xA0;
 
@@ -20,9 +22,11 @@ void appendEscape(std::string& out, char32_t character) {
   }
 }
 
-// Characters that turn the direction of the text around them.
+// Characters that turn the direction of the text around them or break its lines.
 bool turnsText(char32_t character) {
-  return (character >= 0x202A && character <= 0x202E) ||
+  return character == 0x061C || character == 0x200E || character == 0x200F ||
+         (character >= 0x2028 && character <= 0x2029) ||
+         (character >= 0x202A && character <= 0x202E) ||
          (character >= 0x2066 && character <= 0x2069);
 }
 
@@ -65,7 +69,7 @@ void Table::addColumn(std::string title, Align align) {
 void Table::addRow(std::vector<std::string> cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) {
     cells[i] = printable(cells[i]);
-    m_columns[i].width = std::max(m_columns[i].width, lengthOf(cells[i]));
+    m_columns[i].width = std::max(m_columns[i].width, std::min(lengthOf(cells[i]), kWidestPadding));
   }
   m_rows.push_back(std::move(cells));
 }
@@ -85,7 +89,8 @@ void Table::printRow(std::ostream& out, std::size_t indent,
                      const std::vector<std::string>& cells) const {
   std::string line(indent, ' ');
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    const std::string padding(m_columns[i].width - lengthOf(cells[i]), ' ');
+    const std::size_t length = lengthOf(cells[i]);
+    const std::string padding(m_columns[i].width - std::min(length, m_columns[i].width), ' ');
     if (m_columns[i].align == Align::kRight) {
       line += padding + cells[i];
     } else if (i + 1 < cells.size()) {

@@ -8,8 +8,8 @@
 
 namespace quorvan::tool {
 
-/// The text as a terminal can show it: control characters, which could steer the terminal, are
-/// written as \n, \t or \u009b.
+/// The text as a terminal can show it: control characters, which could steer the terminal, and
+/// marks that turn the direction of text are written as \n, \t or \u009b.
 std::string printable(std::string_view text);
 
 /// Characters of UTF-8 text.
@@ -24,8 +24,9 @@ class Table {
   void addRow(std::vector<std::string> cells);
   [[nodiscard]] bool empty() const noexcept { return m_rows.empty(); }
 
-  /// Titles, then the rows; columns two blanks apart, `indent` blanks before the first, no blanks
-  /// at the ends of lines.
+  /// Titles, then the rows; a cell that is much longer than others moves what stands behind it in
+  /// its row, and no other row. Columns two blanks apart, `indent` blanks before the first, no
+  /// blanks at the ends of lines.
   void print(std::ostream& out, std::size_t indent = 0) const;
 
  private:

@@ -4,6 +4,7 @@
 #include <quorvan/elements/repartition.h>
 #include <quorvan/export/filing/filing_state.h>
 #include <quorvan/export/filing/scratch_search.h>
+#include <quorvan/export/series/frame_grouping.h>
 #include <quorvan/export/series/repartition_geometry.h>
 #include <quorvan/filer/item_access.h>
 
@@ -49,6 +50,17 @@ void writeRepartition(FrameGroup& group) {
   repartition.setHidden(first.hidden);
   repartition.setIndex(indexOfRepeatedBar(first));
   repartition.fileOut(&theFiler);
+}
+
+void writeHeldSeries() {
+  groupPendingFrames();
+  for (std::size_t i = 0; i < groupedFrames.size(); ++i) {
+    if (groupedFrames[i].empty()) {
+      continue;
+    }
+    writeRepartition(groupedFrames[i]);
+    groupedFrames[i].clear();
+  }
 }
 
 }  // namespace quorvan

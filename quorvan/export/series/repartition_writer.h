@@ -11,4 +11,8 @@ namespace quorvan {
 /// repeated bar raises.
 void writeRepartition(FrameGroup& group);
 
+/// Groups the frames that are held back and writes each group as a repartition. What a group
+/// raises leaves it and the later ones held, for the next call.
+void writeHeldSeries();
+
 }  // namespace quorvan

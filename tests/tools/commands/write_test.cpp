@@ -89,6 +89,31 @@ TEST(ToolWrite, KeepsEveryDigitOfTheFile) {
   EXPECT_EQ(savedBytes("written.xml"), bytes);
 }
 
+// The library files lists and numbers that readers cannot find again.
+TEST(ToolWrite, GivesTheSameFileForWhatReadersCannotRead) {
+  std::string points = "[0, 0, 0]";
+  for (int i = 1; i < 33000; ++i) {
+    points += ", [0, 0, 0]";
+  }
+  const std::string drawing =
+      R"({"drawing": null, "elements": [{"class": "CKtFilledPolygon", "Points": [)" + points +
+      R"(], "Color": 1}, {"class": "CKtZantoCircle", "Center": ["inf", "-inf", "nan"], )"
+      R"("Radius": "inf", "Color": 1}]})";
+  ASSERT_EQ(write(drawing).err, "");
+  const std::string bytes = savedBytes("written.xml");
+  EXPECT_NE(bytes.find(R"(<Vector size="-32536">)"), std::string::npos);
+  EXPECT_NE(bytes.find(R"(<Center X="inf" Y="-inf" Z="nan"/><Radius double="inf"/>)"),
+            std::string::npos);
+  ASSERT_EQ(write(runTool({"list", "--json", "written.xml"}).out).err, "");
+  EXPECT_EQ(savedBytes("written.xml"), bytes);
+}
+
+TEST(ToolWrite, RefusesBracketsWithinBrackets) {
+  expectRefusal(
+      R"({"drawing": null, "elements": )" + std::string(40000, '[') + std::string(40000, ']') + "}",
+      ": no drawing: brackets within brackets, more than 64 deep");
+}
+
 TEST(ToolWrite, ReplacesTheFileThatWasThere) {
   ASSERT_EQ(write(quorvan::test::sampleDrawing()).status, 0);
   ASSERT_EQ(runTool({"write", "drawing.json", "-o", "written.xml"}).status, 0);
@@ -193,7 +218,7 @@ TEST(ToolWrite, KeepsTheOldFileWhenTheDrawingIsRefused) {
 TEST(ToolWrite, RefusesPartsThatLackAMember) {
   const std::string begin = "{\"drawing\": null,\n\"elements\": [\n";
   expectRefusal(begin + R"({"series": [{"value1": 0}]}]})",
-                ":3: elements[0]: \"value2\" is missing");
+                ":3: elements[0]: series[0]: \"value2\" is missing");
   expectRefusal(begin + R"({"class": "CKtZantoFormwork", "Segments": [)"
                         R"({"start": [0, 0, 0], "end": [1, 0, 0], "bulge": [0, 0, 0]}, )"
                         R"({"start": [0, 0, 0], "end": [1, 0, 0]}]}]})",
@@ -211,6 +236,20 @@ TEST(ToolWrite, WritesTheReplacementForACharacterThatXmlForbids) {
   ASSERT_EQ(write(text).err, "");
   EXPECT_NE(savedBytes("written.xml").find(R"(<Contents string="a&#65533;b"/>)"),
             std::string::npos);
+}
+
+TEST(ToolWrite, FilesTheSeriesOfADrawingWithoutAControlRecord) {
+  const std::string drawing = quorvan::test::sampleDrawing();
+  ASSERT_EQ(write(drawing).err, "");
+  const std::string whole = savedBytes("written.xml");
+  const std::size_t begin = drawing.find("{", drawing.find("\"drawing\""));
+  ASSERT_EQ(
+      write(replaced(drawing, drawing.substr(begin, drawing.find('}') + 1 - begin), "null")).err,
+      "");
+  const std::string record =
+      whole.substr(whole.find("<CKtDrawingControl"),
+                   whole.find("</Document>") - whole.find("<CKtDrawingControl"));
+  EXPECT_EQ(savedBytes("written.xml"), replaced(whole, record, ""));
 }
 
 TEST(ToolWrite, RefusesAFolderThatThereIsNot) {

@@ -88,7 +88,7 @@ TEST(ToolDrawingFile, IsRefusedForAWrongFrameWithItsLine) {
   const auto refusal = [](const std::string& from, const std::string& to) {
     return failureOf(drawingOf("\n{\"series\": [" + frameText(from, to) + "]}"));
   };
-  const std::string head = "read.json:3: elements[0]: ";
+  const std::string head = "read.json:3: elements[0]: series[0]: ";
   EXPECT_EQ(refusal("\"keyC\": 11, ", ""), head + "\"keyC\" is missing");
   EXPECT_EQ(refusal("\"keyC\": 11", "\"keyC\": 11.5"),
             head + "\"keyC\" must be a whole number of 32 bits, not 11.5");
@@ -106,7 +106,7 @@ TEST(ToolDrawingFile, IsRefusedForASeriesThatIsNone) {
   EXPECT_EQ(failureOf(drawingOf("{\"series\": [], \"class\": \"CKtZantoLine\"}")),
             "read.json:2: elements[0] (CKtZantoLine): " + message);
   EXPECT_EQ(failureOf(drawingOf("{\"series\": [5]}")),
-            "read.json:2: elements[0]: a frame of a series must be an object");
+            "read.json:2: elements[0]: series[0]: a frame of a series must be an object");
 }
 
 TEST(ToolDrawingFile, IsRefusedForWrongMembersOfItsOwn) {

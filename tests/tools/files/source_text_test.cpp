@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include <tests/tools/sample.h>
+#include <tools/files/source_places.h>
 #include <tools/files/source_text.h>
 
 namespace {
@@ -18,8 +19,9 @@ std::string positionsIn(const std::string& bytes) {
   quorvan::tool::Progress progress(console, "");
   const SourceEncoding encoding = encodingOf(bytes);
   std::string text;
-  for (const auto& position : quorvan::tool::startTagPositions(
-           quorvan::tool::plainText(bytes, encoding), encoding.isSingleByte, progress)) {
+  const auto places = quorvan::tool::findPlaces(quorvan::tool::plainText(bytes, encoding),
+                                                encoding.isSingleByte, progress);
+  for (const auto& position : places.elements) {
     text += std::to_string(position.line) + ':' + std::to_string(position.column) + ' ';
   }
   return text;
@@ -186,20 +188,20 @@ TEST(ToolBytes, AreAllOfTheFile) {
   }
   for (const std::string& bytes : {std::string(), std::string("\r\n\x1A\0\n", 5), all}) {
     quorvan::test::writeFile("bytes.bin", bytes);
-    EXPECT_TRUE(quorvan::tool::readBytes("bytes.bin") == bytes) << bytes.size();
+    EXPECT_TRUE(quorvan::tool::readBytes("bytes.bin", "bytes.bin") == bytes) << bytes.size();
   }
 }
 
 TEST(ToolBytes, SayWhyTheyCannotBeRead) {
   const auto reasonFor = [](const char* path) -> std::string {
     try {
-      quorvan::tool::readBytes(path);
+      quorvan::tool::readBytes(path, path);
     } catch (const quorvan::tool::Failure& failure) {
       return failure.what();
     }
     return "none";
   };
-  EXPECT_EQ(reasonFor("missing.xml"), "missing.xml: no such file, or no right to read it");
+  EXPECT_EQ(reasonFor("missing.xml"), "missing.xml: no such file");
   EXPECT_EQ(reasonFor("."), ".: is a folder");
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <sstream>
 
 #include <tests/support/saved_file.h>
 #include <tests/tools/sample.h>
@@ -11,6 +12,7 @@ namespace {
 
 using quorvan::test::fileBytes;
 using quorvan::test::writeFile;
+using quorvan::tool::CurrentFolder;
 using quorvan::tool::Failure;
 using quorvan::tool::refuseSameFile;
 using quorvan::tool::WorkFolder;
@@ -23,19 +25,26 @@ class ToolWorkFolder : public testing::Test {
     fs::remove_all("target");
     fs::create_directory("target");
   }
+  quorvan::tool::Console& console() { return m_console; }
   void TearDown() override { fs::remove_all("target"); }
 
   static std::size_t entries() {
     const fs::directory_iterator begin("target");
     return static_cast<std::size_t>(std::distance(begin, fs::directory_iterator()));
   }
+
+ private:
+  std::ostringstream m_none;
+  quorvan::tool::Console m_console{m_none, m_none};
 };
 
 TEST_F(ToolWorkFolder, IsTheCurrentFolderForItsTime) {
   const fs::path before = fs::current_path();
   {
-    const WorkFolder folder("target/out.xml");
-    EXPECT_EQ(fs::current_path().filename(), folder.file().parent_path().filename());
+    const WorkFolder folder("target/out.xml", console());
+    EXPECT_EQ(fs::current_path(), before);
+    const CurrentFolder current(folder.path());
+    EXPECT_EQ(fs::current_path().filename(), folder.path().filename());
     EXPECT_NE(fs::current_path(), before);
     EXPECT_TRUE(fs::is_empty(fs::current_path()));
   }
@@ -46,7 +55,7 @@ TEST_F(ToolWorkFolder, IsTheCurrentFolderForItsTime) {
 TEST_F(ToolWorkFolder, PutsWhatWasWrittenInThePlaceOfTheTarget) {
   writeFile("target/out.xml", "old");
   {
-    const WorkFolder folder("target/out.xml");
+    const WorkFolder folder("target/out.xml", console());
     std::ofstream(folder.file()) << "new";
     EXPECT_EQ(fileBytes(folder.file().parent_path().parent_path() / "out.xml"), "old");
     folder.moveToTarget();
@@ -58,7 +67,7 @@ TEST_F(ToolWorkFolder, PutsWhatWasWrittenInThePlaceOfTheTarget) {
 TEST_F(ToolWorkFolder, LeavesTheTargetAloneUntilThen) {
   writeFile("target/out.xml", "old");
   {
-    const WorkFolder folder("target/out.xml");
+    const WorkFolder folder("target/out.xml", console());
     std::ofstream(folder.file()) << "new";
   }
   EXPECT_EQ(fileBytes("target/out.xml"), "old");
@@ -66,13 +75,13 @@ TEST_F(ToolWorkFolder, LeavesTheTargetAloneUntilThen) {
 }
 
 TEST_F(ToolWorkFolder, SaysThatThereWasNothingToPutThere) {
-  const WorkFolder folder("target/out.xml");
+  const WorkFolder folder("target/out.xml", console());
   EXPECT_THROW(folder.moveToTarget(), Failure);
 }
 
 TEST_F(ToolWorkFolder, SaysWhereItCannotBeMade) {
   const fs::path before = fs::current_path();
-  EXPECT_THROW(WorkFolder("target/missing/out.xml"), Failure);
+  EXPECT_THROW(WorkFolder("target/missing/out.xml", console()), Failure);
   EXPECT_EQ(fs::current_path(), before);
 }
 

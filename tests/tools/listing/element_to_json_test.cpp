@@ -68,12 +68,12 @@ TEST(ToolElementJson, HasEmptyArraysForEmptyLists) {
   }
 }
 
-TEST(ToolElementJson, HasNullForANumberBeyondReckoning) {
+TEST(ToolElementJson, HasTheTextOfANumberWithoutDigits) {
   ItemValue value;
   value.number = std::numeric_limits<double>::infinity();
   value.point.y = -value.number;
-  EXPECT_EQ(jsonOf(Kind::kDouble, value), "null");
-  EXPECT_EQ(jsonOf(Kind::kPoint, value), "[0, null, 0]");
+  EXPECT_EQ(jsonOf(Kind::kDouble, value), "\"inf\"");
+  EXPECT_EQ(jsonOf(Kind::kPoint, value), "[0, \"-inf\", 0]");
 }
 
 TEST(ToolElementJson, NamesTheClassAndThenTheItemsInTheOrderOfTheFile) {

@@ -44,8 +44,9 @@ void forEveryItem(const Call& call) {
 
 // The problems of the only element, as "kind item" in lines.
 std::string toldProblems(const std::vector<ItemProblem>& problems) {
-  constexpr const char* kKinds[] = {"missing",   "mistyped",   "noNumber", "noFlag",  "numeric",
-                                    "disagrees", "outOfRange", "odd",      "unknown", "repeated"};
+  constexpr const char* kKinds[] = {"missing", "mistyped", "noNumber",  "blanks",
+                                    "noFlag",  "numeric",  "disagrees", "outOfRange",
+                                    "odd",     "unknown",  "repeated"};
   std::string text;
   for (const ItemProblem& problem : problems) {
     text += std::string(kKinds[static_cast<int>(problem.kind)]) + ' ' + problem.item + '\n';
@@ -207,24 +208,27 @@ TEST(ToolItemReader, ReportsTheCoordinateThatAPointLacks) {
 }
 
 TEST(ToolItemReader, ReadsAsFarAsANumberGoesAndReportsTheRest) {
-  for (const auto& [text, value, isNumber] : {std::tuple{"12.5", 12.5, true},
-                                              {"-0", 0.0, true},
-                                              {"+3", 3.0, true},
-                                              {"1e3", 1000.0, true},
-                                              {".5", 0.5, true},
-                                              {"", 0.0, false},
-                                              {"12,5", 12.0, false},
-                                              {"12.5 ", 12.5, false},
-                                              {" 12.5", 12.5, false},
-                                              {"x", 0.0, false},
-                                              {"inf", 0.0, false},
-                                              {"0x10", 0.0, false},
-                                              {"12.5mm", 12.5, false},
-                                              {"1e", 1.0, false}}) {
+  constexpr const char* kNone = "";
+  constexpr const char* kNoNumber = "noNumber Radius\n";
+  constexpr const char* kBlanks = "blanks Radius\n";
+  for (const auto& [text, value, said] : {std::tuple{"12.5", 12.5, kNone},
+                                          {"-0", 0.0, kNone},
+                                          {"+3", 3.0, kNone},
+                                          {"1e3", 1000.0, kNone},
+                                          {".5", 0.5, kNone},
+                                          {"", 0.0, kNoNumber},
+                                          {"12,5", 12.0, kNoNumber},
+                                          {"12.5 ", 12.5, kBlanks},
+                                          {" 12.5", 12.5, kBlanks},
+                                          {"x", 0.0, kNoNumber},
+                                          {"inf", 0.0, kNoNumber},
+                                          {"0x10", 0.0, kNoNumber},
+                                          {"12.5mm", 12.5, kNoNumber},
+                                          {"1e", 1.0, kNoNumber}}) {
     const std::string element = "<CKtZantoCircle><Center X='0' Y='0' Z='0'/><Radius double='" +
                                 std::string(text) + "'/><Color long='1'/></CKtZantoCircle>";
     EXPECT_EQ(readAs(element, "Radius").number, value) << text;
-    EXPECT_EQ(problemsIn(element), isNumber ? "" : "noNumber Radius\n") << text;
+    EXPECT_EQ(problemsIn(element), said) << text;
   }
 }
 
@@ -236,7 +240,6 @@ TEST(ToolItemReader, ReadsLongsWithinTheirRangeAndReportsOthers) {
                                               {"-99999999999", -2147483648, false},
                                               {"7.9", 7, false},
                                               {"", 0, false},
-                                              {" 7", 7, false},
                                               {"7 x", 7, false},
                                               {"x", 0, false}}) {
     const std::string element =
@@ -246,6 +249,11 @@ TEST(ToolItemReader, ReadsLongsWithinTheirRangeAndReportsOthers) {
     EXPECT_EQ(readAs(element, "ServicePack").integer, value) << text;
     EXPECT_EQ(problemsIn(element), isNumber ? "" : "noNumber ServicePack\n") << text;
   }
+  const std::string blank = classElement("CKtDrawingControl", 1,
+                                         "<ZantoVersion string=''/><ServicePack long=' 7'/>"
+                                         "<CheckSum long='0'/><DrawingName string=''/>");
+  EXPECT_EQ(readAs(blank, "ServicePack").integer, 7);
+  EXPECT_EQ(problemsIn(blank), "blanks ServicePack\n");
 }
 
 TEST(ToolItemReader, ReadsColorsFromZeroUpwards) {

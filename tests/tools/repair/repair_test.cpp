@@ -92,10 +92,9 @@ TEST(ToolRepair, KeepsRepartitionsOnTheirBars) {
 TEST(ToolRepair, AddsAnEmptyControlRecord) {
   EXPECT_EQ(repair("<Document/>").status, 0);
   EXPECT_EQ(savedBytes("mended.xml"),
-            "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n"
             "<Document><CKtDrawingControl version=\"1\" index=\"1\"><ZantoVersion string=\"\"/>"
             "<ServicePack long=\"0\"/><CheckSum long=\"0\"/><DrawingName string=\"\"/>"
-            "</CKtDrawingControl></Document>\r\n");
+            "</CKtDrawingControl></Document>");
 }
 
 TEST(ToolRepair, KeepsClassesAndItemsThatItDoesNotKnow) {
@@ -103,7 +102,88 @@ TEST(ToolRepair, KeepsClassesAndItemsThatItDoesNotKnow) {
       R"(<CKtZantoSpiral version="1" index="1"><Turns size="1"><Turn1 double="2,5"/></Turns>)"
       R"(</CKtZantoSpiral>)";
   repair("<Document>" + spiral + "</Document>");
-  EXPECT_NE(savedBytes("mended.xml").find(replaced(spiral, "2,5", "2.5")), std::string::npos);
+  EXPECT_NE(savedBytes("mended.xml").find(spiral), std::string::npos);
+}
+
+TEST(ToolRepair, CopiesWhatItDoesNotMendAsItStands) {
+  const std::string before =
+      "\xEF\xBB\xBF<?xml version='1.0'?>\n<Document xmlns:x='urn:x'>\n  <!-- kept -->\n"
+      "  <CKtZantoCircle  index='1' x:id='7' version=\"1\">\n"
+      "    <Center X='0' Y='0' Z='0'><x:below><deeper>text &amp; <![CDATA[data]]></deeper>"
+      "</x:below></Center>\n    <Radius x:unit='mm' double='";
+  const std::string behind =
+      "'/><Color long='1'/></CKtZantoCircle>\n"
+      "  <x:Foreign version='1' index='1'>text<?pi x?></x:Foreign>\n"
+      "  <CKtDrawingControl version='1' index='1'><ZantoVersion string='\xC3\xA9'/>"
+      "<ServicePack long='0'/><CheckSum long='0'/><DrawingName string=''/></CKtDrawingControl>\n"
+      "</Document>\n<!-- the end -->\n";
+  repair(before + "1,5" + behind);
+  EXPECT_EQ(savedBytes("mended.xml"),
+            before.substr(0, before.size() - 1) + "\"1.5\"" + behind.substr(1));
+}
+
+TEST(ToolRepair, GivesAFileOfMoreElementsThanIndexesBackAsItWas) {
+  std::string bytes = "<Document>";
+  for (int i = 1; i <= 33000; ++i) {
+    const int index = i <= 32767 ? i : i - 65536;
+    bytes += R"(<CKtZantoCircle version="1" index=")" + std::to_string(index) +
+             R"("><Center X="0" Y="0" Z="0"/><Radius double="1"/><Color long="1"/>)"
+             "</CKtZantoCircle>";
+  }
+  const std::string end =
+      R"(<CKtDrawingControl version="1" index="1"><ZantoVersion string=""/>)"
+      R"(<ServicePack long="0"/><CheckSum long="0"/><DrawingName string=""/></CKtDrawingControl>)"
+      "</Document>";
+  EXPECT_EQ(repair(bytes + end).status, 0);
+  EXPECT_EQ(savedBytes("mended.xml"), bytes + end);
+  // Numbered again, they have the indexes that the library would give them.
+  EXPECT_EQ(repair(replaced(bytes, R"(index="5")", R"(index="50")") + end).status, 0);
+  EXPECT_EQ(savedBytes("mended.xml"), bytes + end);
+}
+
+// A repartition that has no bar gets none because bars get other indexes.
+TEST(ToolRepair, LeavesARepartitionWithoutBarWithoutBar) {
+  std::string bytes = replaced(sampleBytes(), R"(<CKtZantoFrameRect version="1" index="1">)",
+                               R"(<CKtZantoFrameRect version="1" index="7">)");
+  EXPECT_EQ(repair(bytes).status, 2);
+  EXPECT_NE(savedBytes("mended.xml").find(R"(<Index long="-1"/>)"), std::string::npos);
+}
+
+TEST(ToolRepair, MendsFilesOfEveryEncoding) {
+  const std::string ascii =
+      "<?xml version=\"1.0\" encoding=\"UTF-16\"?><Document><CKtZantoCircle version=\"1\" "
+      "index=\"1\"><Center X=\"0\" Y=\"0\" Z=\"0\"/><Radius double=\"1,5\"/>"
+      "<Color long=\"\x01\"/></CKtZantoCircle></Document>";
+  std::string bytes = "\xFF\xFE";
+  for (const char unit : ascii) {
+    bytes.append({unit, '\0'});
+  }
+  const json report = json::parse(repair(bytes).out)["files"][0];
+  const std::string mended = savedBytes("mended.xml");
+  EXPECT_EQ(mended.substr(0, 4), std::string("\xFF\xFE<\0", 4));
+  std::string text;
+  for (std::size_t at = 2; at < mended.size(); at += 2) {
+    text += mended[at];
+  }
+  EXPECT_NE(text.find("<Radius double=\"1.5\"/><Color long=\"&#65533;\"/>"), std::string::npos)
+      << text;
+}
+
+TEST(ToolRepair, MendsWhatOnlyAMendBringsToLight) {
+  const std::string bytes = replaced(replaced(sampleBytes(), R"(<Vector size="4"><Point1 X="-200)",
+                                              R"(<Vector size="1"><Point1 X="-200)"),
+                                     R"(<NoPoints long="4"/>)", R"(<NoPoints long="0"/>)");
+  EXPECT_EQ(repair(bytes).status, 0);
+  EXPECT_EQ(savedBytes("mended.xml"), sampleBytes());
+}
+
+TEST(ToolRepair, MendsNothingInAFileWhoseElementsComeOutOfEntities) {
+  const std::string bytes =
+      "<!DOCTYPE Document [<!ENTITY e '<CKtZantoLine/>'>]><Document>&e;</Document>";
+  for (const json& finding : json::parse(repair(bytes).out)["files"][0]["findings"]) {
+    EXPECT_FALSE(finding["repairable"]) << finding;
+  }
+  EXPECT_EQ(savedBytes("mended.xml"), bytes);
 }
 
 TEST(ToolRepair, NeverWritesOverTheFileItself) {

@@ -6,6 +6,7 @@
 
 namespace {
 
+using quorvan::tool::CsvFields;
 using quorvan::tool::csvLine;
 
 // Takes a line apart after the rules of the format, independently of the writer.
@@ -47,6 +48,27 @@ TEST(ToolCsv, QuotesOnlyWhatWouldBeMisread) {
   EXPECT_EQ(csvLine({"a b;c\td'e"}), "a b;c\td'e\n");
 }
 
+TEST(ToolCsv, PartsFieldsByTheSeparatorThatIsAskedFor) {
+  EXPECT_EQ(csvLine({"a,b", "c;d"}, {.separator = ';'}), "a,b;\"c;d\"\n");
+}
+
+TEST(ToolCsv, GuardsWhatASpreadsheetTakesForAFormula) {
+  EXPECT_EQ(csvLine({"=1+1", "+x", "-x", "@x", "\tx", "=a,b"}),
+            "'=1+1,'+x,'-x,'@x,'\tx,\"'=a,b\"\n");
+  EXPECT_EQ(csvLine({"-1.5", "-1e9", "x=1", "(1, 2)"}), "-1.5,-1e9,x=1,\"(1, 2)\"\n");
+  EXPECT_EQ(csvLine({"-1,5", "-1.5"}, {.separator = ';', .decimalMark = ','}), "-1,5;-1.5\n");
+}
+
+TEST(ToolCsv, WritesOutWhatSteersATerminalWhereItIsShownOnOne) {
+  EXPECT_EQ(csvLine({"\x1B[2J", "\u202E\u00E9", "a\nb"}, {.isShown = true}),
+            "\\u001b[2J,\\u202e\u00E9,a\\nb\n");
+  EXPECT_EQ(csvLine({"\x1B[2J"}), "\x1B[2J\n");
+}
+
+TEST(ToolCsv, LeavesRawFieldsAlone) {
+  EXPECT_EQ(csvLine({"=1+1", "\"@\""}, {.fields = CsvFields::kRaw}), "=1+1,\"\"\"@\"\"\"\n");
+}
+
 TEST(ToolCsv, LeavesTextOfAnyScriptAsItIs) {
   EXPECT_EQ(csvLine({"\u00E9\u20AC", "\u05D0\u05D1,\u05D2"}),
             "\u00E9\u20AC,\"\u05D0\u05D1,\u05D2\"\n");
@@ -63,7 +85,7 @@ TEST(ToolCsv, ReadsBackAsTheFieldsThatWereWritten) {
         field += kUnits[upTo(kUnits.size() - 1)];
       }
     }
-    const std::string line = csvLine(fields);
+    const std::string line = csvLine(fields, {.fields = CsvFields::kRaw});
     ASSERT_EQ(csvFields(line), fields) << line;
   }
 }

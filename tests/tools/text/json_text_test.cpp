@@ -52,12 +52,6 @@ TEST(ToolJson, IsLaidOutForPeople) {
       "{\n  \"a\": [\n    {\"b\": 1},\n    {\"b\": 2}\n  ],\n  \"c\": [1, 2],\n  \"d\": []\n}\n");
 }
 
-TEST(ToolJson, HasNullForWhatIsNoNumber) {
-  EXPECT_EQ(inlineJson(std::numeric_limits<double>::infinity()), "null");
-  EXPECT_EQ(inlineJson(-std::numeric_limits<double>::infinity()), "null");
-  EXPECT_EQ(inlineJson(std::numeric_limits<double>::quiet_NaN()), "null");
-}
-
 TEST(ToolJson, WritesPlainValuesAsTheyAre) {
   EXPECT_EQ(inlineJson(nullptr), "null");
   EXPECT_EQ(inlineJson(true), "true");
@@ -127,6 +121,18 @@ TEST(ToolJson, ReadsBackAsWhatWasWrittenInEitherForm) {
     ASSERT_EQ(Json::parse(indentedJson(value)), value);
     EXPECT_EQ(inlineJson(value).find('\n'), std::string::npos);
   }
+}
+
+TEST(ToolJson, HasTheTextOfWhatHasNoDigits) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(
+      inlineJson(Json::array({kInfinity, -kInfinity, std::numeric_limits<double>::quiet_NaN()})),
+      R"(["inf", "-inf", "nan"])");
+}
+
+TEST(ToolJson, WritesOutWhatSteersATerminal) {
+  EXPECT_EQ(inlineJson("\x1B \u009B \u202E \u00E9 \xE9"),
+            "\"\\u001b \\u009b \\u202e \u00E9 \uFFFD\"");
 }
 
 }  // namespace

@@ -134,6 +134,7 @@ TEST(ToolRuns, AreCutAfterSoMany) {
   EXPECT_EQ(runsOf({1, 2, 3, 5}, 2), "1-3, 5");
   EXPECT_EQ(runsOf({1, 3}, 1), "1, ...");
   EXPECT_EQ(runsOf({}, 1), "");
+  EXPECT_EQ(runsOf({1, 2}, 0), "...");
 }
 
 TEST(ToolRuns, NameEveryNumberOnce) {

@@ -129,10 +129,13 @@ TEST(ToolPrintable, WritesOutWhatTurnsTheTextAroundIt) {
   for (const auto& [text, shown] : {std::pair{"\u202A", R"(\u202a)"},
                                     {"\u202E", R"(\u202e)"},
                                     {"\u2066", R"(\u2066)"},
-                                    {"\u2069", R"(\u2069)"}}) {
+                                    {"\u2069", R"(\u2069)"},
+                                    {"\u2028", R"(\u2028)"},
+                                    {"\u2029", R"(\u2029)"},
+                                    {"\u200F", R"(\u200f)"}}) {
     EXPECT_EQ(printable(text), shown);
   }
-  EXPECT_EQ(printable("\u2029"), "\u2029");
+  EXPECT_EQ(printable("\u202F"), "\u202F");
   EXPECT_EQ(printable("\u2065"), "\u2065");
 }
 
@@ -158,6 +161,26 @@ TEST(ToolLength, IsThatOfCharacters) {
   EXPECT_EQ(lengthOf(""), 0U);
   EXPECT_EQ(lengthOf("abc"), 3U);
   EXPECT_EQ(lengthOf("\u00E9\u20AC\U0001F600"), 3U);
+}
+
+// What one long cell costs is its own length.
+TEST(ToolTable, PadsNoRowForTheLongestCell) {
+  quorvan::tool::Table table;
+  table.addColumn("text");
+  table.addColumn("last");
+  table.addRow({std::string(100000, 'x'), "1"});
+  for (int i = 0; i < 100; ++i) {
+    table.addRow({"y", "2"});
+  }
+  std::ostringstream out;
+  table.print(out);
+  EXPECT_LT(out.str().size(), 120000U);
+  EXPECT_NE(out.str().find("\ny" + std::string(61, ' ') + "2\n"), std::string::npos);
+}
+
+TEST(ToolText, IsPrintedWithoutWhatSteersATerminal) {
+  EXPECT_EQ(quorvan::tool::printable("a\x1B[2J\u009B\u202E\u200F\u2028\u061C\x7F\xFF"),
+            "a\\u001b[2J\\u009b\\u202e\\u200f\\u2028\\u061c\\u007f\uFFFD");
 }
 
 }  // namespace

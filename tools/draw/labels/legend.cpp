@@ -97,7 +97,7 @@ void drawScale(const DrawOptions& options, ShapeSink& sink) {
     ruler.lineTo({place, kRow + 0.9});
   }
   sink.addPath(Layer::kTitle, {ink::kTitle, pen::kMedium}, std::move(ruler));
-  addText(rounded(length, 6) + ' ' + std::string(options.unit->name), end + kGap, sink);
+  addText(shortest(length) + ' ' + std::string(options.unit->name), end + kGap, sink);
 }
 
 }  // namespace

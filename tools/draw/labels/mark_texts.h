@@ -10,6 +10,7 @@
 #include <tools/draw/scene/plane_point.h>
 #include <tools/draw/scene/sheet.h>
 #include <tools/files/transfer_file.h>
+#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
 
@@ -42,7 +43,7 @@ class MarkTexts {
     std::optional<double> diameter;
   };
 
-  std::unordered_map<std::int64_t, std::vector<Place>> m_places;
+  std::unordered_map<std::int64_t, std::vector<Place>, KeyedHash> m_places;
 };
 
 }  // namespace quorvan::tool

@@ -6,6 +6,7 @@
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
 #include <tools/model/repartition.h>
+#include <tools/model/repeated_bars.h>
 #include <tools/schedule/list_tables.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
@@ -34,7 +35,7 @@ std::string scriptJson(const Json& value) {
 // The marks by which elements are found: that of a bar, and of a repartition that of its bar.
 class MarkFinder {
  public:
-  explicit MarkFinder(const TransferFile& file) : m_index(file), m_targets(file) {}
+  explicit MarkFinder(const TransferFile& file) : m_bars(file) {}
 
   Json of(const Element& element, const std::vector<ItemValue>& items) {
     if (const auto shape = barShapeOf(element)) {
@@ -43,18 +44,12 @@ class MarkFinder {
     if (!element.is(items::ElementClass::kRepartition)) {
       return {};
     }
-    const Repartition series = toRepartition(items);
-    const Element* const target = m_index.find(series.className, series.index);
-    const auto shape = barShapeOf(series.className);
-    if (target == nullptr || !shape) {
-      return {};
-    }
-    return toBar(*shape, m_targets.read(*target)).reference;
+    const Bar* const bar = m_bars.find(toRepartition(items));
+    return bar == nullptr ? Json() : Json(bar->reference);
   }
 
  private:
-  ElementIndex m_index;
-  ItemReader m_targets;
+  RepeatedBars m_bars;
 };
 
 // [class, index, description, mark or null, [[item, value], ...]]

@@ -1,3 +1,4 @@
+#include <tools/draw/scene/clipping.h>
 #include <tools/draw/scene/occupancy.h>
 
 #include <algorithm>
@@ -55,31 +56,18 @@ double Occupancy::costAt(int x, int y) const {
 template <class Call>
 void Occupancy::along(PlanePoint from, PlanePoint to, Call call) const {
   const SheetBox sheet{{-m_cell, -m_cell}, {(m_columns + 1) * m_cell, (m_rows + 1) * m_cell}};
-  SheetBox box{from, from};
-  box.include(to);
-  if (!isFinite(from) || !isFinite(to) || !box.meets(sheet)) {
+  if (!isFinite(from) || !isFinite(to)) {
     return;
   }
   // Only the part over the sheet is walked.
-  double begin = 0.0;
-  double end = 1.0;
-  const auto cut = [&](double at, double way, double least, double most) {
-    if (way != 0.0) {
-      const double a = (least - at) / way;
-      const double b = (most - at) / way;
-      begin = std::max(begin, std::min(a, b));
-      end = std::min(end, std::max(a, b));
-    }
-  };
-  cut(from.x, to.x - from.x, sheet.least.x, sheet.most.x);
-  cut(from.y, to.y - from.y, sheet.least.y, sheet.most.y);
-  const double length = lengthOf(to - from) * (end - begin);
-  if (!(end >= begin) || !(length < 1e7)) {
+  const auto part = clippedLine(from, to, sheet);
+  if (!part) {
     return;
   }
-  const int parts = static_cast<int>(length / m_cell) + 1;
+  const PlanePoint way = part->second - part->first;
+  const int parts = static_cast<int>(lengthOf(way) / m_cell) + 1;
   for (int i = 0; i <= parts; ++i) {
-    call(from + (to - from) * (begin + (end - begin) * i / parts));
+    call(part->first + way * (static_cast<double>(i) / parts));
   }
 }
 

@@ -24,7 +24,8 @@ double leftTurn(PlanePoint from, PlanePoint to) {
 
 void Path::arcTo(PlanePoint center, double sweep) {
   const PlanePoint to = center + turned(end() - center, sweep);
-  m_steps.push_back({PathStep::Kind::kArc, to, center, sweep});
+  // More than a full turn shows nothing more.
+  m_steps.push_back({PathStep::Kind::kArc, to, center, std::clamp(sweep, -kTurn, kTurn)});
 }
 
 void Path::arcThrough(PlanePoint middle, PlanePoint last) {

@@ -89,7 +89,10 @@ std::string barText(const BarWords& bar, Language language) {
     text += " e=" + bar.spacingInCentimetres;
   }
   if (bar.lengthInMetres > 0.0) {
-    text += " L=" + fixed(bar.lengthInMetres, 2);
+    // All the digits of a length that no bar has would take the room of the drawing.
+    constexpr double kLongest = 1e6;
+    text += " L=" + (bar.lengthInMetres < kLongest ? fixed(bar.lengthInMetres, 2)
+                                                   : shortest(bar.lengthInMetres));
   }
   return text;
 }

@@ -1,14 +1,18 @@
 #include <tools/draw/shapes/shape_sink.h>
 
+#include <algorithm>
 #include <cmath>
+
+#include <tools/draw/scene/clipping.h>
 
 namespace quorvan::tool {
 
 namespace {
 
-// Beyond this nothing on a sheet can be meant, and numbers get too long to be written.
-constexpr double kFarthestDrawn = 1e9;
-// What is measured has no sheet yet.
+// mm around the sheet: what lies beyond is cut off. With room for the widest pen, and for whoever
+// moves a picture about to see how lines go on.
+constexpr double kAround = 1000.0;
+// Beyond this, products of places are no numbers.
 constexpr double kFarthestMeasured = 1e100;
 constexpr double kLargestDot = 5.0;  // mm: such a circle is no place for a label inside
 
@@ -30,28 +34,43 @@ bool isPlaced(const Path& path, double farthest) {
 
 }  // namespace
 
-double ShapeSink::farthest() const noexcept {
-  return m_context.isMeasuring ? kFarthestMeasured : kFarthestDrawn;
+SheetBox ShapeSink::visible() const noexcept {
+  return SheetBox{{}, {sheet().width(), sheet().height()}}.grown(kAround);
 }
 
 void ShapeSink::addPath(Layer layer, const Style& style, Path path) {
   if (path.steps().empty()) {
     return;
   }
-  if (!isPlaced(path, farthest())) {
+  if (!path.isFinite() || (m_context.isMeasuring && !isPlaced(path, kFarthestMeasured))) {
     return leaveOut();
   }
   Shape shape = shapeOn(layer, Shape::Kind::kPath, style);
-  shape.path = std::move(path);
-  if (!m_context.isMeasuring) {
+  if (m_context.isMeasuring) {
+    shape.path = std::move(path);
+  } else {
+    shape.path = style.isFilled ? clippedFill(path, visible()) : clippedStroke(path, visible());
+    if (shape.path.steps().empty()) {
+      return;
+    }
     m_taken.take(shape.path, Occupancy::Kind::kLine);
   }
   add(std::move(shape));
 }
 
 void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, double radius) {
-  if (!isPlaced(center, farthest()) || !(std::abs(radius) <= farthest())) {
+  if (!isPlaced(center, kFarthestMeasured) || !(std::abs(radius) <= kFarthestMeasured)) {
     return leaveOut();
+  }
+  if (!m_context.isMeasuring &&
+      !visible().meets(SheetBox{center, center}.grown(std::abs(radius)))) {
+    return;
+  }
+  if (!m_context.isMeasuring && !style.isFilled && std::abs(radius) > kAround) {
+    Path circle;
+    circle.moveTo(center + PlanePoint{std::abs(radius), 0.0});
+    circle.arcTo(center, 2.0 * std::numbers::pi);
+    return addPath(layer, style, std::move(circle));
   }
   Shape shape = shapeOn(layer, Shape::Kind::kCircle, style);
   shape.center = center;
@@ -68,9 +87,18 @@ void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, do
 }
 
 void ShapeSink::addText(Layer layer, const Style& style, Lettering lettering) {
-  if (!isPlaced(lettering.at, farthest()) || !(std::abs(lettering.height) <= farthest()) ||
+  if (!isPlaced(lettering.at, kFarthestMeasured) || !std::isfinite(lettering.height) ||
       !std::isfinite(lettering.angle)) {
     return leaveOut();
+  }
+  if (!m_context.isMeasuring) {
+    lettering.height = std::clamp(lettering.height, -sheet().width() - sheet().height(),
+                                  sheet().width() + sheet().height());
+    const double reach =
+        std::abs(lettering.height) * static_cast<double>(lettering.text.size() + 1);
+    if (!visible().meets(SheetBox{lettering.at, lettering.at}.grown(reach))) {
+      return;
+    }
   }
   Shape shape = shapeOn(layer, Shape::Kind::kText, style);
   shape.lettering = std::move(lettering);
@@ -115,7 +143,7 @@ void ShapeSink::drawLabels() {
     double least = -1.0;
     for (const PlanePoint place : label.places) {
       label.lettering.at = place;
-      const double cost = isPlaced(place, kFarthestDrawn) ? m_taken.cost(label.lettering) : -1.0;
+      const double cost = isPlaced(place, kFarthestMeasured) ? m_taken.cost(label.lettering) : -1.0;
       if (cost >= 0.0 && (least < 0.0 || cost < least)) {
         least = cost;
         best = label.lettering;

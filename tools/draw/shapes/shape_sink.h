@@ -1,6 +1,7 @@
 // Collects the shapes of a scene, each kind of element by kind.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <string>
@@ -45,8 +46,11 @@ struct DrawContext {
   double lettering = 2.0;    // mm, of what the program adds
   bool isMeasuring = false;  // only what the elements themselves look like
 
+  /// Within a full turn, either way round.
   [[nodiscard]] double radians(double angle) const noexcept {
-    return angles == AngleUnit::kDegrees ? angle * std::numbers::pi / 180.0 : angle;
+    constexpr double kDegrees = 360.0;
+    return angles == AngleUnit::kDegrees ? std::fmod(angle, kDegrees) * std::numbers::pi / 180.0
+                                         : std::fmod(angle, 2.0 * std::numbers::pi);
   }
 };
 
@@ -112,7 +116,7 @@ class ShapeSink {
 
  private:
   [[nodiscard]] Shape shapeOn(Layer layer, Shape::Kind kind, const Style& style) const;
-  [[nodiscard]] double farthest() const noexcept;
+  [[nodiscard]] SheetBox visible() const noexcept;
   void leaveOut();
   void add(Shape shape);
   void drawCallout(const Callout& callout, bool isQuick);

@@ -5,6 +5,8 @@
 #include <numbers>
 #include <tuple>
 
+#include <quorvan/text/utf8.h>
+
 #include <tools/draw/scene/lettering_metrics.h>
 #include <tools/text/number_text.h>
 
@@ -17,6 +19,12 @@ constexpr const char* kPaper = "#ffffff";
 
 std::string number(double value) {
   return rounded(value, kDecimals);
+}
+
+// Whether XML cannot hold the character.
+bool isForbiddenInXml(char32_t character) {
+  return (character < ' ' && character != '\t' && character != '\n') || character == 0xFFFE ||
+         character == 0xFFFF;
 }
 
 // Styles by class name, in the order of their first use.
@@ -214,19 +222,22 @@ void writeSvg(const Scene& scene, const SvgOptions& options, std::ostream& out) 
 
 std::string xmlText(std::string_view text) {
   std::string out;
-  for (const char unit : text) {
-    if (unit == '&') {
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (at != end) {
+    const char32_t character = decodeUtf8(at, end);
+    if (character == '&') {
       out += "&amp;";
-    } else if (unit == '<') {
+    } else if (character == '<') {
       out += "&lt;";
-    } else if (unit == '>') {
+    } else if (character == '>') {
       out += "&gt;";
-    } else if (unit == '"') {
+    } else if (character == '"') {
       out += "&quot;";
-    } else if (unit == '\r') {
+    } else if (character == '\r') {
       out += "&#13;";
     } else {
-      out += unit;
+      appendUtf8(out, isForbiddenInXml(character) ? kReplacementCharacter : character);
     }
   }
   return out;

@@ -16,7 +16,7 @@ struct SvgOptions {
 /// place in the file under "data-e". Units are millimetres of paper, y downwards.
 void writeSvg(const Scene& scene, const SvgOptions& options, std::ostream& out);
 
-/// The text with what XML takes for markup written out.
+/// The text with what XML takes for markup written out, and U+FFFD for what it cannot hold.
 std::string xmlText(std::string_view text);
 
 }  // namespace quorvan::tool
