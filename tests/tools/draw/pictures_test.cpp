@@ -297,6 +297,27 @@ TEST(ToolPictures, PutLabelsOverNothingAndOutsideTheConcrete) {
   }
 }
 
+// Twenty bars side by side: their leaders pass between the labels.
+TEST(ToolPictures, DrawNoLeaderThroughALabel) {
+  std::string all = test::concreteOf(0, 0, 4000, 600) +
+                    test::textOf({.contents = "SECTION", .at = {0, 700, 0}, .height = 50});
+  for (int i = 0; i < 20; ++i) {
+    all += barOf({.points = {{40, 40 + 26.0 * i, 0}, {3960, 40 + 26.0 * i, 0}},
+                  .diameter = 12,
+                  .mark = i + 1,
+                  .index = i + 1});
+  }
+  const Scene scene = sceneOf(all).scene;
+  const std::vector<Shape> labels = shapesOn(scene, Layer::kMarks, Shape::Kind::kText);
+  EXPECT_EQ(labels.size(), 40U);
+  for (const Shape& leader : shapesOn(scene, Layer::kMarks, Shape::Kind::kPath)) {
+    for (const Shape& label : labels) {
+      EXPECT_FALSE(crosses(lettersOf(label), leader.path))
+          << leader.element << " through " << label.lettering.text;
+    }
+  }
+}
+
 TEST(ToolPictures, HaveLineWeightsInOrderAtEveryScale) {
   for (const double scale : {10.0, 20.0, 25.0, 50.0, 100.0}) {
     DrawOptions options;

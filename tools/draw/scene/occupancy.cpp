@@ -12,8 +12,10 @@ namespace {
 
 constexpr double kMostCells = 8e6;
 constexpr int kArcParts = 12;
-constexpr double kCosts[] = {20.0, 5.0, 1.0};  // of a text, a line, concrete, a cell each
-constexpr double kBesideSheet = 200.0;         // the sheet
+// Of a text, a line, concrete, a cell each.
+constexpr double kCosts[] = {Occupancy::kTextCost, 5.0, 1.0};
+constexpr double kBesideSheet = 200.0;  // the sheet
+constexpr double kThinShare = 0.15;     // of the cost of a line or concrete
 
 }  // namespace
 
@@ -182,7 +184,10 @@ double Occupancy::cost(const Lettering& text) const {
 
 double Occupancy::cost(PlanePoint from, PlanePoint to) const {
   double sum = 0.0;
-  along(from, to, [&](PlanePoint point) { sum += costAt(column(point.x), row(point.y)); });
+  along(from, to, [&](PlanePoint point) {
+    const double cost = costAt(column(point.x), row(point.y));
+    sum += cost < kTextCost ? kThinShare * cost : cost;
+  });
   return sum;
 }
 

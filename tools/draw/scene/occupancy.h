@@ -14,6 +14,9 @@ class Occupancy {
  public:
   enum class Kind : std::uint8_t { kText = 1, kLine = 2, kConcrete = 4 };
 
+  /// What it costs to cover a cell of a text.
+  static constexpr double kTextCost = 20.0;
+
   Occupancy(double width, double height);
 
   void take(const SheetBox& box, Kind kind);
@@ -27,7 +30,7 @@ class Occupancy {
   /// lines, then concrete.
   [[nodiscard]] double cost(const SheetBox& box) const;
   [[nodiscard]] double cost(const Lettering& text) const;
-  /// Of a thin line.
+  /// Of a thin line, which may cross others and concrete, but no text.
   [[nodiscard]] double cost(PlanePoint from, PlanePoint to) const;
 
  private:

@@ -12,8 +12,8 @@ namespace {
 constexpr double kRings[] = {1.8, 3.0, 4.5, 6.5, 9.0, 12.5, 17.0, 23.0, 32.0};  // heights away
 constexpr int kDirections = 16;
 constexpr int kFewDirections = 4;
-constexpr double kLeaderShare = 0.15;  // a leader may cross lines
 constexpr double kAwayShare = 0.3;
+constexpr double kBesideText = 0.75;  // heights: a leader ends so far from the middle of the text
 
 struct CalloutSize {
   double radius;
@@ -46,6 +46,13 @@ SheetBox boxAt(PlanePoint anchor, PlanePoint direction, double away, const Callo
   return {center - half, center + half};
 }
 
+// Whether a leader to the bubble would run through the text beside it.
+bool crossesText(const CalloutPlace& place, double lettering) {
+  const PlanePoint way = place.anchor - place.bubble;
+  return place.box.most.x > place.text.x && place.anchor.x > place.text.x &&
+         std::abs(way.y) * (place.text.x - place.bubble.x) < kBesideText * lettering * way.x;
+}
+
 CalloutPlace placeIn(const SheetBox& box, PlanePoint anchor, const CalloutSize& size,
                      double lettering) {
   CalloutPlace place;
@@ -55,7 +62,11 @@ CalloutPlace placeIn(const SheetBox& box, PlanePoint anchor, const CalloutSize& 
   place.bubble = {box.least.x + size.radius, box.center().y};
   place.text = {box.least.x + 2.0 * size.radius + (size.radius > 0.0 ? 0.3 * lettering : 0.0),
                 box.center().y};
-  if (size.radius > 0.0) {
+  if (size.radius > 0.0 && crossesText(place, lettering)) {
+    const double beside = kBesideText * lettering;
+    place.leaderEnd = {std::clamp(anchor.x, place.text.x, box.most.x),
+                       std::clamp(anchor.y, place.text.y - beside, place.text.y + beside)};
+  } else if (size.radius > 0.0) {
     place.leaderEnd = place.bubble - directionOf(place.bubble - anchor) * size.radius;
   } else {
     place.leaderEnd = {std::clamp(anchor.x, box.least.x, box.most.x),
@@ -80,9 +91,9 @@ CalloutPlace placeOf(const Callout& callout, double lettering, const SheetBox& r
         const SheetBox box = boxAt(anchor, turned({1.0, 0.0}, angle), ring * lettering, size, room);
         const double covered = taken.cost(box.grown(0.25 * lettering));
         const CalloutPlace place = placeIn(box, anchor, size, lettering);
-        const double cost = covered + kLeaderShare * taken.cost(place.anchor, place.leaderEnd) +
-                            kAwayShare * lengthOf(place.leaderEnd - anchor);
-        isFree = isFree || covered == 0.0;
+        const double leader = taken.cost(place.anchor, place.leaderEnd);
+        const double cost = covered + leader + kAwayShare * lengthOf(place.leaderEnd - anchor);
+        isFree = isFree || (covered == 0.0 && leader < Occupancy::kTextCost);
         if (least < 0.0 || cost < least) {
           least = cost;
           best = place;
