@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <tools/bending/bent_form.h>
+#include <tools/model/repeated_bars.h>
 #include <tools/model/series_spans.h>
 #include <tools/model/view_twins.h>
 
@@ -83,7 +84,7 @@ void DrawingCollector::collect() {
 void DrawingCollector::collectSeries() {
   const ElementIndex index(m_file);
   ViewTwins twins;
-  ItemReader bars(m_file);
+  RepeatedBars bars(m_file);
   for (const Element& element : m_file.elements()) {
     if (!element.is(items::ElementClass::kRepartition)) {
       continue;
@@ -97,7 +98,7 @@ void DrawingCollector::collectSeries() {
                target == nullptr ? LeftOutReason::kBarNotThere : LeftOutReason::kNoBars);
       continue;
     }
-    const Bar bar = toBar(*shape, bars.read(*target));
+    const Bar& bar = *bars.find(series);
     twins.add(element, series, bar.reference);
     Use use{&element, series.number(), seriesSpans(series, bar)};
     const auto [least, most] = std::ranges::minmax_element(use.spans);

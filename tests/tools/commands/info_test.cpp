@@ -44,6 +44,40 @@ TEST(ToolInfo, CountsClassesThatItDoesNotKnow) {
             json::parse(R"([{"class": "CKtZantoSpiral", "known": false, "count": 2}])"));
 }
 
+TEST(ToolInfo, TakesNoInstructionForAnElement) {
+  quorvan::test::writeFile("instruction.xml",
+                           "<Document><?CKtZantoLine x?><!-- c -->text<CKtZantoText/></Document>");
+  const json file = json::parse(runTool({"info", "--json", "instruction.xml"}).out)["files"][0];
+  EXPECT_EQ(file["elements"], 1);
+  ASSERT_EQ(file["classes"].size(), 1U);
+  EXPECT_EQ(file["classes"][0]["class"], "CKtZantoText");
+}
+
+TEST(ToolInfo, ShowsTheFirstRepartitionsAndWithAllTheRest) {
+  const std::string sample = quorvan::test::sampleBytes();
+  const std::size_t begin = sample.find("<CKtZantoRepartition ");
+  const std::string end = "</CKtZantoRepartition>";
+  const std::string one = sample.substr(begin, sample.find(end, begin) + end.size() - begin);
+  std::string all;
+  for (int i = 0; i < 25; ++i) {
+    all += one;
+  }
+  quorvan::test::writeFile("series.xml", "<Document>" + all + "</Document>");
+  const auto rows = [](const std::string& text) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find("(not there)", at)) != std::string::npos; ++at) {
+      ++count;
+    }
+    return count;
+  };
+  const std::string first = runTool({"info", "series.xml"}).out;
+  EXPECT_EQ(rows(first), 20U) << first;
+  EXPECT_TRUE(first.ends_with("  and 5 more: --all shows them\n")) << first;
+  const std::string whole = runTool({"info", "--all", "series.xml"}).out;
+  EXPECT_EQ(rows(whole), 25U);
+  EXPECT_EQ(whole.find("more: --all"), std::string::npos);
+}
+
 TEST(ToolInfo, NamesTheBarThatARepartitionDoesNotFind) {
   quorvan::test::writeFile(
       "lost.xml", quorvan::test::replaced(quorvan::test::sampleBytes(), R"(<Index long="1"/>)",
