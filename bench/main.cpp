@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <bench/hidden_bars.h>
+#include <bench/hosts.h>
 #include <bench/measure.h>
 #include <bench/peers.h>
 #include <bench/report.h>
@@ -18,6 +19,7 @@ struct Options {
   std::string json;
   std::vector<std::string> only;
   std::vector<std::string> parts{"peers", "growth", "hidden"};
+  std::vector<std::string> hosts;
   bool processorTime = false;
   bool warm = false;
 };
@@ -134,8 +136,12 @@ Options parse(int argc, char** argv) {
   app.add_option("--folder", options.folder, "where the files are written")->capture_default_str();
   app.add_option("--json", options.json, "also write the results to this file");
   app.add_option("--only", options.only, "measure only the peers whose names begin so");
-  app.add_option("--part", options.parts, "measure only these of: peers, growth, hidden")
-      ->check(CLI::IsMember({"peers", "growth", "hidden"}));
+  app.add_option("--part", options.parts,
+                 "measure only these of: peers, growth, hidden; windows, for which scripts/bench "
+                 "builds what it takes")
+      ->check(CLI::IsMember({"peers", "growth", "hidden", "windows"}));
+  app.add_option("--host", options.hosts,
+                 "for the part windows: NAME=COMMAND of a quorvan-bench-host");
   app.add_flag("--processor-time", options.processorTime,
                "measure processor time: for a machine that does other work as well");
   app.add_flag("--warm", options.warm, "leave each run the memory that others have freed");
@@ -169,6 +175,9 @@ int main(int argc, char** argv) {
     }
     if (isWantedPart("hidden")) {
       measureHidden(options, report);
+    }
+    if (isWantedPart("windows")) {
+      report.hosts = bench::measureHosts(options.hosts, options.rounds, options.folder);
     }
     bench::printTable(report);
     if (!options.json.empty()) {

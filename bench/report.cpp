@@ -61,6 +61,31 @@ void printHidden(const Report& report) {
   }
 }
 
+const HostRow* find(const Report& report, const std::string& host, const HostRow& like) {
+  const auto found =
+      std::find_if(report.hosts.begin(), report.hosts.end(), [&](const HostRow& row) {
+        return row.host == host && row.work == like.work && row.elements == like.elements;
+      });
+  return found != report.hosts.end() ? &*found : nullptr;
+}
+
+void printHosts(const Report& report) {
+  std::printf(
+      "\nHosts, us an element and against the portable library\n%-12s %-16s %8s %10s %8s %10s\n",
+      "", "", "elements", "us/elem", "ratio", "service");
+  for (const HostRow& row : report.hosts) {
+    const HostRow* const base = find(report, "portable", row);
+    std::printf("%-12s %-16s %8.0f %10.2f", row.host.c_str(), row.work.c_str(), row.elements,
+                row.seconds * 1e6);
+    std::printf(" %7.2fx", base != nullptr ? row.seconds / base->seconds : 0.0);
+    if (row.serviceShare >= 0) {
+      std::printf(" %8.0f %%", row.serviceShare * 100);
+    }
+    std::printf("\n");
+  }
+  std::printf("\nservice: the part of the time inside Windows' document service\n");
+}
+
 }  // namespace
 
 void printTable(const Report& report) {
@@ -72,6 +97,9 @@ void printTable(const Report& report) {
   }
   if (!report.hidden.empty()) {
     printHidden(report);
+  }
+  if (!report.hosts.empty()) {
+    printHosts(report);
   }
 }
 
@@ -98,6 +126,13 @@ void writeJson(const Report& report, const std::string& path) {
                                   {"searchSeconds", row.searchSeconds},
                                   {"exportSeconds", row.exportSeconds},
                                   {"hashSetSeconds", row.hashSetSeconds}});
+  }
+  for (const HostRow& row : report.hosts) {
+    json["hosts"].push_back({{"host", row.host},
+                             {"work", row.work},
+                             {"elements", row.elements},
+                             {"secondsAnElement", row.seconds},
+                             {"serviceShare", row.serviceShare}});
   }
   std::ofstream(path) << json.dump(2) << '\n';
 }

@@ -29,12 +29,23 @@ struct HiddenRow {
   double hashSetSeconds = 0;
 };
 
+// What a host did, and what each element cost it.
+struct HostRow {
+  std::string host;
+  std::string work;
+  double elements = 0;
+  double seconds = 0;
+  double serviceShare =
+      -1;  // of the time, inside Windows' document service; -1 where there is none
+};
+
 struct Report {
   double elements = 0;
   int rounds = 0;
   std::vector<PeerRow> peers;
   std::vector<GrowthRow> growth;
   std::vector<HiddenRow> hidden;
+  std::vector<HostRow> hosts;
 };
 
 void printTable(const Report& report);
