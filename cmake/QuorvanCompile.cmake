@@ -46,6 +46,14 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   endif()
 endif()
 
+if(MINGW)
+  # What is built tells neither where nor when, so that the same sources make the same bytes; what
+  # ships has no names of things inside.
+  target_compile_options(quorvan_compile INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=."
+                                                   "-ffile-prefix-map=${PROJECT_BINARY_DIR}=.")
+  target_link_options(quorvan_compile INTERFACE LINKER:--no-insert-timestamp $<$<CONFIG:Release>:-s>)
+endif()
+
 if(QUORVAN_SANITIZE)
   target_compile_options(
     quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}" -fno-sanitize-recover=all

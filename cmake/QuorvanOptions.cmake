@@ -13,6 +13,12 @@ option(QUORVAN_JOIN_LIBRARY "Join the library's sources, too, where CMAKE_UNITY_
 option(QUORVAN_COVERAGE "Instrument the library for line and branch coverage" OFF)
 set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 
+if(WIN32 AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+  message(FATAL_ERROR "32-bit Windows is not built: the list of exported names is that of 64 bits, "
+                      "where size_t is another type, and the numbers of a file are pinned for SSE2 "
+                      "arithmetic, not for the 80 bits of the 32-bit convention.")
+endif()
+
 # Where the XML document service comes from: the platform's own through COM, where there is one, or
 # the embedded one.
 if(WIN32)

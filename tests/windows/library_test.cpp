@@ -164,12 +164,12 @@ TEST(Library, HoldsThePromptInFrenchOnly) {
       L"une mise \u00E0 jour automatique.");
 }
 
-TEST(Library, TellsItsVersion) {
+void expectVersion(const char* path, int type) {
   DWORD ignored = 0;
-  const DWORD size = ::GetFileVersionInfoSizeA(QUORVAN_LIBRARY, &ignored);
+  const DWORD size = ::GetFileVersionInfoSizeA(path, &ignored);
   ASSERT_NE(size, 0U);
   std::vector<std::byte> info(size);
-  ASSERT_NE(::GetFileVersionInfoA(QUORVAN_LIBRARY, 0, size, info.data()), 0);
+  ASSERT_NE(::GetFileVersionInfoA(path, 0, size, info.data()), 0);
   void* value = nullptr;
   UINT length = 0;
   ASSERT_NE(
@@ -178,9 +178,19 @@ TEST(Library, TellsItsVersion) {
   EXPECT_STREQ(static_cast<const wchar_t*>(value), L"Quorvan");
   ASSERT_NE(::VerQueryValueW(info.data(), L"\\", &value, &length), 0);
   const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(value);
-  EXPECT_EQ(fixed->dwFileType, static_cast<DWORD>(VFT_DLL));
+  EXPECT_EQ(fixed->dwFileType, static_cast<DWORD>(type));
   EXPECT_GE(HIWORD(fixed->dwFileVersionMS), 1);
 }
+
+TEST(Library, TellsItsVersion) {
+  expectVersion(QUORVAN_LIBRARY, VFT_DLL);
+}
+
+#ifdef QUORVAN_PROGRAM
+TEST(Program, TellsItsVersion) {
+  expectVersion(QUORVAN_PROGRAM, VFT_APP);
+}
+#endif
 
 }  // namespace
 }  // namespace quorvan::test
