@@ -20,12 +20,15 @@ install(
 
 # A shared library hides what it is made with; whoever links a static one must find it.
 set(QUORVAN_PACKAGE_DEPENDENCIES "")
+set(QUORVAN_CXX_RUNTIME "")
 set(QUORVAN_PC_REQUIRES_PRIVATE "")
 set(QUORVAN_PC_CFLAGS "")
 set(QUORVAN_PC_LIBS_PRIVATE "")
 if(NOT BUILD_SHARED_LIBS)
   set(QUORVAN_PC_CFLAGS " -DQUORVAN_STATIC")
-  set(QUORVAN_PC_LIBS_PRIVATE "-lstdc++ -lm")
+  set(QUORVAN_CXX_RUNTIME stdc++ m)
+  list(TRANSFORM QUORVAN_CXX_RUNTIME PREPEND -l OUTPUT_VARIABLE _runtime)
+  list(JOIN _runtime " " QUORVAN_PC_LIBS_PRIVATE)
   if(QUORVAN_DOM_BACKEND STREQUAL "embedded")
     set(QUORVAN_PACKAGE_DEPENDENCIES "include(CMakeFindDependencyMacro)\nfind_dependency(EXPAT)\n")
     set(QUORVAN_PC_REQUIRES_PRIVATE expat)

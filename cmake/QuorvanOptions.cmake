@@ -1,7 +1,12 @@
 # Everything about the build that can be chosen. A top-level build gives tests, tool and examples;
-# a project that adds this one as a subdirectory gets the library alone.
+# a project that adds this one as a subdirectory gets the library alone, and keeps its own settings:
+# nothing is cached for it but what begins with QUORVAN_.
 
-option(BUILD_SHARED_LIBS "Build the library as a shared library" ON)
+if(PROJECT_IS_TOP_LEVEL)
+  option(BUILD_SHARED_LIBS "Build the library as a shared library" ON)
+elseif(NOT DEFINED BUILD_SHARED_LIBS)
+  set(BUILD_SHARED_LIBS ON)
+endif()
 option(QUORVAN_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(QUORVAN_BUILD_TOOL "Build the command-line program" ${PROJECT_IS_TOP_LEVEL})
 option(QUORVAN_BUILD_EXAMPLES "Build the example programs" ${PROJECT_IS_TOP_LEVEL})
@@ -37,7 +42,7 @@ if(QUORVAN_DOM_BACKEND STREQUAL "service" AND NOT WIN32)
 endif()
 unset(_default_backend)
 
-if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
 endif()
 

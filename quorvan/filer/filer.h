@@ -15,8 +15,8 @@
 // Threads: a filer is used by the thread that created it. Nothing is locked.
 #pragma once
 
-#include <concepts>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -96,7 +96,7 @@ class QUORVAN_API CKtFiler {
   int writeItem(CString name, int value) {
     return writeItem(std::move(name), static_cast<long>(value));
   }
-  template <std::integral Number>
+  template <class Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
   int writeItem(CString name, Number value) {
     return writeItem(std::move(name), static_cast<long>(value));
   }
@@ -134,7 +134,7 @@ class QUORVAN_API CKtFiler {
   /// is closed first. The element joins the current class element at endVector. Returns 0 with no
   /// current class.
   int beginVector(CString name, long count);
-  template <std::integral Number>
+  template <class Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
   int beginVector(CString name, Number count) {
     return beginVector(std::move(name), static_cast<long>(count));
   }

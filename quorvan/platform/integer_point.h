@@ -8,7 +8,10 @@ class CPoint {
   /// The point with these coordinates.
   CPoint(int initX, int initY) noexcept : x(initX), y(initY) {}
 
-  friend bool operator==(const CPoint& a, const CPoint& b) noexcept = default;
+  friend bool operator==(const CPoint& a, const CPoint& b) noexcept {
+    return a.x == b.x && a.y == b.y;
+  }
+  friend bool operator!=(const CPoint& a, const CPoint& b) noexcept { return !(a == b); }
 
   /// The coordinates.
   long x = 0;

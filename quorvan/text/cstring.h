@@ -11,12 +11,14 @@
 // std::out_of_range, std::invalid_argument) leaves the text as it was.
 #pragma once
 
-#include <compare>
-#include <concepts>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#if defined(__cpp_impl_three_way_comparison)
+#include <compare>
+#endif
 
 #include <quorvan/api.h>
 #include <quorvan/text/format_argument.h>
@@ -136,7 +138,7 @@ class QUORVAN_API CString {
     return m_data[index];
   }
   /// As GetAt.
-  template <std::integral Index>
+  template <class Index, std::enable_if_t<std::is_integral_v<Index>, int> = 0>
   [[nodiscard]] wchar_t operator[](Index index) const {
     checkIndex(static_cast<long long>(index), m_length);
     return m_data[static_cast<std::size_t>(index)];
@@ -200,12 +202,32 @@ class QUORVAN_API CString {
     return a.view() == b.view();
   }
   friend bool operator==(const CString& a, const wchar_t* b) noexcept { return a.Compare(b) == 0; }
+#if defined(__cpp_impl_three_way_comparison)
   friend std::strong_ordering operator<=>(const CString& a, const CString& b) noexcept {
     return a.Compare(b) <=> 0;
   }
   friend std::strong_ordering operator<=>(const CString& a, const wchar_t* b) noexcept {
     return a.Compare(b) <=> 0;
   }
+#else
+  // What C++20 makes of these two by itself.
+  friend bool operator==(const wchar_t* a, const CString& b) noexcept { return b == a; }
+  friend bool operator!=(const CString& a, const CString& b) noexcept { return !(a == b); }
+  friend bool operator!=(const CString& a, const wchar_t* b) noexcept { return !(a == b); }
+  friend bool operator!=(const wchar_t* a, const CString& b) noexcept { return !(b == a); }
+  friend bool operator<(const CString& a, const CString& b) noexcept { return a.Compare(b) < 0; }
+  friend bool operator<(const CString& a, const wchar_t* b) noexcept { return a.Compare(b) < 0; }
+  friend bool operator<(const wchar_t* a, const CString& b) noexcept { return b.Compare(a) > 0; }
+  friend bool operator<=(const CString& a, const CString& b) noexcept { return a.Compare(b) <= 0; }
+  friend bool operator<=(const CString& a, const wchar_t* b) noexcept { return a.Compare(b) <= 0; }
+  friend bool operator<=(const wchar_t* a, const CString& b) noexcept { return b.Compare(a) >= 0; }
+  friend bool operator>(const CString& a, const CString& b) noexcept { return b < a; }
+  friend bool operator>(const CString& a, const wchar_t* b) noexcept { return b < a; }
+  friend bool operator>(const wchar_t* a, const CString& b) noexcept { return b < a; }
+  friend bool operator>=(const CString& a, const CString& b) noexcept { return b <= a; }
+  friend bool operator>=(const CString& a, const wchar_t* b) noexcept { return b <= a; }
+  friend bool operator>=(const wchar_t* a, const CString& b) noexcept { return b <= a; }
+#endif
 
   // --- parts, searching, replacing -----------------------------------------------------------
 

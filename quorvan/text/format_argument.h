@@ -1,7 +1,6 @@
 // One argument of CString::Format: a value together with its type.
 #pragma once
 
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -16,17 +15,16 @@ class FormatArgument {
  public:
   enum class Kind : std::uint8_t { Signed, Unsigned, Floating, NarrowText, WideText, Pointer };
 
-  template <std::integral T>
+  template <class T, std::enable_if_t<std::is_integral_v<T>, int> = 0>
   explicit FormatArgument(T value) noexcept
       : m_kind(std::is_signed_v<T> ? Kind::Signed : Kind::Unsigned), m_bytes(sizeof(T)) {
     m_value.integer = static_cast<std::uint64_t>(value);
   }
-  template <std::floating_point T>
+  template <class T, std::enable_if_t<std::is_floating_point_v<T>, int> = 0>
   explicit FormatArgument(T value) noexcept : m_kind(Kind::Floating), m_bytes(sizeof(double)) {
     m_value.floating = static_cast<double>(value);
   }
-  template <class T>
-    requires std::is_enum_v<T>
+  template <class T, std::enable_if_t<std::is_enum_v<T>, int> = 0>
   explicit FormatArgument(T value) noexcept
       : FormatArgument(static_cast<std::underlying_type_t<T>>(value)) {}
   explicit FormatArgument(const char* text) noexcept

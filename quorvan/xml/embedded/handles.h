@@ -63,6 +63,15 @@ class NodeHandle {
   friend bool operator==(const NodeHandle& handle, std::nullptr_t) noexcept {
     return handle.m_tree == nullptr;
   }
+  friend bool operator==(std::nullptr_t, const NodeHandle& handle) noexcept {
+    return handle == nullptr;
+  }
+  friend bool operator!=(const NodeHandle& handle, std::nullptr_t) noexcept {
+    return !(handle == nullptr);
+  }
+  friend bool operator!=(std::nullptr_t, const NodeHandle& handle) noexcept {
+    return !(handle == nullptr);
+  }
 
  private:
   friend class Tree;
@@ -141,6 +150,15 @@ class DocumentHandle {
   explicit operator bool() const noexcept { return m_document != nullptr; }
   friend bool operator==(const DocumentHandle& handle, std::nullptr_t) noexcept {
     return handle.m_document == nullptr;
+  }
+  friend bool operator==(std::nullptr_t, const DocumentHandle& handle) noexcept {
+    return handle == nullptr;
+  }
+  friend bool operator!=(const DocumentHandle& handle, std::nullptr_t) noexcept {
+    return !(handle == nullptr);
+  }
+  friend bool operator!=(std::nullptr_t, const DocumentHandle& handle) noexcept {
+    return !(handle == nullptr);
   }
 
  private:
