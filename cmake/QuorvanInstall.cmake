@@ -8,15 +8,16 @@ set(_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Quorvan")
 install(
   TARGETS quorvan
   EXPORT QuorvanTargets
-  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
-  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-  FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
-  FILE_SET generated DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT library
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library NAMELINK_COMPONENT development
+  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
+  FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
+  FILE_SET generated DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
 install(
   EXPORT QuorvanTargets
   NAMESPACE quorvan::
-  DESTINATION "${_package_dir}")
+  DESTINATION "${_package_dir}"
+  COMPONENT development)
 
 # A shared library hides what it is made with; whoever links a static one must find it.
 set(QUORVAN_PACKAGE_DEPENDENCIES "")
@@ -45,18 +46,21 @@ write_basic_package_version_file(
   "${PROJECT_BINARY_DIR}/QuorvanConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/QuorvanConfig.cmake"
               "${PROJECT_BINARY_DIR}/QuorvanConfigVersion.cmake"
-        DESTINATION "${_package_dir}")
+        DESTINATION "${_package_dir}"
+        COMPONENT development)
 
 # The path from the .pc file back to the prefix, so that an installed tree can be moved.
 set(_pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH QUORVAN_PC_PREFIX "/prefix/${_pc_dir}" "/prefix")
 string(REGEX REPLACE "/$" "" QUORVAN_PC_PREFIX "${QUORVAN_PC_PREFIX}")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/quorvan.pc.in" "${PROJECT_BINARY_DIR}/quorvan.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/quorvan.pc" DESTINATION "${_pc_dir}")
+install(FILES "${PROJECT_BINARY_DIR}/quorvan.pc" DESTINATION "${_pc_dir}" COMPONENT development)
 
-install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+        COMPONENT development)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" "${PROJECT_SOURCE_DIR}/examples"
-        DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+        COMPONENT development)
 
 # Linkers of the other family read another kind of import library, made from the same definition.
 if(MINGW AND BUILD_SHARED_LIBS AND EXISTS "${QUORVAN_EXPORTS_FILE}")
@@ -71,7 +75,7 @@ if(MINGW AND BUILD_SHARED_LIBS AND EXISTS "${QUORVAN_EXPORTS_FILE}")
       DEPENDS "${_definition}"
       VERBATIM)
     add_custom_target(quorvan_import_library ALL DEPENDS "${_import_library}")
-    install(FILES "${_import_library}" DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+    install(FILES "${_import_library}" DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
   else()
     message(WARNING "Without llvm-dlltool (Debian: llvm) there is no quorvan.lib for other linkers")
   endif()
@@ -83,6 +87,8 @@ if(PROJECT_IS_TOP_LEVEL)
   set(CPACK_GENERATOR ZIP)
   if(WIN32)
     set(CPACK_SYSTEM_NAME win64)
+  elseif(QUORVAN_DEBIAN_PACKAGES)
+    include(QuorvanDebian)
   endif()
   include(CPack)
 endif()

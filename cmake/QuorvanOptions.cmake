@@ -15,6 +15,9 @@ option(QUORVAN_BUILD_FUZZ "Link the fuzz targets with libFuzzer (needs Clang)" O
 option(QUORVAN_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
 option(QUORVAN_WERROR "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 option(QUORVAN_JOIN_LIBRARY "Join the library's sources, too, where CMAKE_UNITY_BUILD joins sources" ON)
+option(QUORVAN_DEBIAN_PACKAGES "Have CPack make Debian packages: library, development files, program" OFF)
+set(QUORVAN_MAINTAINER "Quorvan <quorvan@example.org>" CACHE STRING "Who a Debian package names as its maintainer")
+set(QUORVAN_LICENCE_FILE "" CACHE FILEPATH "The licence, which every Debian package then has as its copyright file")
 option(QUORVAN_COVERAGE "Instrument the library for line and branch coverage" OFF)
 set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 
