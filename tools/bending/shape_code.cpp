@@ -13,11 +13,12 @@ namespace {
 
 constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr double kSameAngle = 0.5 * kDegree;
-constexpr double kSemicircle = 0.57;  // of its outer diameter
+constexpr double kSameDirection = 0.9999;  // a cosine
 
 // A bar from end to end. Turns: L and R are right angles to the left and right, l and r less, O
 // more than a right angle, H 135 degrees, U half a turn. Legs of one letter are equally long. The
-// length is the sum of the legs and what a semicircle adds, less so many radii and diameters.
+// length is the sum of the legs and so many outer diameters of a semicircle, less so many radii and
+// diameters.
 struct CodedForm {
   int code;
   std::string_view legs;
@@ -26,7 +27,8 @@ struct CodedForm {
   double radii;
   double diameters;
   bool isApproximate = false;
-  char semicircle = 0;  // the letter of its outer diameter
+  double semicircles = 0.0;
+  char semicircle = 0;  // the letter of its outer diameter, where that is a dimension
   char sloping = 0;     // the leg that slopes: its height and its reach are dimensions, too
   char height = 0;
   char reach = 0;
@@ -37,33 +39,44 @@ struct CodedForm {
 constexpr CodedForm kForms[] = {
     {0, "A", "", 0, 0.0, 0.0},
     {11, "AB", "L", 'B', 0.5, 1.0},
-    {13, "AC", "U", 'C', 0.0, 1.6, false, 'B'},
-    {14, "AC", "O", 'C', 0.0, 0.0, true, 0, 'A', 'D'},
-    {15, "AC", "l", 'C', 0.0, 0.0, true, 0, 'A', 'D'},
+    {13, "AC", "U", 'C', 0.0, 1.6, false, 0.57, 'B'},
+    {14, "AC", "O", 'C', 0.0, 0.0, true, 0.0, 0, 'A', 'D'},
+    {15, "AC", "l", 'C', 0.0, 0.0, true, 0.0, 0, 'A', 'D'},
     {21, "ABC", "LL", 'C', 1.0, 2.0},
-    {22, "ABD", "LU", 'D', 0.5, 2.6, false, 'C'},
+    {22, "ABD", "LU", 'D', 0.5, 2.6, false, 0.57, 'C'},
     {23, "ABC", "LR", 'C', 1.0, 2.0},
-    {24, "ABC", "ll", 'C', 0.0, 0.0, false, 0, 'B', 'D', 'E'},
-    {25, "AEB", "ll", 'E', 0.0, 0.0, true, 0, 'A', 'C', 0, 'B', 'D'},
-    {26, "ABC", "lr", 'C', 0.0, 0.0, true, 0, 'B', 'D', 'E'},
-    {27, "ABC", "lL", 'C', 0.5, 1.0, true, 0, 'A', 'D', 'E'},
-    {28, "ABC", "lR", 'C', 0.5, 1.0, true, 0, 'A', 'D', 'E'},
+    {24, "ABC", "ll", 'C', 0.0, 0.0, false, 0.0, 0, 'B', 'D', 'E'},
+    {25, "AEB", "ll", 'E', 0.0, 0.0, true, 0.0, 0, 'A', 'C', 0, 'B', 'D'},
+    {26, "ABC", "lr", 'C', 0.0, 0.0, true, 0.0, 0, 'B', 'D', 'E'},
+    {27, "ABC", "lL", 'C', 0.5, 1.0, true, 0.0, 0, 'A', 'D', 'E'},
+    {28, "ABC", "lR", 'C', 0.5, 1.0, true, 0.0, 0, 'A', 'D', 'E'},
+    {29, "ABC", "Ol", 'C', 0.0, 0.0, true, 0.0, 0, 'B', 'D', 'E'},
     {31, "ABCD", "LLL", 'D', 1.5, 3.0},
     {32, "ABCD", "LLR", 'D', 1.5, 3.0},
-    {34, "ABCE", "lrR", 'E', 0.5, 1.0, true, 0, 'B', 'D'},
-    {35, "ABCE", "lrL", 'E', 0.5, 1.0, true, 0, 'B', 'D'},
-    {41, "ABCDE", "LRRL", 'E', 2.0, 4.0},
-    {46, "ABCBE", "lrrl", 'E', 0.0, 0.0, true, 0, 'B', 'D'},
+    {34, "ABCE", "lrR", 'E', 0.5, 1.0, true, 0.0, 0, 'B', 'D', 'F'},
+    {35, "ABCE", "lrL", 'E', 0.5, 1.0, true, 0.0, 0, 'B', 'D', 'F'},
+    {36, "ABCD", "lLL", 'D', 1.0, 2.0, true, 0.0, 0, 'A', 'E', 'F'},
+    {41, "ABCDE", "LLLL", 'E', 2.0, 4.0},
+    {44, "ABCDE", "LRRL", 'E', 2.0, 4.0},
+    {46, "ABCBE", "lrrl", 'E', 0.0, 0.0, true, 0.0, 0, 'B', 'D'},
+    {47, "CABAC", "ULLU", 'C', 3.0, 6.0, false, 2.0},
     {48, "CABAC", "HLLH", 'C', 1.0, 2.0},
     {51, "CABABC", "LLLLL", 'C', 2.5, 5.0},
     {52, "CABABC", "HLLLH", 'C', 1.5, 3.0},
+    {56, "EADCBE", "LOlLL", 'D', 1.5, 3.0},
     {63, "CBABABC", "LLLLLL", 'C', 3.0, 6.0},
+    {64, "ABCDEDF", "LLLLLL", 'F', 3.0, 6.0},
 };
+
+// A chair: the upright U of A between both B, and its feet C and D square to it, one to each side.
+constexpr CodedForm kChair{98, "CBABD", "", 'D', 2.0, 4.0};
 
 constexpr int kWideBend = 12;
 constexpr int kRing = 75;
 constexpr int kSlopesToRightAngle = 24;
 constexpr int kSlopesApart = 25;
+constexpr int kSlopesBack = 29;  // the legs beside the slope are parallel
+constexpr int kSlopesInLink = 56;
 
 bool isAngle(double angle, double degrees) {
   return std::abs(angle - degrees * kDegree) <= kSameAngle;
@@ -122,16 +135,31 @@ Reading read(const BentBar& bent, bool isBackwards, double step) {
 bool areSlopesInOrder(const CodedForm& form, const Reading& reading) {
   std::vector<double> slopes;
   for (std::size_t i = 0; i < form.turns.size(); ++i) {
-    if (form.turns[i] == 'l' || form.turns[i] == 'r') {
+    constexpr std::string_view kSloping = "lrO";
+    if (kSloping.find(form.turns[i]) != std::string_view::npos) {
       slopes.push_back(reading.bends[i].angle);
     }
   }
   if (form.code == kSlopesToRightAngle) {
     return isAngle(slopes[0] + slopes[1], 90.0);
   }
+  if (form.code == kSlopesBack || form.code == kSlopesInLink) {
+    return isAngle(slopes[0] + slopes[1], 180.0);
+  }
   return form.code == kSlopesApart || std::ranges::all_of(slopes, [&slopes](double slope) {
            return std::abs(slope - slopes.front()) <= kSameAngle;
          });
+}
+
+bool areLettersInOrder(const CodedForm& form, const Reading& reading, double step) {
+  const double tolerance = std::max(step, 1.0) / 2.0;
+  for (std::size_t i = 0; i < form.legs.size(); ++i) {
+    const double first = reading.legs[form.legs.find(form.legs[i])];
+    if (std::abs(reading.legs[i] - first) > tolerance) {
+      return false;
+    }
+  }
+  return true;
 }
 
 bool matches(const CodedForm& form, const Reading& reading, double step) {
@@ -143,14 +171,7 @@ bool matches(const CodedForm& form, const Reading& reading, double step) {
       return false;
     }
   }
-  const double tolerance = std::max(step, 1.0) / 2.0;
-  for (std::size_t i = 0; i < form.legs.size(); ++i) {
-    const double first = reading.legs[form.legs.find(form.legs[i])];
-    if (std::abs(reading.legs[i] - first) > tolerance) {
-      return false;
-    }
-  }
-  return areSlopesInOrder(form, reading);
+  return areLettersInOrder(form, reading, step) && areSlopesInOrder(form, reading);
 }
 
 // The turn at which a sloping leg leaves the one beside it.
@@ -168,7 +189,7 @@ void addSlope(const CodedForm& form, const Reading& reading, double step, char l
   const double length = dimensions[leg].value;
   dimensions[height] = {height, stepped(length * std::sin(slope), step)};
   if (reach != 0) {
-    dimensions[reach] = {reach, stepped(length * std::cos(slope), step)};
+    dimensions[reach] = {reach, stepped(length * std::abs(std::cos(slope)), step)};
   }
 }
 
@@ -190,10 +211,10 @@ ShapeCode coded(const CodedForm& form, const Reading& reading, const BentBar& be
                        Dimension{letter, reading.legs[i], letter == form.free, reading.unknown[i]});
     length += dimensions[letter].value;
   }
+  const double across = stepped(bent.roller + 2.0 * bent.diameter, step);
+  length += form.semicircles * across;
   if (form.semicircle != 0) {
-    const double across = stepped(bent.roller + 2.0 * bent.diameter, step);
     dimensions[form.semicircle] = {form.semicircle, across};
-    length += kSemicircle * across;
   }
   addSlope(form, reading, step, form.sloping, form.height, form.reach, dimensions);
   addSlope(form, reading, step, form.otherSloping, form.otherHeight, 0, dimensions);
@@ -221,9 +242,59 @@ ShapeCode wideBendCode(const BentBar& bent, double step) {
           "AB"};
 }
 
+ShapeCode coded(const CodedForm& form, const Reading& reading, const BentBar& bent, double step,
+                bool isBackwards) {
+  ShapeCode code = coded(form, reading, bent, step);
+  code.isByFormula = !form.isApproximate;
+  code.legs = form.legs;
+  if (isBackwards) {
+    std::ranges::reverse(code.legs);
+  }
+  return code;
+}
+
+// Of two directions of the course: 1 along each other, 0 square, -1 against.
+double cosineBetween(const BentBar& bent, std::size_t leg, std::size_t other) {
+  const auto way = [&bent](std::size_t i) {
+    const Coordinates& from = bent.course[i];
+    const Coordinates& to = bent.course[i + 1];
+    return Coordinates{to.x - from.x, to.y - from.y, to.z - from.z};
+  };
+  const Coordinates a = way(leg);
+  const Coordinates b = way(other);
+  const double lengths = std::hypot(a.x, a.y, a.z) * std::hypot(b.x, b.y, b.z);
+  return (a.x * b.x + a.y * b.y + a.z * b.z) / lengths;
+}
+
+bool isChair(const BentBar& bent) {
+  const auto isRight = [](const Bend& bend) { return isAngle(bend.angle, 90.0); };
+  return bent.course.size() == kChair.legs.size() + 1 && bent.legs.size() == kChair.legs.size() &&
+         std::ranges::all_of(bent.bends, isRight) && cosineBetween(bent, 1, 3) < -kSameDirection &&
+         cosineBetween(bent, 0, 4) > kSameDirection;
+}
+
+std::optional<ShapeCode> chairCode(const BentBar& bent, double step) {
+  const Reading reading = read(bent, false, step);
+  return isChair(bent) && areLettersInOrder(kChair, reading, step)
+             ? std::optional(coded(kChair, reading, bent, step, false))
+             : std::nullopt;
+}
+
+std::optional<ShapeCode> planeCode(const BentBar& bent, double step) {
+  for (const CodedForm& form : kForms) {
+    for (const bool isBackwards : {false, true}) {
+      const Reading reading = read(bent, isBackwards, step);
+      if (matches(form, reading, step)) {
+        return coded(form, reading, bent, step, isBackwards);
+      }
+    }
+  }
+  return std::nullopt;
+}
+
 // The code by shape alone.
 std::optional<ShapeCode> findCode(const BentBar& bent, double step) {
-  if (!bent.isPlane() || !bent.fits || bent.legs.empty()) {
+  if (!bent.fits || bent.legs.empty()) {
     return std::nullopt;
   }
   if (bent.shape == BarShape::kFrameCirc) {
@@ -235,21 +306,7 @@ std::optional<ShapeCode> findCode(const BentBar& bent, double step) {
                         isAngle(bent.bends.front().angle, 90.0);
     return isWide ? std::optional(wideBendCode(bent, step)) : std::nullopt;
   }
-  for (const CodedForm& form : kForms) {
-    for (const bool isBackwards : {false, true}) {
-      const Reading reading = read(bent, isBackwards, step);
-      if (matches(form, reading, step)) {
-        ShapeCode code = coded(form, reading, bent, step);
-        code.isByFormula = !form.isApproximate;
-        code.legs = form.legs;
-        if (isBackwards) {
-          std::ranges::reverse(code.legs);
-        }
-        return code;
-      }
-    }
-  }
-  return std::nullopt;
+  return bent.isPlane() ? planeCode(bent, step) : chairCode(bent, step);
 }
 
 }  // namespace

@@ -30,7 +30,9 @@ struct ShapeCode {
 /// degrees where the formula is an approximation. A bar on another roller than the usual one has a
 /// code only if it has no bend, or one right angle over a larger roller.
 ///
-/// Given are 00, 11 to 15, 21 to 28, 31, 32, 34, 35, 41, 46, 48, 51, 52, 63 and 75.
+/// Given are all but these, which no element of a drawing says: 01 is a stock length, in the shape
+/// of 00; 33 and 67 are arcs of a radius of their own, 77 is a helix. 33 over the usual roller is
+/// 63, whose length is the same.
 ShapeCode shapeCodeOf(const BentBar& bent, double step);
 
 }  // namespace quorvan::tool

@@ -1,9 +1,11 @@
 // Shape codes, held against the printed table of their lengths.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <map>
+#include <numbers>
 #include <random>
 #include <sstream>
 
@@ -20,11 +22,13 @@ using quorvan::tool::BarShape;
 using quorvan::tool::BendingRules;
 using quorvan::tool::BentBar;
 using quorvan::tool::Dimension;
+using quorvan::tool::Hook;
 using quorvan::tool::Mandrel;
 using quorvan::tool::ShapeCode;
 using quorvan::tool::shapeCodeOf;
 
-// A row of the table, and a bar that it is for: L and R turn by a right angle, U by two.
+// A row of the table, and a bar that it is for: L and R turn by a right angle, H by one and a half,
+// U by two. A chair stands in space.
 struct Row {
   std::string code;
   std::map<char, double> factors;  // by letter, r and d among them
@@ -66,11 +70,37 @@ std::vector<Row> table() {
     row.factors = factorsOf(formula);
     rows.push_back(std::move(row));
   }
-  EXPECT_EQ(rows.size(), 14U);
+  EXPECT_EQ(rows.size(), 17U);
   return rows;
 }
 
-// Half a turn is filed as a hook, so it can only be the last bend.
+// The angle of a hook: what turns farther than a corner can is filed as one.
+double hookAngleOf(char turn) {
+  return turn == 'U' ? 180.0 : turn == 'H' ? 135.0 : 0.0;
+}
+
+// Takes a hook from the end of the bar where one is.
+Hook hookFrom(std::vector<double>& legs, std::string& turns, bool atStart) {
+  const double angle = turns.empty() ? 0.0 : hookAngleOf(atStart ? turns.front() : turns.back());
+  if (angle == 0.0) {
+    return {};
+  }
+  const Hook hook{atStart ? legs.front() : legs.back(), angle};
+  legs.erase(atStart ? legs.begin() : std::prev(legs.end()));
+  turns.erase(atStart ? turns.begin() : std::prev(turns.end()));
+  return hook;
+}
+
+// Feet to both sides of an upright U.
+Bar chairOf(double diameter, const std::vector<double>& legs) {
+  Bar bar;
+  bar.shape = BarShape::kPolygon;
+  bar.diameter = diameter;
+  bar.line = {{0, -legs[0], 0},      {0, 0, 0},         {0, 0, legs[1]},
+              {legs[2], 0, legs[1]}, {legs[2], 0, 0.0}, {legs[2], legs[4], 0}};
+  return bar;
+}
+
 Bar barOf(const Row& row, double diameter, std::mt19937& chance) {
   std::uniform_real_distribution<double> length(40.0 * diameter, 200.0 * diameter);
   std::map<char, double> byLetter;
@@ -78,18 +108,20 @@ Bar barOf(const Row& row, double diameter, std::mt19937& chance) {
   for (const char letter : row.legs) {
     legs.push_back(byLetter.emplace(letter, length(chance)).first->second);
   }
-  std::vector<double> turns;
-  const bool endsInHook = row.turns.ends_with('U');
-  for (const char turn : row.turns.substr(0, row.turns.size() - (endsInHook ? 1 : 0))) {
-    turns.push_back(turn == 'L' ? 90.0 : -90.0);
+  if (row.turns == "chair") {
+    return chairOf(diameter, legs);
   }
-  const double hook = endsInHook ? legs.back() : 0.0;
-  if (endsInHook) {
-    legs.pop_back();
+  std::string turns = row.turns;
+  const Hook first = hookFrom(legs, turns, true);
+  const Hook last = hookFrom(legs, turns, false);
+  std::vector<double> angles;
+  angles.reserve(turns.size());
+  for (const char turn : turns) {
+    angles.push_back(turn == 'L' ? 90.0 : -90.0);
   }
-  Bar bar = polygonBar(diameter, legs, turns);
+  Bar bar = polygonBar(diameter, legs, angles);
   bar.side = true;
-  bar.hooks[1] = {hook, hook > 0.0 ? 180.0 : 0.0};
+  bar.hooks = {first, last};
   return bar;
 }
 
@@ -107,38 +139,72 @@ double lengthByTable(const Row& row, const BentBar& bar) {
   return length;
 }
 
+// How far the formula may be from the centre line: by bends of a right angle, and by hooks, whose
+// share it rounds to whole diameters.
+double toleranceOf(const Row& row, const BentBar& bar) {
+  constexpr double kForBend = 1.5;    // mm
+  constexpr double kForHooks = 0.45;  // diameters
+  const bool hasHooks = row.turns.find('H') != std::string::npos || row.turns.starts_with('U');
+  return kForBend * std::max(1.0, static_cast<double>(bar.bends.size())) +
+         (hasHooks && row.turns.size() > 1 ? kForHooks * bar.diameter : 0.0);
+}
+
 TEST(ShapeCode, FormulasOfRightAnglesAreTheCentreLine) {
-  constexpr double kTolerance = 1.5;  // mm for each bend
   std::mt19937 chance(1);
   for (const Row& row : table()) {
+    const bool isLink = row.turns.find('H') != std::string::npos;
     for (const double diameter : {6.0, 8.0, 10.0, 12.0, 16.0, 20.0, 25.0, 32.0, 40.0}) {
-      for (int i = 0; i < 20; ++i) {
+      // Hooks of 135 degrees are for links, which are not bent of thicker bars.
+      for (int i = 0; i < (isLink && diameter > 16.0 ? 0 : 20); ++i) {
         const BentBar bar = bent(barOf(row, diameter, chance));
         ASSERT_TRUE(bar.fits);
-        const double bends = std::max(1.0, static_cast<double>(bar.bends.size()));
-        ASSERT_NEAR(bar.centreLine(), lengthByTable(row, bar), kTolerance * bends)
+        ASSERT_NEAR(bar.centreLine(), lengthByTable(row, bar), toleranceOf(row, bar))
             << "code " << row.code << ", diameter " << diameter;
       }
     }
   }
 }
 
-// 44, 64 and 98 are not given; what they would be for gets another code or 99.
 TEST(ShapeCode, FindsTheCodeOfEachFormAndItsLengthByTheTable) {
   std::mt19937 chance(2);
-  int found = 0;
   for (const Row& row : table()) {
-    if (row.code == "44" || row.code == "64" || row.code == "98") {
-      continue;
+    for (int i = 0; i < 20; ++i) {
+      const BentBar bar = bent(barOf(row, 12.0, chance));
+      const ShapeCode code = shapeCodeOf(bar, 0.0);
+      ASSERT_EQ(code.number, std::stoi(row.code));
+      ASSERT_TRUE(code.isByFormula);
+      ASSERT_EQ(code.legs, row.legs);
+      ASSERT_NEAR(code.length, lengthByTable(row, bar), 1e-6) << row.code;
     }
-    const BentBar bar = bent(barOf(row, 12.0, chance));
-    const ShapeCode code = shapeCodeOf(bar, 0.0);
-    EXPECT_EQ(code.number, std::stoi(row.code));
-    EXPECT_TRUE(code.isByFormula);
-    EXPECT_NEAR(code.length, lengthByTable(row, bar), 1e-6) << row.code;
-    ++found;
   }
-  EXPECT_EQ(found, 11);
+}
+
+// 01 is 00 in another length; 67 and 77 are arcs of a radius that no element has; 33 is one, too,
+// but over the usual roller, where it can be drawn with two corners for each half turn.
+TEST(ShapeCode, TakesTheStadiumOverTheUsualRollerForTheLinkOfTheSameLength) {
+  const double across = 12.0 * 4.0 + 12.0;
+  const BentBar bar =
+      bent(polygonBar(12, {250, across, 600, across, 600, across, 250}, {90, 90, 90, 90, 90, 90}));
+  EXPECT_EQ(shapeCodeOf(bar, 0.0).number, 63);
+  const double outer = across + 12.0;
+  const double stadium = 2.0 * 612.0 + 1.7 * outer + 2.0 * 256.0 - 4.0 * 12.0;
+  EXPECT_NEAR(shapeCodeOf(bar, 0.0).length, stadium, 0.5 * 12.0);
+}
+
+// What is a chair but for one foot, or for a leg, is not one.
+TEST(ShapeCode, IsThatOfTheChairWithAFootToEachSideAlone) {
+  const Bar chair = chairOf(12, {300, 400, 500, 400, 200});
+  EXPECT_EQ(shapeCodeOf(bent(chair), 5.0).number, 98);
+  Bar sameSide = chair;
+  sameSide.line[5].y = -200;
+  EXPECT_EQ(shapeCodeOf(bent(sameSide), 5.0).number, 99);
+  Bar uneven = chair;
+  uneven.line[4].z = 50;
+  uneven.line[5].z = 50;
+  EXPECT_EQ(shapeCodeOf(bent(uneven), 5.0).number, 99);
+  Bar turned = chair;
+  std::ranges::reverse(turned.line);
+  EXPECT_EQ(shapeCodeOf(bent(turned), 5.0).number, 98);
 }
 
 std::string letters(const ShapeCode& code) {
@@ -168,8 +234,26 @@ TEST(ShapeCode, GivesTheDimensionsOfSlopingLegs) {
             "28: A600 B910 C*705 D300 E520");
   EXPECT_EQ(coded(bent(polygonBar(12, {500, 300, 700, 300, 600}, {45, -45, -45, 45}))),
             "46: A500 B305 C705 D215 E*600");
-  EXPECT_EQ(coded(bent(polygonBar(12, {500, 300, 700, 400}, {45, -45, -90}))).substr(0, 2), "34");
-  EXPECT_EQ(coded(bent(polygonBar(12, {500, 300, 700, 400}, {45, -45, 90}))).substr(0, 2), "35");
+  EXPECT_EQ(coded(bent(polygonBar(12, {500, 300, 700, 400}, {45, -45, -90}))),
+            "34: A500 B305 C710 D215 E*405 F215");
+  EXPECT_EQ(coded(bent(polygonBar(12, {500, 300, 700, 400}, {45, -45, 90}))),
+            "35: A500 B305 C710 D215 E*405 F215");
+  EXPECT_EQ(coded(bent(polygonBar(12, {500, 700, 600, 400}, {45, 90, 90}))),
+            "36: A500 B710 C610 D*405 E355 F355");
+}
+
+// Legs of which one slopes back over the other, and a link with one side that slopes. Beyond a
+// right angle a leg goes to the outermost point of its bend, short of the corner.
+TEST(ShapeCode, GivesTheDimensionsOfSlopesThatTurnBack) {
+  const BentBar back = bent(polygonBar(12, {600, 800, 500}, {120, 60}));
+  EXPECT_EQ(coded(back), "29: A585 B790 C*505 D685 E395");
+  EXPECT_NEAR(shapeCodeOf(back, 0.0).length, back.centreLine(), 1e-9);
+  EXPECT_EQ(coded(bent(polygonBar(12, {600, 800, 500}, {120, 50}))), "99: ");
+  const double slope = 500.0 / std::sin(std::numbers::pi / 3.0);
+  const double top = 900.0 - 500.0 / std::tan(std::numbers::pi / 3.0);
+  const BentBar link =
+      bent(polygonBar(12, {144, 900, slope, top, 500, 144}, {90, 120, 60, 90, 90}));
+  EXPECT_EQ(coded(link), "56: A890 B510 C620 D*565 E150");
 }
 
 TEST(ShapeCode, IsFoundFromBothEndsAndBothSides) {
