@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -167,6 +168,23 @@ TEST(BentBar, ReadsTheSameFromBothEndsAndBothSides) {
   EXPECT_EQ(form({300, 500, 700}, {90, 45}), form({300, 500, 700}, {-90, -45}));
   EXPECT_NE(form({300, 500, 700}, {90, 45}), form({300, 500, 700}, {90, -45}));
   EXPECT_NE(form({300, 500, 700}, {90, 45}), form({700, 500, 300}, {90, 45}));
+}
+
+// In space a bar cannot be turned over into its mirror image.
+TEST(BentBar, ReadsTheSameFromBothEndsInSpaceButNotInAMirror) {
+  Bar bar = polygonBar(16, {300, 600}, {90});
+  bar.line = {{0, 0, 0}, {300, 0, 0}, {300, 600, 0}, {300, 600, 400}, {900, 600, 400}};
+  Bar reversed = bar;
+  std::ranges::reverse(reversed.line);
+  Bar mirrored = bar;
+  Bar turned = bar;
+  for (std::size_t i = 0; i < bar.line.size(); ++i) {
+    mirrored.line[i].z = -bar.line[i].z;
+    turned.line[i] = {-bar.line[i].y, bar.line[i].z, -bar.line[i].x};
+  }
+  EXPECT_EQ(formOf(bent(bar)), formOf(bent(reversed)));
+  EXPECT_EQ(formOf(bent(bar)), formOf(bent(turned)));
+  EXPECT_NE(formOf(bent(bar)), formOf(bent(mirrored)));
 }
 
 TEST(BentBar, KnowsABarThatLiesInNoPlane) {
