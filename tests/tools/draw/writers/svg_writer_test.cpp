@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <numbers>
+#include <regex>
 #include <sstream>
 
 #include <tests/tools/loaded_file.h>
