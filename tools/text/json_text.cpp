@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 #include <tools/text/number_text.h>
 #include <tools/text/table.h>
@@ -25,8 +28,11 @@ std::string quotedText(const Json& value) {
 
 // A number that is no JSON number is the text that stands for it: "inf", "-inf" or "nan".
 std::string numberText(const Json& value) {
-  if (!value.is_number_float()) {
-    return value.dump();
+  if (value.is_number_unsigned()) {
+    return std::to_string(value.get<std::uint64_t>());
+  }
+  if (value.is_number_integer()) {
+    return std::to_string(value.get<std::int64_t>());
   }
   const double number = value.get<double>();
   if (std::isfinite(number) && (number != 0.0 || !std::signbit(number))) {
@@ -41,24 +47,62 @@ bool holdsObject(const Json& value) {
   });
 }
 
-void appendInline(std::string& out, const Json& value) {
+// The library's own way to a text is slow to set up; most texts need nothing written out.
+void appendText(std::string& out, const std::string& text) {
+  const auto isPlain = [](char one) {
+    return one >= ' ' && one <= '~' && one != '"' && one != '\\';
+  };
+  if (std::all_of(text.begin(), text.end(), isPlain)) {
+    out.append(1, '"').append(text).append(1, '"');
+  } else {
+    out += quotedText(text);
+  }
+}
+
+void appendPlain(std::string& out, const Json& value) {
   if (value.is_number()) {
     out += numberText(value);
-  } else if (value.is_array() || value.is_object()) {
-    out += value.is_array() ? '[' : '{';
-    bool isFirst = true;
-    for (const auto& [key, entry] : value.items()) {
-      out += isFirst ? "" : ", ";
-      isFirst = false;
-      if (value.is_object()) {
-        out += quotedText(key) + ": ";
-      }
-      appendInline(out, entry);
-    }
-    out += value.is_array() ? ']' : '}';
+  } else if (value.is_string()) {
+    appendText(out, value.get_ref<const std::string&>());
+  } else if (value.is_boolean()) {
+    out += value.get<bool>() ? "true" : "false";
   } else {
-    out += quotedText(value);
+    out += value.dump();
   }
+}
+
+// Calls `append` with each value, with `between` from the second on and the name before those that
+// have one.
+template <class Append>
+void appendEach(std::string& out, const Json& value, std::string_view first,
+                std::string_view between, const Append& append) {
+  bool isFirst = true;
+  const auto begin = [&] {
+    out += isFirst ? first : between;
+    isFirst = false;
+  };
+  if (const auto* const object = value.get_ptr<const Json::object_t*>()) {
+    for (const auto& [key, entry] : *object) {
+      begin();
+      appendText(out, key);
+      out += ": ";
+      append(entry);
+    }
+    return;
+  }
+  for (const Json& entry : value) {
+    begin();
+    append(entry);
+  }
+}
+
+void appendInline(std::string& out, const Json& value) {
+  if (!value.is_structured()) {
+    return appendPlain(out, value);
+  }
+  out += value.is_array() ? '[' : '{';
+  appendEach(out, value, "", ", ", [&out](const Json& entry) { appendInline(out, entry); });
+  out += value.is_array() ? ']' : '}';
 }
 
 void appendIndented(std::string& out, const Json& value, std::size_t indent) {
@@ -70,17 +114,10 @@ void appendIndented(std::string& out, const Json& value, std::size_t indent) {
     }
     out.resize(begin);
   }
-  out += value.is_array() ? "[" : "{";
-  bool isFirst = true;
-  for (const auto& [key, entry] : value.items()) {
-    out += isFirst ? "\n" : ",\n";
-    isFirst = false;
-    out.append(indent + kIndent, ' ');
-    if (value.is_object()) {
-      out += quotedText(key) + ": ";
-    }
-    appendIndented(out, entry, indent + kIndent);
-  }
+  out += value.is_array() ? '[' : '{';
+  const std::string feed = '\n' + std::string(indent + kIndent, ' ');
+  appendEach(out, value, feed, ',' + feed,
+             [&](const Json& entry) { appendIndented(out, entry, indent + kIndent); });
   out += '\n';
   out.append(indent, ' ');
   out += value.is_array() ? ']' : '}';
