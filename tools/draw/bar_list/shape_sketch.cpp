@@ -5,6 +5,7 @@
 #include <numbers>
 #include <utility>
 
+#include <tools/draw/scene/text_width.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -17,7 +18,8 @@ constexpr double kSketchBend = 1.6;  // radius
 constexpr double kSketchBar = 0.7;
 constexpr double kSketchLettering = 2.0;
 constexpr double kSketchBeside = 1.1;  // of a dimension from its leg
-constexpr double kSketchMargin = 4.2;  // room for the dimensions around the bar
+constexpr double kSketchMargin = 4.2;  // room for the dimensions above and below the bar
+constexpr double kSketchSide = 6.4;    // beside it, where angles stand, too
 constexpr double kSketchQuarter = std::numbers::pi / 2.0;
 constexpr Color kSketchInk{0, 0, 0};
 
@@ -176,7 +178,7 @@ class Sketch {
   void drawLegs() {
     const SketchBox full = outline(1.0).box;
     const double factor = std::min(
-        {1.0, (kSketchWidth - 2.0 * kSketchMargin) / std::max(full.most.x - full.least.x, 1e-9),
+        {1.0, (kSketchWidth - 2.0 * kSketchSide) / std::max(full.most.x - full.least.x, 1e-9),
          (kSketchHeight - 2.0 * kSketchMargin) / std::max(full.most.y - full.least.y, 1e-9)});
     SketchOutline drawn = outline(factor);
     const PlanePoint by = middle() - drawn.box.middle();
@@ -234,8 +236,13 @@ class Sketch {
     text.height = kSketchLettering * 0.8;
     text.alignX = AlignX::kCentre;
     text.alignY = AlignY::kMiddle;
-    // On the outside: inside, hooks and legs are close together.
-    text.at = drawn.bends[bend] + by - inward * 2.6;
+    // On the outside: inside, hooks and legs are close together. As far off as its size needs.
+    const double across = std::abs(inward.x) * textWidth(text.text, text.height) / 2.0 +
+                          std::abs(inward.y) * text.height / 2.0;
+    const PlanePoint at = drawn.bends[bend] + by - inward * (across + kSketchBeside);
+    const PlanePoint half{textWidth(text.text, text.height) / 2.0, text.height / 2.0};
+    text.at = {std::clamp(at.x, half.x, kSketchWidth - half.x),
+               std::clamp(at.y, half.y, kSketchHeight - half.y)};
     addText(std::move(text));
   }
 
