@@ -154,6 +154,9 @@ void turnOver(BentBar& bent) {
   for (Bend& bend : bent.bends) {
     bend.isLeft = !bend.isLeft;
   }
+  for (Leg& leg : bent.legs) {
+    leg.isLeft = !leg.isLeft;
+  }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include <quorvan/text/numbers.h>
 
+#include <tools/commands/bending_data_options.h>
 #include <tools/commands/command_table.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/bar_list/list_page.h>
@@ -43,6 +44,7 @@ struct BarsArguments {
   std::string language = "en";
   std::string output;
   std::string sketches;
+  BendingDataArguments bendingData;
   bool byLength = false;
   bool explain = false;
   bool asJson = false;
@@ -198,7 +200,7 @@ void writeOutput(const BarList& list, const ListWriting& writing, const std::str
                      : form == ".json" ? writeListJson
                                        : nullptr;
   if (write == nullptr) {
-    throw Failure(output + ": the name must end in .html, .pdf, .xlsx, .csv or .json");
+    throw Failure(output + ": the name must end in .html, .pdf, .xlsx, .csv, .json or .abs");
   }
   writeFile(output, console, [&](std::ostream& out) { write(list, writing, out); });
 }
@@ -222,7 +224,23 @@ void writeSketches(const BarList& list, const ListWriting& writing, const std::s
   }
 }
 
-void listBars(const BarsArguments& arguments, Console& console) {
+bool isBendingData(const BarsArguments& arguments) {
+  return arguments.bendingData.isAsked || toUtf8(toPath(arguments.output).extension()) == ".abs";
+}
+
+// Bending data has the shapes as they are bent, each length in a record of its own.
+void refuseScheduling(const BarsArguments& arguments) {
+  const bool isScheduled = arguments.schedule != "axis" || !arguments.deduction.empty() ||
+                           !arguments.rounding.empty() || arguments.roundLengths ||
+                           arguments.roundLegs || arguments.explain || !arguments.sketches.empty();
+  if (isScheduled) {
+    throw Failure(
+        "--schedule, --deduct, --round-lengths, --round-legs, --rounding, --explain and --sketches "
+        "are for lists, not for bending data");
+  }
+}
+
+int listBars(const BarsArguments& arguments, Console& console) {
   const ListOptions options = listOptions(arguments);
   ListWriting writing = listWriting(arguments);
   writing.csv.isShown = arguments.output.empty() && console.outIsTerminal;
@@ -234,6 +252,11 @@ void listBars(const BarsArguments& arguments, Console& console) {
     }
     drawings.push_back(files.emplace_back(std::make_unique<TransferFile>(name, console)).get());
   }
+  if (isBendingData(arguments)) {
+    refuseScheduling(arguments);
+    return writeBendingData(drawings, options, arguments.bendingData, arguments.output, console);
+  }
+  refuseWithoutBendingData(arguments.bendingData);
   const BarList list = makeBarList(drawings, options);
   if (!arguments.sketches.empty()) {
     writeSketches(list, writing, arguments.sketches, console);
@@ -247,6 +270,7 @@ void listBars(const BarsArguments& arguments, Console& console) {
   } else {
     printList(list, writing, console.out);
   }
+  return kSuccess;
 }
 
 void addCountingOptions(CLI::App& command, BarsArguments& arguments, Run& run) {
@@ -308,24 +332,27 @@ void addBarsOptions(CLI::App& command, Run& run) {
   }
   oneOf(command.add_option("--lang", arguments->language, "Language of the list"), languages, run)
       ->capture_default_str();
-  CLI::Option* const output =
-      command.add_option("-o,--output", arguments->output,
-                         "File to write; its ending says the form: .html .pdf .xlsx .csv .json");
+  CLI::Option* const output = command.add_option(
+      "-o,--output", arguments->output,
+      "File to write; its ending says the form: .html .pdf .xlsx .csv .json .abs");
   command.add_option("--sketches", arguments->sketches,
                      "Folder in which to put the shape of each row, as SVG");
   CLI::Option* const json =
       command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/bars.schema.json)")
           ->excludes(output);
-  command.add_flag("--csv", arguments->asCsv, "As CSV, a line for each row")
-      ->excludes(json)
-      ->excludes(output);
+  CLI::Option* const csv =
+      command.add_flag("--csv", arguments->asCsv, "As CSV, a line for each row")
+          ->excludes(json)
+          ->excludes(output);
   command
       .add_flag("--csv-raw", arguments->asRawCsv,
                 "As CSV for programs: no apostrophe before what a spreadsheet takes for a formula")
       ->excludes(json);
   command.add_flag("--semicolon", arguments->withSemicolons,
                    "CSV with semicolons and decimal commas, for spreadsheets that expect them");
-  command.callback([arguments, &run] { listBars(*arguments, run.console); });
+  addBendingDataOptions(command, arguments->bendingData, run);
+  command.get_option("--bvbs")->excludes(json)->excludes(csv);
+  command.callback([arguments, &run] { run.status = listBars(*arguments, run.console); });
 }
 
 }  // namespace
@@ -338,7 +365,8 @@ constinit const Command kBarsCommand = {
         "diameter, number, length, total length, mass, and the elements that each row came from; "
         "sums by diameter and grade, and by drawing; meshes; and what is not in the sums, with the "
         "reason. The conventions for lengths and numbers stand on top. As a schedule it has the "
-        "dimensions to bend from, and the lengths to cut.",
+        "dimensions to bend from, and the lengths to cut; as bending data (BVBS) it has a record "
+        "for each shape of a mark, for bending machines.",
     .examples =
         "quorvan bars beam.xml\n"
         "quorvan bars beam.xml --csv > bars.csv\n"
@@ -346,8 +374,10 @@ constinit const Command kBarsCommand = {
         "quorvan bars beam.xml --schedule bs8666 -o beam.pdf  shape codes, to print\n"
         "quorvan bars job/ -o job.xlsx\n"
         "quorvan bars beam.xml --schedule iso3766 --lang fr\n"
-        "quorvan bars plan-in-metres.xml --unit m",
-    .exitCodes = {},
+        "quorvan bars plan-in-metres.xml --unit m\n"
+        "quorvan bars job/ -o job.abs --project \"Hall 3\" --ascii  for bending machines",
+    .exitCodes = {"done", "bars without a record or shape in the bending data",
+                  "could not be done"},
     .addOptions = addBarsOptions,
 };
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <memory>
 
+#include <tools/bvbs/checking/abs_checker.h>
+#include <tools/bvbs/data_file.h>
 #include <tools/check/checker.h>
 #include <tools/commands/command_table.h>
 #include <tools/console/terminal.h>
@@ -48,6 +50,9 @@ FileFindings findIn(const InputFile& input, const StandardSizes& sizes, Console&
 
 FileFindings findIn(const std::string& name, const StandardSizes& sizes, Console& console) {
   try {
+    if (bvbs::isBendingDataName(name)) {
+      return {name, bvbs::checkBendingData(bvbs::bendingDataBytes(name))};
+    }
     return findIn(InputFile(name), sizes, console);
   } catch (const Unreadable& fault) {
     return {name, {findingOf(fault)}};
@@ -161,6 +166,10 @@ int repair(const CheckArguments& arguments, const StandardSizes& sizes, Console&
     throw Failure("--repair takes one file and -o with the name of the mended copy");
   }
   const std::string& name = arguments.files.front();
+  if (bvbs::isBendingDataName(name)) {
+    throw Failure(name +
+                  ": --repair mends transfer files; write bending data again from its drawing");
+  }
   refuseSameFile(name, arguments.output);
   const InputFile input(name);
   const FileFindings before = findIn(input, sizes, console);
@@ -202,7 +211,10 @@ int check(const CheckArguments& arguments, Console& console) {
 
 void addCheckOptions(CLI::App& command, Run& run) {
   const auto arguments = std::make_shared<CheckArguments>();
-  command.add_option("FILE", arguments->files, "Transfer files, or folders of them")->required();
+  command
+      .add_option("FILE", arguments->files,
+                  "Transfer files, or folders of them; bending data (.abs)")
+      ->required();
   command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/check.schema.json)");
   command.add_flag("--repair", arguments->repairs,
                    "Write a mended copy, check it and report what is left");
@@ -221,12 +233,14 @@ constinit const Command kCheckCommand = {
     .summary = "What is wrong with files, and how to mend it",
     .description =
         "Numbered findings with line, column, class, index and item, what was found and "
-        "expected, and how to mend it. A mended copy is never written over the file itself.",
+        "expected, and how to mend it. A mended copy is never written over the file itself. "
+        "Bending data (.abs) is held against its format, and its shapes against the roller.",
     .examples =
         "quorvan check beam.xml\n"
         "quorvan check --json *.xml > findings.json\n"
         "quorvan check --diameters 8,10,12,16,20,25 beam.xml\n"
-        "quorvan check broken.xml --repair -o mended.xml",
+        "quorvan check broken.xml --repair -o mended.xml\n"
+        "quorvan check job.abs",
     .exitCodes = {"no warnings (notes at most)", "warnings",
                   "errors or a file that cannot be read"},
     .addOptions = addCheckOptions,

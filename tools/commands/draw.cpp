@@ -6,6 +6,8 @@
 #include <fstream>
 #include <memory>
 
+#include <tools/bvbs/data_file.h>
+#include <tools/bvbs/sheet/shape_sheet.h>
 #include <tools/commands/command_table.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/page/html_page.h>
@@ -156,22 +158,26 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   return result;
 }
 
-void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
-                  const DrawOptions& drawing, const std::filesystem::path& path) {
-  const std::string form =
-      arguments.output == kStandardStream ? ".svg" : toUtf8(toPath(arguments.output).extension());
-  if (form == ".svg" || form == ".html") {
+std::string formOf(const DrawArguments& arguments) {
+  return arguments.output == kStandardStream ? ".svg"
+                                             : toUtf8(toPath(arguments.output).extension());
+}
+
+void closeWritten(std::ofstream& out, const std::string& name) {
+  out.close();
+  if (!out) {
+    throw Failure(name + ": cannot be written");
+  }
+}
+
+// Every form but the page, which needs the drawing itself.
+void writeScene(const Scene& scene, const DrawArguments& arguments,
+                const std::filesystem::path& path) {
+  const std::string form = formOf(arguments);
+  if (form == ".svg") {
     std::ofstream out(path, std::ios::binary);
-    if (form == ".svg") {
-      writeSvg(scene, {}, out);
-    } else {
-      writeHtmlPage(file, scene, *drawing.unit, out);
-    }
-    out.close();
-    if (!out) {
-      throw Failure(arguments.output + ": cannot be written");
-    }
-    return;
+    writeSvg(scene, {}, out);
+    return closeWritten(out, arguments.output);
   }
 #ifdef QUORVAN_HAS_CAIRO
   if (form == ".png") {
@@ -186,6 +192,16 @@ void writePicture(const TransferFile& file, const Scene& scene, const DrawArgume
   }
 #endif
   throw Failure(arguments.output + ": the name must end in .svg, .html, .png or .pdf");
+}
+
+void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
+                  const DrawOptions& drawing, const std::filesystem::path& path) {
+  if (formOf(arguments) != ".html") {
+    return writeScene(scene, arguments, path);
+  }
+  std::ofstream out(path, std::ios::binary);
+  writeHtmlPage(file, scene, *drawing.unit, out);
+  closeWritten(out, arguments.output);
 }
 
 // Names the elements that are not on the sheet because they lie far from the others.
@@ -234,7 +250,37 @@ void report(const TransferFile& file, const SceneResult& result, const DrawOptio
   }
 }
 
+// The shapes of bending data, on one sheet.
+void drawBendingData(const DrawArguments& arguments, Console& console) {
+  refuseSameFile(arguments.file, arguments.output);
+  if (formOf(arguments) == ".html") {
+    throw Failure(arguments.output + ": bending data is drawn as .svg, .png or .pdf");
+  }
+  const std::string bytes = bvbs::bendingDataBytes(arguments.file);
+  std::vector<bvbs::Record> records;
+  for (const bvbs::DataLine& line : bvbs::linesOf(bytes)) {
+    bvbs::Record record = bvbs::readRecord(line.text);
+    if (record.faults.empty()) {
+      records.push_back(std::move(record));
+    } else {
+      console.err << printable(arguments.file) << ':' << line.number << ':'
+                  << record.faults.front().at + 1
+                  << ": warning: the record is left out: it cannot be read (quorvan check says "
+                     "why)\n";
+    }
+  }
+  if (records.empty()) {
+    throw Failure(arguments.file + ": there is no record that can be drawn");
+  }
+  const WorkFolder folder(arguments.output, console);
+  writeScene(bvbs::shapeSheet(records), arguments, folder.file());
+  folder.moveToTarget();
+}
+
 void draw(const DrawArguments& arguments, Console& console) {
+  if (bvbs::isBendingDataName(arguments.file)) {
+    return drawBendingData(arguments, console);
+  }
   const DrawOptions drawing = drawOptions(arguments);
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
@@ -314,7 +360,7 @@ void addSheetOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
 
 void addDrawOptions(CLI::App& command, Run& run) {
   const auto arguments = std::make_shared<DrawArguments>();
-  command.add_option("FILE", arguments->file, "Transfer file")->required();
+  command.add_option("FILE", arguments->file, "Transfer file, or bending data (.abs)")->required();
   command
       .add_option("-o,--output", arguments->output,
                   "Picture to write; its ending says the form: .svg .html .png .pdf")
@@ -334,12 +380,13 @@ constinit const Command kDrawCommand = {
     .summary = "The drawing as SVG, HTML page, PNG or PDF",
     .description =
         "The drawing as the detailer draws it. The ending of the picture's name says the form: "
-        ".svg, .html, .png or .pdf.",
+        ".svg, .html, .png or .pdf. Of bending data (.abs), the shapes on one sheet.",
     .examples =
         "quorvan draw beam.xml -o beam.svg\n"
         "quorvan draw beam.xml -o beam.html            a page to move about in\n"
         "quorvan draw beam.xml -o beam.pdf --sheet A1 --scale 25\n"
-        "quorvan draw beam.xml -o beam.png --hidden off --marks all --dpi 300",
+        "quorvan draw beam.xml -o beam.png --hidden off --marks all --dpi 300\n"
+        "quorvan draw job.abs -o shapes.svg            the shapes that are bent",
     .exitCodes = {},
     .addOptions = addDrawOptions,
 };

@@ -66,31 +66,6 @@ void fit(std::vector<double>& widths, const std::vector<double>& least, double r
   }
 }
 
-PlanePoint scaled(PlanePoint point, double factor, PlanePoint by) {
-  return point * factor + by;
-}
-
-Shape placed(const Shape& shape, double factor, PlanePoint by) {
-  Shape result = shape;
-  result.style.width *= factor;
-  result.center = scaled(shape.center, factor, by);
-  result.radius *= factor;
-  result.lettering.at = scaled(shape.lettering.at, factor, by);
-  result.lettering.height *= factor;
-  Path path;
-  for (const PathStep& step : shape.path.steps()) {
-    if (step.kind == PathStep::Kind::kMove) {
-      path.moveTo(scaled(step.to, factor, by));
-    } else if (step.kind == PathStep::Kind::kLine) {
-      path.lineTo(scaled(step.to, factor, by));
-    } else {
-      path.arcTo(scaled(step.center, factor, by), step.sweep);
-    }
-  }
-  result.path = std::move(path);
-  return result;
-}
-
 struct TableLayout {
   std::vector<double> widths;
   double sketch = 0.0;  // width of the column of sketches; 0 without one

@@ -80,6 +80,9 @@ struct Shape {
   Lettering lettering;
 };
 
+/// The shape so many times as large about the origin, then moved.
+Shape placed(const Shape& shape, double factor, PlanePoint by);
+
 struct Scene {
   double width = 0.0;
   double height = 0.0;
