@@ -155,7 +155,7 @@ class BarColumns {
       m_builder.addText(m_words.columns.dimensions,
                         [this](std::size_t i) { return dimensionText(row(i).cutting.dimensions); });
     } else if (m_list.options.cutting.schedule == Schedule::kBs8666) {
-      for (const std::string_view letter : {"A", "B", "C", "D", "E", "R"}) {
+      for (const std::string_view letter : {"A", "B", "C", "D", "E", "F", "R"}) {
         if (isForPeople() && !isUsed(letter.front())) {
           continue;
         }

@@ -480,4 +480,18 @@ TEST(ToolBars, AgreesWithTheBarListInTheExampleDrawing) {
   EXPECT_EQ(std::ranges::count(found, '\n'), 15);
 }
 
+// The free leg of code 64 is its sixth dimension.
+TEST(ToolBars, HasAColumnForEachDimensionOfAShapeCode) {
+  quorvan::test::writeFile(
+      "f.json",
+      drawingOf(
+          R"({"class": "CKtZantoPolygonBar", "Points": [[0, 0, 0], [300, 0, 0], [300, 400, 0], [-400, 400, 0], [-400, 0, 0], [100, 0, 0], [100, 400, 0], [-200, 400, 0]], "HookLength1": 0, "HookLength2": 0, "Side": true, "HookAngle1": 0, "HookAngle2": 0, )" +
+          kSteel + "}"));
+  runTool({"write", "f.json", "-o", "f.xml"});
+  const std::string list = runTool({"bars", "--csv", "--schedule", "bs8666", "f.xml"}).out;
+  EXPECT_NE(list.find(",A [mm],B [mm],C [mm],D [mm],E [mm],F [mm],R [mm],"), std::string::npos);
+  EXPECT_NE(list.find(",64,"), std::string::npos);
+  EXPECT_NE(list.find(",305,410,710,410,510,305,,"), std::string::npos) << list;
+}
+
 }  // namespace
