@@ -10,7 +10,7 @@
 
 namespace quorvan::test {
 
-using tool::Coordinates;
+using Coordinates = tool::Coordinates;
 
 /// A file with these elements, in UTF-8.
 std::string documentOf(const std::string& elements);
