@@ -19,7 +19,7 @@ constexpr std::size_t kWidth = 100;
 // A text in quotes. What could steer a terminal or turn its text is written out, and what is no
 // UTF-8, which a file name may be, becomes U+FFFD.
 std::string quotedText(const Json& value) {
-  const std::string plain = value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  std::string plain = value.dump(-1, ' ', false, Json::error_handler_t::replace);
   if (std::ranges::all_of(plain, [](char unit) { return unit >= ' ' && unit != '\x7F'; })) {
     return plain;
   }

@@ -140,7 +140,7 @@ TEST(ToolElementJson, IsRefusedWithAValueOfAnotherType) {
         const bool isTaken = (one.is_boolean() && isFlag) || (one.is_string() && isText) ||
                              (one.is_number() && kind == items::Kind::kDouble) ||
                              (one == Json::array() && isList(kind)) ||
-                             (one.is_array() && one.size() != 0 && one[1].is_number() &&
+                             (one.is_array() && !one.empty() && one[1].is_number() &&
                               kind == items::Kind::kDoubleList);
         Json object = elementJson(schema, values);
         object[name] = one;

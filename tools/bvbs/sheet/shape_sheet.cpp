@@ -238,9 +238,10 @@ Scene shapeSheet(const std::vector<Record>& records) {
   scene.width = 2.0 * kEdge + kColumns * kCellWidth - kGap;
   scene.height = 2.0 * kEdge + static_cast<double>(rows) * kCellHeight - kGap;
   for (std::size_t i = 0; i < records.size(); ++i) {
-    const auto row = static_cast<double>(i / kColumns);
-    const PlanePoint corner{kEdge + static_cast<double>(i % kColumns) * kCellWidth,
-                            scene.height - kEdge - (row + 1.0) * kCellHeight + kGap};
+    const std::size_t row = i / kColumns;
+    const PlanePoint corner{
+        kEdge + static_cast<double>(i % kColumns) * kCellWidth,
+        scene.height - kEdge - static_cast<double>(row + 1) * kCellHeight + kGap};
     for (const Shape& shape : shapesOf(records[i])) {
       scene.shapes.push_back(placed(shape, 1.0, corner));
     }

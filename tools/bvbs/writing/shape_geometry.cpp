@@ -40,6 +40,7 @@ struct Part {
   std::int64_t opening = 0;
   std::int64_t bend = 0;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): what the compiler makes of it compares with 0.
   friend auto operator<=>(const Part&, const Part&) = default;
 };
 using Parts = std::vector<Part>;

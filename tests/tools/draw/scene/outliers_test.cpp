@@ -31,7 +31,8 @@ std::vector<ElementBox> numberedBoxes(const std::vector<SheetBox>& boxes) {
 std::vector<SheetBox> hundred(double x = 0.0, double y = 0.0) {
   std::vector<SheetBox> boxes;
   for (int i = 0; i < 100; ++i) {
-    boxes.push_back(square(x + i % 10 * 20.0, y + i / 10 * 20.0, 10));
+    const int row = i / 10;
+    boxes.push_back(square(x + i % 10 * 20.0, y + row * 20.0, 10));
   }
   return boxes;
 }
