@@ -9,6 +9,7 @@
 #include <tools/bvbs/data_file.h>
 #include <tools/bvbs/sheet/shape_sheet.h>
 #include <tools/commands/command_table.h>
+#include <tools/commands/draw_dxf.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/page/html_page.h>
 #include <tools/draw/scene/sheet.h>
@@ -44,6 +45,8 @@ struct DrawArguments {
   std::string language = "auto";
   std::string layers;
   std::string without;
+  std::string dxf = "R12";
+  std::string bars = "width";
 };
 
 template <class Value>
@@ -59,6 +62,10 @@ constexpr Named<HiddenBars> kHiddenBars[] = {
     {"dashed", HiddenBars::kDashed}, {"off", HiddenBars::kOff}, {"solid", HiddenBars::kSolid}};
 constexpr Named<Title> kTitles[] = {{"strip", Title::kStrip}, {"none", Title::kNone}};
 constexpr Named<Language> kLanguages[] = {{"en", Language::kEnglish}, {"fr", Language::kFrench}};
+constexpr Named<DxfVersion> kDxfVersions[] = {{"R12", DxfVersion::kR12},
+                                              {"2000", DxfVersion::k2000}};
+constexpr Named<BarLines> kBarLines[] = {
+    {"width", BarLines::kWidth}, {"axis", BarLines::kAxis}, {"outline", BarLines::kOutline}};
 constexpr Named<Marks> kMarks[] = {
     {"auto", Marks::kAuto}, {"all", Marks::kAll}, {"none", Marks::kNone}};
 
@@ -188,10 +195,11 @@ void writeScene(const Scene& scene, const DrawArguments& arguments,
   }
 #else
   if (form == ".png" || form == ".pdf") {
-    throw Failure(arguments.output + ": this build writes .svg and .html only; it has no cairo");
+    throw Failure(arguments.output +
+                  ": this build writes .svg, .html and .dxf only; it has no cairo");
   }
 #endif
-  throw Failure(arguments.output + ": the name must end in .svg, .html, .png or .pdf");
+  throw Failure(arguments.output + ": the name must end in .svg, .html, .png, .pdf or .dxf");
 }
 
 void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
@@ -284,6 +292,14 @@ void draw(const DrawArguments& arguments, Console& console) {
   const DrawOptions drawing = drawOptions(arguments);
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
+  if (toPath(arguments.output).extension() == ".dxf") {
+    const WorkFolder folder(arguments.output, console);
+    drawDxf(file, drawing,
+            {named(kDxfVersions, arguments.dxf).value_or(DxfVersion::kR12),
+             named(kBarLines, arguments.bars).value_or(BarLines::kWidth)},
+            folder.file(), console);
+    return folder.moveToTarget();
+  }
   const SceneResult result = buildScene(file, drawing, console);
   report(file, result, drawing, console);
   const WorkFolder folder(arguments.output, console);
@@ -363,12 +379,19 @@ void addDrawOptions(CLI::App& command, Run& run) {
   command.add_option("FILE", arguments->file, "Transfer file, or bending data (.abs)")->required();
   command
       .add_option("-o,--output", arguments->output,
-                  "Picture to write; its ending says the form: .svg .html .png .pdf")
+                  "Picture to write; its ending says the form: .svg .html .png .pdf .dxf")
       ->required();
   addSheetOptions(command, *arguments, run);
   addStyleOptions(command, *arguments, run);
   command.add_option("--dpi", arguments->dotsPerInch, "Fineness of a PNG")
       ->check(CLI::Range(10.0, 1200.0))
+      ->capture_default_str();
+  oneOf(command.add_option("--dxf", arguments->dxf, "Version of a DXF: R12, 2000"),
+        namesOf(kDxfVersions), run)
+      ->capture_default_str();
+  oneOf(command.add_option("--bars", arguments->bars,
+                           "Bars in a DXF: width (polylines as wide), axis, outline"),
+        namesOf(kBarLines), run)
       ->capture_default_str();
   command.callback([arguments, &run] { draw(*arguments, run.console); });
 }
@@ -377,14 +400,17 @@ void addDrawOptions(CLI::App& command, Run& run) {
 
 constinit const Command kDrawCommand = {
     .name = "draw",
-    .summary = "The drawing as SVG, HTML page, PNG or PDF",
+    .summary = "The drawing as SVG, HTML page, PNG, PDF or DXF",
     .description =
         "The drawing as the detailer draws it. The ending of the picture's name says the form: "
-        ".svg, .html, .png or .pdf. Of bending data (.abs), the shapes on one sheet.",
+        ".svg, .html, .png or .pdf; or .dxf, in which every element lies at its true size for CAD "
+        "programs to go on with. Of bending data (.abs), the shapes on one sheet.",
     .examples =
         "quorvan draw beam.xml -o beam.svg\n"
         "quorvan draw beam.xml -o beam.html            a page to move about in\n"
         "quorvan draw beam.xml -o beam.pdf --sheet A1 --scale 25\n"
+        "quorvan draw beam.xml -o beam.dxf             for CAD programs; R12\n"
+        "quorvan draw beam.xml -o beam.dxf --dxf 2000 --bars outline\n"
         "quorvan draw beam.xml -o beam.png --hidden off --marks all --dpi 300\n"
         "quorvan draw job.abs -o shapes.svg            the shapes that are bent",
     .exitCodes = {},

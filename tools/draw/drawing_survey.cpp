@@ -43,6 +43,7 @@ Findings lookAtAll(const TransferFile& file, const DrawOptions& options, AngleUn
   DrawContext context{natural, ColorScheme::kIndex, angles, options.hidden};
   context.isMeasuring = true;
   context.lettering = 0.0;
+  context.paper = 0.0;
   ShapeSink sink(context);
   ElementPainter painter(file, sink, nullptr);
   ItemReader reader(file);

@@ -7,8 +7,11 @@ void ElementPainter::draw(const Element& element) {
     return;
   }
   const std::vector<ItemValue>& items = m_reader.read(element);
+  m_items = &items;
+  m_bar = nullptr;
   if (const auto shape = barShapeOf(element)) {
-    drawBarElement(element, toBar(*shape, items));
+    m_bar = &m_own.emplace(toBar(*shape, items));
+    drawBarElement(element, *m_bar);
   } else if (element.is(items::ElementClass::kRepartition)) {
     drawSeries(element, toRepartition(items));
   } else {
@@ -41,9 +44,9 @@ void ElementPainter::drawSeries(const Element& element, const Repartition& serie
     return;
   }
   m_sink.begin(element.place, series.isHidden);
-  const Bar* const bar = m_repeated.find(series);
-  const bool isLabelled = m_labels != nullptr && (bar == nullptr || !isNamed(series, *bar));
-  drawRepartition(series, bar, isLabelled, m_sink);
+  m_bar = m_repeated.find(series);
+  const bool isLabelled = m_labels != nullptr && (m_bar == nullptr || !isNamed(series, *m_bar));
+  drawRepartition(series, m_bar, isLabelled, m_sink);
 }
 
 // Whether a text of the drawing says what the series is.

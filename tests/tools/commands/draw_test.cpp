@@ -346,7 +346,7 @@ TEST(ToolDraw, RefusesOtherForms) {
   quorvan::test::writeSample();
   const auto run = runTool({"draw", "sample.xml", "-o", "sample.bmp"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "quorvan: sample.bmp: the name must end in .svg, .html, .png or .pdf\n");
+  EXPECT_EQ(run.err, "quorvan: sample.bmp: the name must end in .svg, .html, .png, .pdf or .dxf\n");
   EXPECT_FALSE(std::filesystem::exists("sample.bmp"));
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <tools/model/item_reader.h>
 
@@ -16,6 +17,11 @@ constexpr std::int64_t kFirstHue = 10;
 constexpr Color kNamed[] = {{0, 0, 0},       {255, 0, 0},    {200, 170, 0}, {0, 153, 0},
                             {0, 160, 176},   {0, 0, 255},    {200, 0, 200}, {0, 0, 0},
                             {128, 128, 128}, {170, 170, 170}};
+
+// The same as a screen shows them, of 1 to 9.
+constexpr Color kNamedOnScreen[] = {{255, 0, 0},     {255, 255, 0},   {0, 255, 0},
+                                    {0, 255, 255},   {0, 0, 255},     {255, 0, 255},
+                                    {255, 255, 255}, {128, 128, 128}, {192, 192, 192}};
 
 std::uint8_t part(double value) {
   return static_cast<std::uint8_t>(std::lround(255.0 * std::clamp(value, 0.0, 1.0)));
@@ -85,6 +91,28 @@ Color colorOf(std::int64_t number, ColorScheme scheme) noexcept {
              part(0.2 + 0.12 * static_cast<double>(number - kFirstGrey))};
   }
   return color == Color{255, 255, 255} ? Color() : color;
+}
+
+int nearestIndex(Color color) noexcept {
+  constexpr int kBlackOrWhite = 7;
+  if (color == Color()) {
+    return kBlackOrWhite;
+  }
+  int nearest = 0;
+  int least = std::numeric_limits<int>::max();
+  for (int index = 1; index < static_cast<int>(kLastIndex); ++index) {
+    const Color other = index < static_cast<int>(kFirstHue) ? kNamedOnScreen[index - 1]
+                                                            : colorOf(index, ColorScheme::kIndex);
+    const int red = color.red - other.red;
+    const int green = color.green - other.green;
+    const int blue = color.blue - other.blue;
+    const int distance = red * red + green * green + blue * blue;
+    if (distance < least) {
+      least = distance;
+      nearest = index;
+    }
+  }
+  return nearest;
 }
 
 Color legibleOnPaper(Color color) noexcept {

@@ -32,6 +32,10 @@ ColorScheme guessColorScheme(const TransferFile& file);
 /// The colour on white paper: what the palette has as white is black.
 Color colorOf(std::int64_t number, ColorScheme scheme) noexcept;
 
+/// The index, from 1 to 255, whose colour on a screen is nearest to the colour. Black and white are
+/// both 7, which is drawn in whichever of the two the background is not.
+int nearestIndex(Color color) noexcept;
+
 /// The colour, or a darker one of its hue where it could hardly be seen on white paper.
 Color legibleOnPaper(Color color) noexcept;
 

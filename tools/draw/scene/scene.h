@@ -45,6 +45,7 @@ struct Style {
   bool isFilled = false;
   bool isDashed = false;
   bool isOnPaper = false;  // what lies below is blanked: inside a circle, around a text
+  bool isBar = false;      // the line is the axis of a bar, and its width that of the bar
 
   friend bool operator==(const Style&, const Style&) = default;
 };

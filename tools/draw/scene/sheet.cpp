@@ -38,9 +38,17 @@ Sheet Sheet::natural(const DrawOptions& options) {
   return {options.plane, options.unit->inMetres * kMillimetresPerMetre};
 }
 
+Sheet Sheet::inDrawingUnits(const DrawOptions& options) {
+  Sheet sheet = natural(options);
+  sheet.m_scale = sheet.m_unit;
+  sheet.m_factor = 1.0;
+  return sheet;
+}
+
 Sheet::Sheet(const SheetContents& contents, const DrawOptions& options)
     : Sheet(options.plane, options.unit->inMetres * kMillimetresPerMetre) {
   m_hasTitle = options.title == Title::kStrip;
+  m_isPaper = true;
   const bool isEmpty = contents.box.isEmpty();
   choose(contents, options);
   m_factor = m_unit / m_scale;

@@ -34,6 +34,11 @@ class Sheet {
 
   /// Without paper: a millimetre is one of what the drawing shows, and the origin its own.
   static Sheet natural(const DrawOptions& options);
+  /// Without paper, in the drawing's own unit, and the origin its own.
+  static Sheet inDrawingUnits(const DrawOptions& options);
+
+  /// Whether there is paper, on which a line needs a width to be seen.
+  [[nodiscard]] bool isPaper() const noexcept { return m_isPaper; }
 
   [[nodiscard]] double width() const noexcept { return m_size.width; }
   [[nodiscard]] double height() const noexcept { return m_size.height; }
@@ -44,6 +49,11 @@ class Sheet {
 
   /// Millimetres of what the drawing shows for one unit of it.
   [[nodiscard]] double unit() const noexcept { return m_unit; }
+  /// So many millimetres of what the drawing shows, on the sheet: diameters are in them whatever
+  /// the drawing's unit.
+  [[nodiscard]] double ofMillimetres(double length) const noexcept {
+    return length / m_unit * m_factor;
+  }
   /// Whether there is a strip with legend and title block below the drawing.
   [[nodiscard]] bool hasTitle() const noexcept { return m_hasTitle; }
   /// Where the middle of the drawing lies: in the middle of the paper above the strip.
@@ -71,6 +81,7 @@ class Sheet {
   double m_scale = 1.0;
   double m_factor = 1.0;
   bool m_hasTitle = true;
+  bool m_isPaper = false;
   PlanePoint m_origin;  // of the drawing, on the sheet
 };
 

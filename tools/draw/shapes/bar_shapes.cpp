@@ -85,9 +85,11 @@ std::vector<PlanePoint> pointsOf(const Bar& bar, const Sheet& sheet) {
 double penOf(double diameter, const Sheet& sheet) noexcept {
   constexpr double kThinnest = 0.35;
   constexpr double kThickestLeast = 0.8;
-  const double width = std::abs(diameter) * sheet.factor();
-  const double least =
-      std::clamp(0.3 + 0.0125 * std::abs(diameter) * sheet.unit(), kThinnest, kThickestLeast);
+  const double width = sheet.ofMillimetres(std::abs(diameter));
+  if (!sheet.isPaper()) {
+    return width;
+  }
+  const double least = std::clamp(0.3 + 0.0125 * std::abs(diameter), kThinnest, kThickestLeast);
   return width > least ? std::min(width, pen::kThickest) : least;
 }
 
@@ -97,8 +99,8 @@ double bendRadius(const Bar& bar, const Sheet& sheet) noexcept {
   constexpr double kThinMandrel = 4.0;   // diameters
   constexpr double kThickMandrel = 7.0;  // diameters
   const double diameter = std::abs(bar.diameter);
-  const bool isThick = diameter * sheet.unit() > kLastThin + kRounding;
-  return ((isThick ? kThickMandrel : kThinMandrel) + 1.0) / 2.0 * diameter * sheet.factor();
+  const bool isThick = diameter > kLastThin + kRounding;
+  return sheet.ofMillimetres(((isThick ? kThickMandrel : kThinMandrel) + 1.0) / 2.0 * diameter);
 }
 
 void drawBar(const Bar& bar, ShapeSink& sink) {
@@ -122,7 +124,9 @@ void drawBar(const Bar& bar, ShapeSink& sink) {
   line.addRounded(points, false, bendRadius(bar, sink.sheet()));
   path.append(line);
   endWithHook(path, last);
-  sink.addPath(Layer::kBars, {ink::kBars, width}, std::move(path));
+  Style style{ink::kBars, width};
+  style.isBar = true;
+  sink.addPath(Layer::kBars, style, std::move(path));
 }
 
 }  // namespace quorvan::tool

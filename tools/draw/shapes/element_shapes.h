@@ -28,7 +28,7 @@ void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled,
 std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSink& sink);
 
 /// The width of the pen for a bar of that diameter: its own where the scale shows it, else one that
-/// grows with the diameter, the same wherever the bar is drawn.
+/// grows with the diameter, the same wherever the bar is drawn. Without paper, always its own.
 double penOf(double diameter, const Sheet& sheet) noexcept;
 
 /// The radius, on its axis, to which a bar is bent: a mandrel of four diameters, of seven above

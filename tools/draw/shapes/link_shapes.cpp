@@ -141,11 +141,12 @@ void drawStirrup(const Link& link) {
 }  // namespace
 
 void drawLink(const Bar& bar, ShapeSink& sink) {
-  const double width = penOf(bar.diameter, sink.sheet());
+  Style style{ink::kLinks, penOf(bar.diameter, sink.sheet())};
+  style.isBar = true;
   const Link link{bar,
                   sink,
-                  {ink::kLinks, width},
-                  std::abs(bar.diameter) * sink.sheet().factor(),
+                  style,
+                  sink.sheet().ofMillimetres(std::abs(bar.diameter)),
                   bar.hooks[0].length * sink.sheet().factor(),
                   sink.context().radians(bar.hooks[0].angle)};
   if (bar.shape == BarShape::kFrameCirc) {

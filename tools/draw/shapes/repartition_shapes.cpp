@@ -19,8 +19,7 @@ void drawDimension(const std::vector<PlanePoint>& points, ShapeSink& sink) {
   line.moveTo(points.front());
   line.lineTo(points.back());
   sink.addPath(Layer::kRepartitions, style, std::move(line));
-  const PlanePoint stroke =
-      turned(way, 0.785398) * (sink.context().isMeasuring ? 0.0 : kMarkLength);
+  const PlanePoint stroke = turned(way, 0.785398) * (kMarkLength * sink.context().paper);
   Path strokes;
   for (const PlanePoint point : points) {
     strokes.moveTo(point - stroke);
@@ -44,15 +43,16 @@ void addSeriesLabel(const Repartition& series, const Bar* bar, std::vector<Plane
 // The bars themselves.
 void drawSeriesBars(const SeriesLayout& layout, const Bar* bar, ShapeSink& sink) {
   const Sheet& sheet = sink.sheet();
-  const double width = bar == nullptr ? kSeriesWidth : penOf(bar->diameter, sheet);
+  const double unknown = sheet.isPaper() ? kSeriesWidth : 0.0;
+  Style style{bar != nullptr && bar->isLink() ? ink::kLinks : ink::kBars,
+              bar == nullptr ? unknown : penOf(bar->diameter, sheet)};
+  style.isBar = true;
   Path bars;
   for (const SeriesBar& one : layout.bars) {
     bars.moveTo(sheet.place(one.first));
     bars.lineTo(sheet.place(one.last));
   }
-  sink.addPath(Layer::kRepartitions,
-               {bar != nullptr && bar->isLink() ? ink::kLinks : ink::kBars, width},
-               std::move(bars));
+  sink.addPath(Layer::kRepartitions, style, std::move(bars));
 }
 
 // Straight bars seen in view 1 have no line of their own: they are named at the bar.
@@ -64,7 +64,7 @@ void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
   const PlanePoint last = sink.sheet().place(bar.line.back());
   const PlanePoint at = first + (last - first) * 0.25;
   sink.addCircle(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, at,
-                 sink.context().isMeasuring ? 0.0 : kMarkLength);
+                 kMarkLength * sink.context().paper);
   addSeriesLabel(series, &bar, {at}, sink.element(), sink);
 }
 
@@ -89,7 +89,7 @@ std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSin
            (spacings.empty() ? "" : " e=" + words.spacingInCentimetres);
   }
   words.mark = bar->reference;
-  words.diameter = bar->diameter * unit;
+  words.diameter = bar->diameter;
   words.isSmooth = bar->adherence == "Dx";
   words.lengthInMetres = bar->hasLength() ? lengthOf(*bar) * unit / 1000.0 : 0.0;
   const std::string text = barText(words, sink.context().language);

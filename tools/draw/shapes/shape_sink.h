@@ -45,6 +45,7 @@ struct DrawContext {
   Language language = Language::kEnglish;
   double lettering = 2.0;    // mm, of what the program adds
   bool isMeasuring = false;  // only what the elements themselves look like
+  double paper = 1.0;        // a millimetre of paper in the sheet's unit
 
   /// Within a full turn, either way round.
   [[nodiscard]] double radians(double angle) const noexcept {

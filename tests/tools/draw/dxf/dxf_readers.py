@@ -1,0 +1,519 @@
+#!/usr/bin/env python3
+"""Reads the DXF of `quorvan draw` with readers that are not its own.
+
+usage: dxf_readers.py CHECK PROGRAM PROJECT FOLDER [COUNT]
+
+CHECK is ezdxf, ogr, librecad or npm; COUNT is the number of drawings made by chance. Ends with 77 where the
+reader is not on this system.
+"""
+
+import json
+import math
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import random_drawings  # noqa: E402
+
+MISSING = 77
+VERSIONS = ("R12", "2000")
+NEAR = 1e-6
+
+
+def run(*arguments, **options):
+    done = subprocess.run([str(one) for one in arguments], capture_output=True, check=False, **options)
+    if done.returncode != 0:
+        sys.exit(f"{arguments}: exit code {done.returncode}\n{done.stdout.decode()[-2000:]}{done.stderr.decode()[-2000:]}")
+    return done.stdout
+
+
+def need(program):
+    if shutil.which(program) is None:
+        print(f"{program} is not on this system")
+        sys.exit(MISSING)
+    return program
+
+
+def ensure(is_so, *what):
+    if not is_so:
+        sys.exit("not so: " + " ".join(str(one) for one in what))
+
+
+def near(a, b, within=NEAR):
+    return math.isclose(a, b, rel_tol=1e-12, abs_tol=within)
+
+
+def near_point(a, b, within=NEAR):
+    return near(a[0], b[0], within) and near(a[1], b[1], within)
+
+
+def number(file):
+    """Gives each class indexes from 1, by which its elements are found again."""
+    numbers = {}
+
+    def numbered(tag):
+        name = tag[1].decode()
+        numbers[name] = numbers.get(name, 0) + 1
+        return b'<%s version="1" index="%d"' % (tag[1], numbers[name])
+    file.write_bytes(re.sub(rb'<(CKt\w+) version="1" index="-?\d+"', numbered, file.read_bytes()))
+
+
+class Shop:
+    def __init__(self, program, project, folder, count):
+        self.program = program
+        self.folder = pathlib.Path(folder)
+        self.folder.mkdir(parents=True, exist_ok=True)
+        project = pathlib.Path(project)
+        self.examples = []
+        for path in sorted((project / "examples/drawings").glob("*.json")) + [project / "tests/tools/data/sample.json"]:
+            self.examples.append(self.file(path.stem, json.loads(path.read_text(encoding="utf-8"))))
+        self.files = self.examples + [
+            self.file(f"random-{seed}", random_drawings.drawing(seed)) for seed in range(count)]
+
+    def file(self, name, drawing):
+        source = self.folder / (name + ".json")
+        source.write_text(json.dumps(drawing), encoding="utf-8")
+        file = self.folder / (name + ".xml")
+        file.unlink(missing_ok=True)
+        run(self.program, "write", source, "-o", file)
+        number(file)
+        return file
+
+    def draw(self, file, ending, *options):
+        picture = file.with_suffix(ending)
+        run(self.program, "draw", file, "-o", picture, *options)
+        return picture
+
+    def elements(self, file):
+        """What the file has, by class and index."""
+        numbers = {}
+        elements = {}
+        for element in json.loads(run(self.program, "list", "--json", file))["elements"]:
+            name = element["class"]
+            numbers[name] = numbers.get(name, 0) + 1
+            elements[name, numbers[name]] = element
+        return elements
+
+
+# What a text becomes, reckoned apart from the program.
+def expected_text(text):
+    text = re.sub("[⌀∅]|[Øø](?= ?[0-9])", "%%c", text)
+    text = text.replace("^", "^ ")
+    text = "".join(" " if ord(one) < 32 or 127 <= ord(one) < 160 else one for one in text)
+    return "".join("?" if ord(one) > 0xFFFF else one for one in text)
+
+
+def decoded(text):
+    return re.sub(r"\\U\+([0-9A-F]{4})", lambda code: chr(int(code[1], 16)), text)
+
+
+def expected_layer(element, bar=None):
+    kinds = {"CKtZantoLine": "LINES", "CKtZantoCircle": "CIRCLES", "CKtZantoText": "TEXTS", "CKtFilledPolygon": "FILLS",
+             "CKtZantoMesh": "MESHES", "CKtZantoFormwork": "FORMWORK", "CKtZantoPointBar": "END-ON"}
+    links = ("CKtZantoFrameRect", "CKtZantoFrameCirc", "CKtZantoStirrup")
+    name = element["class"]
+    if bar is not None:
+        kind = "REPARTITIONS_" + ("LINKS" if bar["class"] in links else "BARS")
+    else:
+        kind = kinds.get(name, "LINKS" if name in links else "BARS")
+    steel = element if bar is None else bar
+    if "Diameter" in steel:
+        kind += "_" + f"{steel['Diameter']:g}".replace(".", "_")
+    return kind + ("_HIDDEN" if element.get("Hidden") else "")
+
+
+def area(points):
+    return abs(sum(a[0] * b[1] - a[1] * b[0] for a, b in zip(points, points[1:] + points[:1]))) / 2
+
+
+class Entities:
+    """The entities of a drawing as ezdxf reads them, by the element that is behind them."""
+
+    def __init__(self, document):
+        self.document = document
+        self.by_element = {}
+        for entity in document.modelspace():
+            data = entity.get_xdata("QUORVAN")
+            key = (data[0].value, data[1].value)
+            ensure([tag.code for tag in data] == [1000, 1071, 1000], "the data of", entity)
+            self.by_element.setdefault(key, []).append(entity)
+
+    def of(self, key):
+        return self.by_element.get(key, [])
+
+
+def vertices(polyline):
+    """The corners with their bulges; whether it is closed; its width."""
+    if polyline.dxftype() == "LWPOLYLINE":
+        return ([(x, y, bulge) for x, y, bulge in polyline.get_points("xyb")], polyline.closed,
+                polyline.dxf.get("const_width", 0))
+    points = [(v.dxf.location.x, v.dxf.location.y, v.dxf.get("bulge", 0)) for v in polyline.vertices]
+    return points, polyline.is_closed, polyline.dxf.get("default_start_width", 0)
+
+
+def only(entities, *kinds):
+    ensure(all(one.dxftype() in kinds for one in entities), [one.dxftype() for one in entities], "not among", kinds)
+    return entities
+
+
+def check_line(element, entities, _):
+    (line,) = only(entities, "LINE")
+    ensure(near_point(line.dxf.start, element["Point1"]) and near_point(line.dxf.end, element["Point2"]), element)
+
+
+def check_circle(element, entities, _):
+    (circle,) = only(entities, "CIRCLE")
+    ensure(near_point(circle.dxf.center, element["Center"]) and near(circle.dxf.radius, element["Radius"]), element)
+
+
+def check_text(element, entities, is_degrees):
+    if not expected_text(element["Contents"]).strip():
+        return ensure(not entities, element)
+    (text,) = only(entities, "TEXT")
+    ensure(decoded(text.dxf.text) == expected_text(element["Contents"]), element, repr(text.dxf.text))
+    ensure(near(text.dxf.height, element["Height"]), element)
+    angle = element["Angle"] if is_degrees else math.degrees(element["Angle"])
+    ensure(near((text.dxf.get("rotation", 0) - angle + 180) % 360, 180), element)
+    across, up = text.dxf.get("halign", 0), text.dxf.get("valign", 0)
+    ensure((across, up) == (element["JustificationX"], {0: 0, 1: 2, 2: 3}[element["JustificationY"]]), element)
+    place = text.dxf.align_point if across or up else text.dxf.insert
+    ensure(near_point(place, element["Location"]), element, place)
+
+
+def check_fill(element, entities, _):
+    points = [tuple(point[:2]) for point in element["Points"]]
+    if entities[0].dxftype() == "HATCH":
+        (hatch,) = only(entities, "HATCH")
+        (path,) = hatch.paths
+        ensure(hatch.dxf.solid_fill == 1 and path.is_closed, element)
+        ensure(len(path.vertices) == len(points), element)
+        ensure(all(near_point(a, b) for a, b in zip(path.vertices, points)), element)
+        return None
+    covered = 0
+    for solid in only(entities, "SOLID"):
+        a, b, d, c = (tuple(solid.dxf.get(f"vtx{i}"))[:2] for i in range(4))
+        covered += area([a, b, c, d])
+    return ensure(near(covered, area(points), 1e-3), element, covered)
+
+
+def check_mesh(element, entities, _):
+    outline, diagonal = only(entities, "POLYLINE", "LWPOLYLINE", "LINE")
+    corners, is_closed, width = vertices(outline)
+    points = element["Points"]
+    ensure(is_closed and not width and len(corners) == len(points), element)
+    ensure(all(near_point(a, b) for a, b in zip(corners, points)), element)
+    ensure(near_point(diagonal.dxf.start, points[0]) and near_point(diagonal.dxf.end, points[len(points) // 2]), element)
+
+
+def check_formwork(element, entities, _):
+    segments = element["Segments"]
+    ensure(len(only(entities, "LINE", "ARC", "CIRCLE")) >= len(segments), element)
+    for segment in segments:
+        start, end = segment["start"], segment["end"]
+        crown = [(a + b) / 2 + c for a, b, c in zip(start, end, segment["bulge"])]
+        ensure(any(runs(entity, start, end, crown) for entity in entities) or segment["bulge"] != [0, 0, 0] and
+               sum(on_arc(entity, place) for entity in entities for place in (start, end, crown)) >= 3, segment)
+
+
+def on_arc(entity, place):
+    return entity.dxftype() == "ARC" and near(math.dist(tuple(entity.dxf.center)[:2], place[:2]), entity.dxf.radius, 1e-4)
+
+
+def runs(entity, start, end, crown):
+    """Whether the entity goes from start to end, either way, and over the crown."""
+    if entity.dxftype() == "LINE":
+        ends = (entity.dxf.start, entity.dxf.end)
+    elif entity.dxftype() == "ARC":
+        ends = (entity.start_point, entity.end_point)
+    else:
+        return False
+    if not any(near_point(a, start, 1e-4) and near_point(b, end, 1e-4) for a, b in (ends, ends[::-1])):
+        return False
+    if entity.dxftype() == "LINE":
+        return near_point([(a + b) / 2 for a, b in zip(start, end)], crown)
+    around = (math.degrees(math.atan2(crown[1] - entity.dxf.center.y, crown[0] - entity.dxf.center.x))
+              - entity.dxf.start_angle) % 360
+    return on_arc(entity, crown) and around <= (entity.dxf.end_angle - entity.dxf.start_angle) % 360 + 1e-6
+
+
+def bend_radius(diameter):
+    return 2.5 * diameter if diameter <= 16 else 4 * diameter
+
+
+def arcs_of(corners):
+    """Radius and corner of each arc of a polyline."""
+    found = []
+    for (x1, y1, bulge), (x2, y2, _) in zip(corners, corners[1:]):
+        if bulge:
+            chord = math.hypot(x2 - x1, y2 - y1)
+            found.append((chord * (1 + bulge * bulge) / (4 * abs(bulge)), 4 * math.atan(bulge)))
+    return found
+
+
+def is_bent(a, b, c):
+    """A bar that goes straight on has no bend, and none can be drawn where it comes straight back."""
+    turn = abs(math.remainder(math.atan2(c[1] - b[1], c[0] - b[0]) - math.atan2(b[1] - a[1], b[0] - a[0]), math.tau))
+    return 1e-5 < turn < math.pi - 1e-5
+
+
+def check_bar(element, entities, _):
+    """Its width, its ends where it has no hooks, its bends no wider than the roller makes them."""
+    points = element.get("Points") or [element[name] for name in ("Point1", "Point2", "Point3") if name in element]
+    if element["class"] == "CKtZantoUBar":
+        a, b, c = points
+        points = points + [[c[i] + a[i] - b[i] for i in range(3)]]
+    (bar,) = only(entities, "POLYLINE", "LWPOLYLINE")
+    corners, is_closed, width = vertices(bar)
+    ensure(near(width, element["Diameter"]) and not is_closed, element)
+    for place, corner, other in ((points[0], corners[0], "HookLength1"), (points[-1], corners[-1], "HookLength2")):
+        if not element.get(other):
+            ensure(near_point(place, corner, 1e-5), element, corner)
+        else:
+            # A hook's end lies no further from the bar's end than the hook is long.
+            ensure(math.dist(place[:2], corner[:2]) <= element[other] * 1.001 + 4 * element["Diameter"] * 2, element)
+    arcs = arcs_of(corners)
+    ensure(all(radius <= bend_radius(element["Diameter"]) + 1e-4 for radius, _ in arcs), element, arcs)
+    turned = [sweep for _, sweep in arcs]
+    bends = sum(is_bent(*three) for three in zip(points, points[1:], points[2:])) + sum(1 for name in ("HookLength1", "HookLength2") if element.get(name))
+    ensure(len(turned) == bends, element, len(turned))
+    for corner in points[1:-1]:
+        ensure(any(math.dist(corner[:2], one[:2]) < 3000 for one in corners), element)
+
+
+def check_end_on(element, entities, _):
+    (circle,) = [one for one in entities if one.dxftype() == "CIRCLE"]
+    ensure(near_point(circle.dxf.center, element["Point1"]) and near(circle.dxf.radius, element["Diameter"] / 2), element)
+    ensure(len(only(entities, "CIRCLE", "POLYLINE", "HATCH")) == 2, element)
+
+
+def check_link(element, entities, _):
+    for entity in only(entities, "POLYLINE", "LWPOLYLINE"):
+        ensure(near(vertices(entity)[2], element["Diameter"]), element)
+    if element["class"] == "CKtZantoFrameRect":
+        a, b, c = (element[name] for name in ("Point1", "Point2", "Point3"))
+        corners = [a, b, c, [a[i] + c[i] - b[i] for i in range(3)]]
+        (ring,) = [vertices(one)[0] for one in entities if vertices(one)[1]]
+        # Each side of the ring lies on a side of the frame.
+        for x, y, _ in ring:
+            ensure(min(distance((x, y), p, q) for p, q in zip(corners, corners[1:] + corners[:1])) < 1e-4, element)
+    if element["class"] == "CKtZantoFrameCirc":
+        # It begins at its start; one without hook or overlap is a full circle.
+        starts = [corner for one in entities for corner in vertices(one)[0]]
+        is_plain = not element["HookLength1"] and not element["RecoverLength"]
+        ensure(is_plain or any(near_point(one, element["StartPoint"], 1e-4) for one in starts), element)
+        ensure(any(near(math.dist(element["Center"][:2], one[:2]), element["FrameRadius"], 1e-4) for one in starts), element)
+
+
+def distance(place, a, b):
+    way = (b[0] - a[0], b[1] - a[1])
+    return abs(way[0] * (place[1] - a[1]) - way[1] * (place[0] - a[0])) / math.hypot(*way)
+
+
+def bars_of_series(document, entities):
+    """From where to where its bars go, and how wide they are, blocks taken apart."""
+    bars = []
+    for entity in entities:
+        if entity.dxftype() == "INSERT":
+            (bar,) = document.blocks.get(entity.dxf.name)
+            (start, end), _, width = vertices(bar)
+            ensure((start[0], start[1]) == (0, 0) and bar.dxf.layer == "0", bar)
+            bars.append((tuple(entity.dxf.insert)[:2], (entity.dxf.insert[0] + end[0], entity.dxf.insert[1] + end[1]), width))
+        elif entity.dxftype() in ("POLYLINE", "LWPOLYLINE"):
+            (start, end), _, width = vertices(entity)
+            bars.append((start[:2], end[:2], width))
+    return bars
+
+
+def check_series(element, entities, document, bar, is_square):
+    tops, bottoms, steps = (element[name] for name in ("AxisDistancesTop", "AxisDistancesBottom", "Positions"))
+    if len(steps) + 1 != len(tops):
+        return ensure(not entities, element)
+    bars = bars_of_series(document, entities)
+    ensure(len(bars) == len(tops), element, len(bars))
+    ensure(all(near(width, bar["Diameter"]) for _, _, width in bars), element)
+    ensure(sum(one.dxftype() == "LINE" for one in entities) >= len(bars), "a stroke at each bar of", element)
+    if is_square:
+        along = 0 if element["Axis"][0] else 1
+        at = element["Point1"][along]
+        for i, (start, end, _) in enumerate(bars):
+            at += steps[i - 1] if i else 0
+            ensure(near(start[along], at, 1e-5) and near(end[along], at, 1e-5), element, start)
+            length = math.dist(start, end)
+            ensure(near(length, abs(tops[i] - bottoms[i]), 1e-5), element, length)
+    return None
+
+
+CHECKS = {"CKtZantoLine": check_line, "CKtZantoCircle": check_circle, "CKtZantoText": check_text,
+          "CKtFilledPolygon": check_fill, "CKtZantoMesh": check_mesh, "CKtZantoFormwork": check_formwork,
+          "CKtZantoPointBar": check_end_on, "CKtZantoFrameRect": check_link, "CKtZantoFrameCirc": check_link,
+          "CKtZantoStirrup": check_link}
+
+
+def audit(ezdxf, picture, version):
+    document = ezdxf.readfile(picture)
+    ensure(document.dxfversion == {"R12": "AC1009", "2000": "AC1015"}[version], document.dxfversion)
+    auditor = document.audit()
+    ensure(not auditor.errors, [one.message for one in auditor.errors[:3]])
+    # Of polylines in blocks of R12 this reader says so of its own files, too.
+    fixes = [one.message for one in auditor.fixes if not one.message.startswith("Deleted SEQEND")]
+    ensure(not fixes, fixes[:3])
+    if version == "2000":
+        ensure(not auditor.fixes, auditor.fixes[:3])
+    return document
+
+
+def raw_groups(picture):
+    lines = picture.read_bytes().decode("cp1252").split("\r\n")
+    ensure(lines.pop() == "" and len(lines) % 2 == 0, picture)
+    return [(int(code), value) for code, value in zip(lines[::2], lines[1::2])]
+
+
+def entities_of(groups):
+    """The groups of each entity of the drawing."""
+    begin = groups.index((2, "ENTITIES"))
+    entities = []
+    for code, value in groups[begin + 1:]:
+        if code == 0:
+            if value == "ENDSEC":
+                break
+            entities.append([])
+        entities[-1].append((code, value))
+    return entities
+
+
+def comparable(groups):
+    """Groups in a form in which two writers of the same things agree."""
+    result = []
+    for code, value in groups:
+        if code in (5, 330):
+            continue
+        if code in range(10, 60) or code in range(210, 240):
+            value = round(float(value), 6) + 0.0
+        elif code in range(60, 100) or code == 1071:
+            value = int(value)
+        else:
+            value = decoded(str(value)).upper()
+        result.append((code, value))
+    return sorted(result, key=str)
+
+
+# What a writer may say or not, because it is what a reader takes where nothing is said.
+SAID_OR_NOT = {(70, 0), (71, 0), (50, 0.0), (72, 0), (73, 0), (41, 1.0), (62, 256), (30, 0.0), (31, 0.0), (43, 0.0),
+               (6, "BYLAYER"), (39, 0.0), (51, 0.0), (42, 0.0), (40, 0.0), (97, 0), (210, 0.0), (220, 0.0), (230, 1.0),
+               (38, 0.0), (75, 0), (73, 1), (100, "ACDBENTITY"), (7, "STANDARD"), (66, 1), (10, 0.0), (20, 0.0)}
+
+
+def compare_structure(document, picture):
+    """Every entity as the reader writes it again has the same groups."""
+    from ezdxf.lldxf.tagwriter import TagCollector
+    ours = [one for one in entities_of(raw_groups(picture)) if one[0][1] not in ("VERTEX", "SEQEND")]
+    theirs = list(document.modelspace())
+    ensure(len(ours) == len(theirs), len(ours), len(theirs))
+    for mine, entity in zip(ours, theirs):
+        collector = TagCollector(dxfversion=document.dxfversion, optional=False)
+        entity.export_dxf(collector)
+        again = []
+        for tag in collector.tags:
+            if tag.code == 0 and again:
+                break
+            again.append((tag.code, tag.value))
+        flat = comparable(again)
+        mine = comparable(mine)
+        missing = [one for one in flat if one not in mine and one not in SAID_OR_NOT]
+        beyond = [one for one in mine if one not in flat and one not in SAID_OR_NOT]
+        ensure(not missing and not beyond, entity, "without", missing, "beyond", beyond)
+        marks = [value for code, value in mine if code == 100]
+        ensure(marks == [value for code, value in flat if code == 100], marks)
+
+
+# What strict readers look for.
+MARKS = {"AcDbSymbolTable", "AcDbSymbolTableRecord", "AcDbViewportTableRecord", "AcDbLinetypeTableRecord",
+         "AcDbLayerTableRecord", "AcDbTextStyleTableRecord", "AcDbRegAppTableRecord", "AcDbDimStyleTable",
+         "AcDbDimStyleTableRecord", "AcDbBlockTableRecord", "AcDbEntity", "AcDbBlockBegin", "AcDbBlockEnd",
+         "AcDbDictionary", "AcDbDictionaryWithDefault", "AcDbPlotSettings", "AcDbLayout", "AcDbMlineStyle"}
+
+
+def compare_tables(ezdxf, picture):
+    """Tables, dictionaries and classes as the reader's own new files have them."""
+    import io
+    stream = io.StringIO()
+    ezdxf.new("R2000").write(stream)
+    lines = stream.getvalue().splitlines()
+    theirs = [(int(code), value) for code, value in zip(lines[::2], lines[1::2])]
+    ours = raw_groups(picture)
+
+    def names(groups, kind):
+        return [groups[i + 1][1].upper() for i, group in enumerate(groups) if group == (0, kind)]
+    ensure(names(ours, "SECTION") == names(theirs, "SECTION"), names(ours, "SECTION"))
+    ensure(names(ours, "TABLE") == names(theirs, "TABLE"), names(ours, "TABLE"))
+    for groups in (ours, theirs):
+        marks = {value for code, value in groups if code == 100}
+        ensure(MARKS <= marks, MARKS - marks)
+    handles = [value for code, value in ours if code in (5, 105)]
+    seed = ours[ours.index((9, "$HANDSEED")) + 1][1]
+    handles.remove(seed)
+    ensure(len(handles) == len(set(handles)), "a handle twice")
+    ensure(max(int(one, 16) for one in handles) < int(seed, 16), seed)
+    owners = {value for code, value in ours if code in (330, 340, 350, 390) and value != "0"}
+    ensure(owners <= set(handles), owners - set(handles))
+
+
+def check_ezdxf(shop):
+    try:
+        import ezdxf
+    except ImportError:
+        print("python3-ezdxf is not on this system")
+        sys.exit(MISSING)
+    count = 0
+    for file in shop.files:
+        elements = shop.elements(file)
+        # The drawings of this project have degrees.
+        for version in VERSIONS:
+            picture = shop.draw(file, ".dxf", "--dxf", version, "--angles", "deg", "--colors", "index")
+            document = audit(ezdxf, picture, version)
+            compare_structure(document, picture)
+            if version == "2000":
+                compare_tables(ezdxf, picture)
+            entities = Entities(document)
+            for key, element in elements.items():
+                compare(document, entities.of(key), key, element, elements, "random" in file.stem)
+                count += 1
+        for bars in ("axis", "outline"):
+            audit(ezdxf, shop.draw(file, ".dxf", "--bars", bars, "--angles", "deg"), "R12")
+    print(f"{len(shop.files)} drawings, {count} elements compared")
+
+
+def compare(document, entities, key, element, elements, is_random):
+    name = element["class"]
+    if name == "CKtDrawingControl":
+        return ensure(not entities, key)
+    if name == "CKtZantoRepartition":
+        bar = elements.get((element["DefClassName"], element["Index"]))
+        if bar is None:
+            return None
+        layers = {one.dxf.layer for one in entities}
+        lines = "REPARTITIONS" + ("_HIDDEN" if element["Hidden"] else "")
+        ensure(layers <= {lines, expected_layer(element, bar)}, element, layers)
+        ensure(all(one.get_xdata("QUORVAN")[2].value == str(bar["Reference"]) for one in entities), key)
+        return check_series(element, entities, document, bar, is_random)
+    layers = {one.dxf.layer for one in entities}
+    ensure(layers <= {expected_layer(element)}, element, layers)
+    colors = {one.dxf.get("color", 256) for one in entities}
+    ensure(colors <= {element.get("Color", 256)}, element, colors)
+    mark = str(element.get("Reference", ""))
+    ensure(all(one.get_xdata("QUORVAN")[2].value == mark for one in entities), key)
+    return CHECKS.get(name, check_bar)(element, entities, True)
+
+
+def main():
+    check, program, project, folder, *rest = sys.argv[1:]
+    shop = Shop(program, project, folder, int(rest[0]) if rest else 12)
+    checks = {"ezdxf": check_ezdxf}
+    checks[check](shop)
+
+
+if __name__ == "__main__":
+    main()

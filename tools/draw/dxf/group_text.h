@@ -1,0 +1,48 @@
+// Groups of a DXF: a line with a code, a line with a value.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <tools/draw/scene/plane_point.h>
+
+namespace quorvan::tool {
+
+/// Collects groups. Lines end as on Windows, where the programs are that read them.
+class GroupText {
+ public:
+  /// The value is one line of the file's code page.
+  void text(int code, std::string_view value);
+  void integer(int code, std::int64_t value);
+  void handle(int code, std::uint32_t value);
+
+  /// A length, a place or an angle, to a thousand-millionth; large ones with all their digits. The
+  /// value is finite.
+  void number(int code, double value);
+  /// The same to the twelfth decimal, for bulges: a long chord makes much of a little.
+  void ratio(int code, double value);
+
+  /// x, y and the z of the plane under the codes `code`, `code` + 10 and `code` + 20.
+  void point(int code, PlanePoint value);
+  /// x and y alone.
+  void planePoint(int code, PlanePoint value);
+
+  /// Groups that were made before.
+  void made(std::string_view groups) { m_bytes += groups; }
+
+  [[nodiscard]] const std::string& bytes() const noexcept { return m_bytes; }
+  void clear() noexcept { m_bytes.clear(); }
+  /// The groups, which are let go.
+  [[nodiscard]] std::string take() noexcept { return std::exchange(m_bytes, {}); }
+
+ private:
+  void code(int code);
+  void endLine() { m_bytes += "\r\n"; }
+  void decimal(double value);
+
+  std::string m_bytes;
+};
+
+}  // namespace quorvan::tool
