@@ -96,7 +96,8 @@ class Drawer {
     DrawContext context{m_sheet, m_colors, m_angles, m_options.hidden};
     context.isMeasuring = true;
     context.paper = m_sheet.ofMillimetres(m_scale);
-    const double usual = usualHeight(m_survey.contents.hints).value_or(kUnstatedLettering * m_scale);
+    const double usual =
+        usualHeight(m_survey.contents.hints).value_or(kUnstatedLettering * m_scale);
     context.lettering = m_sheet.ofMillimetres(usual);
     return context;
   }
@@ -157,7 +158,7 @@ class Drawer {
     key.isHidden = shape.isHidden;
     key.isOutline = m_dxf.bars == BarLines::kOutline;
     if (isBar && bar != nullptr) {
-      key.diameter = std::abs(bar->diameter);
+      key.diameter = std::abs(bar->diameter) * m_sheet.unit();
     }
     if (isBar && shape.layer == Layer::kRepartitions) {
       key.repeated = bar != nullptr && bar->isLink() ? Layer::kLinks : Layer::kBars;

@@ -175,11 +175,11 @@ TEST(ToolDrawDxf, DrawsABarAsItsAxisOrItsOutline) {
   EXPECT_EQ(countOf(outline, "\n70 1\n1001 QUORVAN"), 1U);
 }
 
-// Diameters are in millimetres whatever the lengths are in.
+// The diameter in a layer's name is in millimetres.
 TEST(ToolDrawDxf, KeepsTheUnitOfTheDrawing) {
   const std::string groups =
-      dxfOfElements(barElement("16", "False", "6"), {"--unit", "m", "--dxf", "2000"});
-  EXPECT_EQ(countOf(groups, "\n43 0.016\n"), 1U);
+      dxfOfElements(barElement("0.016", "False", "6"), {"--unit", "m", "--dxf", "2000"});
+  EXPECT_EQ(countOf(groups, "\n8 BARS_16\n100 AcDbPolyline\n90 2\n70 0\n43 0.016\n"), 1U);
   EXPECT_EQ(countOf(section(groups, "ENTITIES"), "\n10 6.0\n20 0.0\n"), 1U);
   EXPECT_EQ(countOf(groups, "9 $INSUNITS\n70 6\n"), 1U);
   EXPECT_EQ(countOf(dxfOfElements(barElement(), {"--dxf", "2000"}), "9 $INSUNITS\n70 4\n"), 1U);

@@ -87,7 +87,7 @@ void MarkLabels::drawOne(const Labelled& bar, ShapeSink& sink) {
   const double unit = sink.sheet().unit();
   BarWords words;
   words.mark = bar.mark;
-  words.diameter = bar.diameter;
+  words.diameter = bar.diameter * unit;
   words.isSmooth = bar.isSmooth;
   words.lengthInMetres = bar.length * unit / 1000.0;
   if (const auto number = m_numbers.find(bar.mark); number != m_numbers.end()) {

@@ -49,8 +49,7 @@ class Sheet {
 
   /// Millimetres of what the drawing shows for one unit of it.
   [[nodiscard]] double unit() const noexcept { return m_unit; }
-  /// So many millimetres of what the drawing shows, on the sheet: diameters are in them whatever
-  /// the drawing's unit.
+  /// So many millimetres of what the drawing shows, on the sheet.
   [[nodiscard]] double ofMillimetres(double length) const noexcept {
     return length / m_unit * m_factor;
   }

@@ -85,11 +85,12 @@ std::vector<PlanePoint> pointsOf(const Bar& bar, const Sheet& sheet) {
 double penOf(double diameter, const Sheet& sheet) noexcept {
   constexpr double kThinnest = 0.35;
   constexpr double kThickestLeast = 0.8;
-  const double width = sheet.ofMillimetres(std::abs(diameter));
+  const double width = std::abs(diameter) * sheet.factor();
   if (!sheet.isPaper()) {
     return width;
   }
-  const double least = std::clamp(0.3 + 0.0125 * std::abs(diameter), kThinnest, kThickestLeast);
+  const double least =
+      std::clamp(0.3 + 0.0125 * std::abs(diameter) * sheet.unit(), kThinnest, kThickestLeast);
   return width > least ? std::min(width, pen::kThickest) : least;
 }
 
@@ -99,8 +100,8 @@ double bendRadius(const Bar& bar, const Sheet& sheet) noexcept {
   constexpr double kThinMandrel = 4.0;   // diameters
   constexpr double kThickMandrel = 7.0;  // diameters
   const double diameter = std::abs(bar.diameter);
-  const bool isThick = diameter > kLastThin + kRounding;
-  return sheet.ofMillimetres(((isThick ? kThickMandrel : kThinMandrel) + 1.0) / 2.0 * diameter);
+  const bool isThick = diameter * sheet.unit() > kLastThin + kRounding;
+  return ((isThick ? kThickMandrel : kThinMandrel) + 1.0) / 2.0 * diameter * sheet.factor();
 }
 
 void drawBar(const Bar& bar, ShapeSink& sink) {

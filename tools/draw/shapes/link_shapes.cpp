@@ -146,7 +146,7 @@ void drawLink(const Bar& bar, ShapeSink& sink) {
   const Link link{bar,
                   sink,
                   style,
-                  sink.sheet().ofMillimetres(std::abs(bar.diameter)),
+                  std::abs(bar.diameter) * sink.sheet().factor(),
                   bar.hooks[0].length * sink.sheet().factor(),
                   sink.context().radians(bar.hooks[0].angle)};
   if (bar.shape == BarShape::kFrameCirc) {

@@ -89,7 +89,7 @@ std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSin
            (spacings.empty() ? "" : " e=" + words.spacingInCentimetres);
   }
   words.mark = bar->reference;
-  words.diameter = bar->diameter;
+  words.diameter = bar->diameter * unit;
   words.isSmooth = bar->adherence == "Dx";
   words.lengthInMetres = bar->hasLength() ? lengthOf(*bar) * unit / 1000.0 : 0.0;
   const std::string text = barText(words, sink.context().language);

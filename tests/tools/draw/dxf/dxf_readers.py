@@ -508,10 +508,175 @@ def compare(document, entities, key, element, elements, is_random):
     return CHECKS.get(name, check_bar)(element, entities, True)
 
 
+def features_of(listing):
+    """The features that GDAL lists: layer and coordinates of each."""
+    features = []
+    for block in listing.split("OGRFeature(")[1:]:
+        layer = re.search(r"Layer \(String\) = (.*)", block)
+        shape = re.search(r"^  ([A-Z ]+) \((.*)\)$", block, re.MULTILINE)
+        places = [tuple(map(float, one.split()[:2])) for one in re.split(r"[(),]+", shape[2]) if one.strip()]
+        features.append((layer[1], shape[1], places))
+    return features
+
+
+def check_ogr(shop):
+    need("ogrinfo")
+    count = 0
+    for file in shop.files:
+        elements = shop.elements(file)
+        for version in VERSIONS:
+            picture = shop.draw(file, ".dxf", "--dxf", version, "--angles", "deg", "--colors", "index")
+            by_layer = {}
+            for layer, shape, places in features_of(run("ogrinfo", "-al", "-q", picture).decode("utf-8")):
+                by_layer.setdefault(layer, []).append((shape, places))
+            for element in elements.values():
+                count += compare_feature(element, by_layer, elements)
+    print(f"{len(shop.files)} drawings, {count} elements found by GDAL")
+
+
+def compare_feature(element, by_layer, elements):
+    """Whether a feature of the element's layer goes through its points."""
+    name = element["class"]
+    if name == "CKtZantoRepartition":
+        bar = elements.get((element["DefClassName"], element["Index"]))
+        if bar is not None and len(element["Positions"]) + 1 == len(element["AxisDistancesTop"]):
+            found = by_layer.get(expected_layer(element, bar), [])
+            ensure(len(found) >= len(element["AxisDistancesTop"]), element)
+        return 1
+    wanted = {"CKtZantoLine": ("Point1", "Point2"), "CKtZantoPin": (), "CKtZantoStraightBar": ()}.get(name)
+    if wanted is None:
+        return 0
+    ends = [("Point1", "HookLength1"), ("Point2", "HookLength2")]
+    points = [element[one] for one in wanted] or [element[one] for one, hook in ends if not element[hook]]
+    found = by_layer.get(expected_layer(element), [])
+    ensure(any(all(any(near_point(a, b, 1e-5) for b in places) for a in points) for _, places in found), element)
+    return 1
+
+
+PARSE = """
+const Parser = require('dxf-parser');
+const fs = require('fs');
+const drawing = new Parser().parseSync(fs.readFileSync(process.argv[1], 'latin1'));
+console.log(JSON.stringify({entities: drawing.entities, blocks: drawing.blocks,
+                            layers: Object.keys(drawing.tables.layer.layers)}));
+"""
+
+
+def check_npm(shop):
+    need("npm")
+    run("npm", "install", "--no-audit", "--no-fund", "--prefix", shop.folder, "dxf-parser")
+    import ezdxf
+    count = 0
+    for file in shop.files:
+        for version in VERSIONS:
+            picture = shop.draw(file, ".dxf", "--dxf", version, "--angles", "deg")
+            parsed = json.loads(run("node", "-e", PARSE, picture.resolve(), cwd=shop.folder))
+            known = {"LINE", "CIRCLE", "ARC", "TEXT", "INSERT", "POLYLINE", "LWPOLYLINE", "SOLID", "POINT"}
+            theirs = [one for one in parsed["entities"] if one["type"] in known]
+            document = ezdxf.readfile(picture)
+            ours = [one for one in document.modelspace() if one.dxftype() in known]
+            ensure([one["type"] for one in theirs] == [one.dxftype() for one in ours], picture)
+            for mine, other in zip(ours, theirs):
+                compare_parsed(mine, other)
+                count += 1
+            names = {layer.dxf.name for layer in document.layers} - {"Defpoints"}
+            ensure(set(parsed["layers"]) == names, parsed["layers"])
+    print(f"{len(shop.files)} drawings, {count} entities as the parser of npm reads them")
+
+
+def compare_parsed(mine, other):
+    def at(place, point):
+        ensure(near(place["x"], point[0]) and near(place["y"], point[1]), mine, other)
+    ensure(mine.dxf.layer == other["layer"], other)
+    kind = mine.dxftype()
+    if kind == "LINE":
+        at(other["vertices"][0], mine.dxf.start)
+        at(other["vertices"][1], mine.dxf.end)
+    elif kind in ("CIRCLE", "ARC"):
+        at(other["center"], mine.dxf.center)
+        ensure(near(other["radius"], mine.dxf.radius), other)
+        if kind == "ARC":
+            ensure(near(math.degrees(other["startAngle"]), mine.dxf.start_angle, 1e-5), other)
+            ensure(near(math.degrees(other["endAngle"]), mine.dxf.end_angle, 1e-5), other)
+    elif kind == "TEXT":
+        at(other["startPoint"], mine.dxf.insert)
+        ensure(near(other["textHeight"], mine.dxf.height), other)
+        ensure((other.get("halign") or 0) == mine.dxf.get("halign", 0), other)
+        ensure((other.get("valign") or 0) == mine.dxf.get("valign", 0), other)
+    elif kind == "INSERT":
+        at(other["position"], mine.dxf.insert)
+        ensure(other["name"] == mine.dxf.name, other)
+    elif kind in ("POLYLINE", "LWPOLYLINE"):
+        corners, is_closed, _ = vertices(mine)
+        ensure(len(corners) == len(other["vertices"]) and bool(other["shape"]) == is_closed, other)
+        for corner, place in zip(corners, other["vertices"]):
+            at(place, corner)
+            ensure(near(place.get("bulge") or 0, corner[2], 1e-9), other)
+
+
+# What is drawn alike on paper and in CAD programs: without letters, whose fonts differ.
+LAID_OVER = ("--layers", "fills,formwork,lines,circles,links,bars,end-on")
+WIDE = 2000  # pixels
+ASTRAY = 4  # pixels: half of what the program of the other picture may draw wider
+MOST_ASTRAY = 0.002
+
+
+def ink_of(pdf):
+    """Where a PDF has ink, as a picture of that width around it."""
+    import numpy
+    from PIL import Image
+    run("pdftoppm", "-r", "400", "-gray", "-singlefile", "-scale-to-x", "5000", "-scale-to-y", "-1", pdf,
+        pdf.with_suffix(""))
+    Image.MAX_IMAGE_PIXELS = None
+    gray = numpy.asarray(Image.open(pdf.with_suffix(".pgm")))
+    rows, columns = (numpy.flatnonzero((gray < 250).any(axis=axis)) for axis in (1, 0))
+    inside = Image.fromarray(gray[rows[0]:rows[-1] + 1, columns[0]:columns[-1] + 1])
+    size = (WIDE, round(WIDE * inside.size[1] / inside.size[0]))
+    return numpy.asarray(inside.resize(size, Image.BOX)) < 235
+
+
+def grown(ink):
+    import numpy
+    wide = numpy.pad(ink, ASTRAY)
+    result = numpy.zeros_like(ink)
+    for y in range(2 * ASTRAY + 1):
+        for x in range(2 * ASTRAY + 1):
+            result |= wide[y:y + ink.shape[0], x:x + ink.shape[1]]
+    return result
+
+
+def check_librecad(shop):
+    """Its PDF of our DXF, laid over our own PDF."""
+    need("librecad")
+    need("pdftoppm")
+    import os
+    environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(shop.folder.resolve()))
+    for file in shop.files:
+        own = file.with_suffix(".pdf")
+        run(shop.program, "draw", file, "-o", own, *LAID_OVER, "--title", "none", "--marks", "none", "--angles", "deg",
+            "--window", "all", "--hidden", "solid")
+        ours = ink_of(own)
+        for version in VERSIONS:
+            picture = file.with_name(f"{file.stem}-{version}.dxf")
+            run(shop.program, "draw", file, "-o", picture, *LAID_OVER, "--dxf", version, "--angles", "deg", "--hidden",
+                "solid")
+            run("librecad", "dxf2pdf", "-a", "-k", picture.name, cwd=shop.folder, env=environment)
+            theirs = ink_of(picture.with_suffix(".pdf"))
+            ensure(abs(theirs.shape[0] - ours.shape[0]) <= 0.004 * WIDE, "proportions of", picture, theirs.shape, ours.shape)
+            height = min(ours.shape[0], theirs.shape[0])
+            # The program fills its page to the edge, and what lies there is half cut off.
+            inside = (slice(2 * ASTRAY, height - 2 * ASTRAY), slice(2 * ASTRAY, -2 * ASTRAY))
+            mine, other = ours[inside], theirs[inside]
+            beyond = (other & ~grown(mine)).sum() / other.sum()
+            missing = (mine & ~grown(other)).sum() / mine.sum()
+            print(f"{picture.name}: {beyond:.3%} of the ink beyond, {missing:.3%} missing")
+            ensure(beyond <= MOST_ASTRAY and missing <= MOST_ASTRAY, picture)
+
+
 def main():
     check, program, project, folder, *rest = sys.argv[1:]
     shop = Shop(program, project, folder, int(rest[0]) if rest else 12)
-    checks = {"ezdxf": check_ezdxf}
+    checks = {"ezdxf": check_ezdxf, "ogr": check_ogr, "npm": check_npm, "librecad": check_librecad}
     checks[check](shop)
 
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include <numbers>
 #include <regex>
 #include <sstream>
