@@ -9,13 +9,14 @@ using quorvan::tool::alikeBarsOf;
 using quorvan::tool::BulgePath;
 using quorvan::tool::PlanePoint;
 
-BulgePath straight(PlanePoint from, PlanePoint to) {
+BulgePath straightBetween(PlanePoint from, PlanePoint to) {
   return {{{from}, {to}}, false};
 }
 
 TEST(ToolSeriesBlocks, JoinBarsThatAreAlike) {
-  const auto found = alikeBarsOf({straight({0, 0}, {0, 50}), straight({10, 0}, {10, 60}),
-                                  straight({20, 0.1}, {20, 50.1}), straight({30, 0}, {30, 60})});
+  const auto found =
+      alikeBarsOf({straightBetween({0, 0}, {0, 50}), straightBetween({10, 0}, {10, 60}),
+                   straightBetween({20, 0.1}, {20, 50.1}), straightBetween({30, 0}, {30, 60})});
   ASSERT_EQ(found.size(), 2U);
   EXPECT_EQ(found[0].way, (PlanePoint{0, 50}));
   EXPECT_EQ(found[0].places, (std::vector<PlanePoint>{{0, 0}, {20, 0.1}}));
@@ -23,14 +24,15 @@ TEST(ToolSeriesBlocks, JoinBarsThatAreAlike) {
 }
 
 TEST(ToolSeriesBlocks, TellTheDirectionsApart) {
-  EXPECT_EQ(alikeBarsOf({straight({0, 0}, {0, 50}), straight({0, 50}, {0, 0})}).size(), 2U);
+  EXPECT_EQ(
+      alikeBarsOf({straightBetween({0, 0}, {0, 50}), straightBetween({0, 50}, {0, 0})}).size(), 2U);
 }
 
 // Nine digits before the point leave seven behind it.
 TEST(ToolSeriesBlocks, CountAsAlikeWhatFarCoordinatesCannotTellApart) {
   const double far = 5812345678.1;
-  EXPECT_EQ(alikeBarsOf({straight({far, 0}, {far + 0.1, 50}),
-                         straight({far + 1000.3, 0}, {far + 1000.4, 50})})
+  EXPECT_EQ(alikeBarsOf({straightBetween({far, 0}, {far + 0.1, 50}),
+                         straightBetween({far + 1000.3, 0}, {far + 1000.4, 50})})
                 .size(),
             1U);
 }
