@@ -261,7 +261,7 @@ void report(const TransferFile& file, const SceneResult& result, const DrawOptio
 // The shapes of bending data, on one sheet.
 void drawBendingData(const DrawArguments& arguments, Console& console) {
   refuseSameFile(arguments.file, arguments.output);
-  if (formOf(arguments) == ".html") {
+  if (formOf(arguments) == ".html" || formOf(arguments) == ".dxf") {
     throw Failure(arguments.output + ": bending data is drawn as .svg, .png or .pdf");
   }
   const std::string bytes = bvbs::bendingDataBytes(arguments.file);
@@ -292,7 +292,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   const DrawOptions drawing = drawOptions(arguments);
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
-  if (toPath(arguments.output).extension() == ".dxf") {
+  if (formOf(arguments) == ".dxf") {
     const WorkFolder folder(arguments.output, console);
     drawDxf(file, drawing,
             {named(kDxfVersions, arguments.dxf).value_or(DxfVersion::kR12),
