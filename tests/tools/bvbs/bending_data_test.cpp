@@ -283,6 +283,27 @@ TEST(BendingData, HasARecordForEachLengthOfASeries) {
   EXPECT_NE(records[3].find("@v@G"), std::string::npos);
 }
 
+// Two series that share a length are one group, whichever was filed first.
+TEST(BendingData, HasOneGroupForSeriesThatShareALength) {
+  const auto series = [](int index, const std::string& top) {
+    return R"({"class": "CKtZantoRepartition", "Point1": [0, 500, 0], "Point2": [400, 500, 0], "Bulge": [0, 0, 0], "ViewPoint": 2, "Axis": [10, 0, 0], "AxisDistancesTop": [)" +
+           top +
+           R"(], "AxisDistancesBottom": [0, 0, 0], "Positions": [200, 200], "DefClassName": "CKtZantoStraightBar", "Index": )" +
+           std::to_string(index) + R"(, "Hidden": false})";
+  };
+  const std::string bar =
+      R"({"class": "CKtZantoStraightBar", "Point1": [0, 0, 0], "Point2": [0, 1000, 0], )" +
+      kNoHooks + ", " + steelOf(12, 10);
+  const auto records = dataOf(times(3, bar) + ", " + series(1, "1000, 1100, 1200") + ", " +
+                              series(2, "1400, 1500, 1600") + ", " + series(3, "1200, 1300, 1400"))
+                           .records();
+  ASSERT_EQ(records.size(), 7U);
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    EXPECT_NE(records[i].find("@p12." + std::to_string(i + 1) + "@"), std::string::npos);
+    EXPECT_NE(records[i].find("@c1@G"), std::string::npos) << records[i];
+  }
+}
+
 TEST(BendingData, RefusesOptionsThatAreNotForIt) {
   dataOf(straightBar(1, 1000, kNoHooks, {}));
   EXPECT_EQ(runTool({"bars", "job.xml", "--project", "A"}).status, 2);

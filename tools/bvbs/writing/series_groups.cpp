@@ -1,5 +1,6 @@
 #include <tools/bvbs/writing/series_groups.h>
 
+#include <algorithm>
 #include <map>
 #include <numeric>
 #include <utility>
@@ -24,8 +25,9 @@ class RowSets {
   }
 
   void join(std::size_t a, std::size_t b) {
-    const auto [less, more] = std::minmax(first(a), first(b));
-    m_before[more] = less;
+    const std::size_t one = first(a);
+    const std::size_t other = first(b);
+    m_before[std::max(one, other)] = std::min(one, other);
   }
 
  private:
