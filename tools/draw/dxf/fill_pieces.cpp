@@ -216,6 +216,7 @@ bool FillCutter::cutEars(std::vector<PlanePoint> corners, std::vector<FillPiece>
 // Between the heights of two corners, the sides do not change places.
 void FillCutter::cutBands(const std::vector<PlanePoint>& corners, std::vector<FillPiece>& pieces) {
   std::vector<double> heights;
+  heights.reserve(corners.size());
   for (const PlanePoint point : corners) {
     heights.push_back(point.y);
   }

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include <numbers>
 #include <regex>
 #include <sstream>
