@@ -54,6 +54,10 @@ if(MINGW)
   target_link_options(quorvan_compile INTERFACE LINKER:--no-insert-timestamp $<$<CONFIG:Release>:-s>)
 endif()
 
+if(QUORVAN_SANITIZE MATCHES address AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # As GCC says it.
+  target_compile_definitions(quorvan_compile INTERFACE __SANITIZE_ADDRESS__=1)
+endif()
 if(QUORVAN_SANITIZE)
   target_compile_options(
     quorvan_compile INTERFACE "-fsanitize=${QUORVAN_SANITIZE}" -fno-sanitize-recover=all

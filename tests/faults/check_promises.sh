@@ -16,7 +16,7 @@ while read -r name; do
   elif [[ $suite == Soak ]]; then
     pattern="$suite\.$test"
   elif [[ $suite == Scaling ]]; then
-    pattern="quorvan_add_scaling_test\($test "
+    pattern="quorvan_add_scaling_test\($test |Scaling\.$test"
   fi
   if ! grep -rqE --include='*.cpp' --include=CMakeLists.txt "$pattern" tests fuzz; then
     echo "SECURITY.md names $name, which is no test"

@@ -134,9 +134,11 @@ Coordinates tipOf(const End& end, const Coordinates& at, const Coordinates& dire
 void addTip(std::vector<Coordinates>& course, const End& end, bool atStart) {
   const Coordinates at = atStart ? course.front() : course.back();
   const Coordinates before = atStart ? course[1] : course[course.size() - 2];
+  // A straight bar has no third corner, and no plane of its own.
+  const auto corners = static_cast<std::ptrdiff_t>(std::min<std::size_t>(3, course.size()));
   const Coordinates normal =
-      normalOf(atStart ? std::vector<Coordinates>(course.begin(), course.begin() + 3)
-                       : std::vector<Coordinates>(course.end() - 3, course.end()));
+      normalOf(atStart ? std::vector<Coordinates>(course.begin(), course.begin() + corners)
+                       : std::vector<Coordinates>(course.end() - corners, course.end()));
   const bool isLeft = atStart ? !end.isLeft : end.isLeft;
   const Coordinates tip = tipOf(end, at, unit(at - before), normal, isLeft);
   course.insert(atStart ? course.begin() : course.end(), tip);
@@ -147,7 +149,7 @@ void addHook(CornerLine& line, const End& end, bool atStart) {
   if (!end.isThere()) {
     return;
   }
-  if (!line.course.empty()) {
+  if (line.course.size() > 1) {
     addTip(line.course, end, atStart);
   }
   if (!end.isBent()) {

@@ -85,7 +85,8 @@ TEST(ToolOutput, MayBeTheStandardOne) {
   writeDrawing();
   const auto run = runTool({"write", "drawing.json", "-o", "-"});
   EXPECT_EQ(run.err, "");
-  EXPECT_EQ(run.out, sampleBytes());
+  runTool({"write", "drawing.json", "-o", "drawing.xml"});
+  EXPECT_EQ(run.out, quorvan::test::fileBytes("drawing.xml"));
   EXPECT_FALSE(fs::exists("-"));
 }
 
@@ -108,7 +109,10 @@ TEST(ToolInput, MayBeTheStandardOne) {
     EXPECT_EQ(run.err, "standard input: no findings\nstandard output: no findings\n");
   }
   const StandardInput input(quorvan::test::sampleDrawing());
-  EXPECT_EQ(runTool({"write", "-", "-o", "-"}).out, sampleBytes());
+  const std::string written = runTool({"write", "-", "-o", "-"}).out;
+  writeDrawing();
+  runTool({"write", "drawing.json", "-o", "drawing.xml"});
+  EXPECT_EQ(written, quorvan::test::fileBytes("drawing.xml"));
 }
 
 }  // namespace
