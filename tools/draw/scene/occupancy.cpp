@@ -17,6 +17,12 @@ constexpr double kCosts[] = {Occupancy::kTextCost, 5.0, 1.0};
 constexpr double kBesideSheet = 200.0;  // the sheet
 constexpr double kThinShare = 0.15;     // of the cost of a line or concrete
 
+// What is far from the sheet, or nowhere, is just beside it.
+int placeAmong(int count, double place) {
+  return std::isnan(place) ? -2
+                           : static_cast<int>(std::clamp(std::floor(place), -2.0, count + 1.0));
+}
+
 }  // namespace
 
 Occupancy::Occupancy(double width, double height) {
@@ -30,11 +36,11 @@ Occupancy::Occupancy(double width, double height) {
 }
 
 int Occupancy::column(double x) const {
-  return static_cast<int>(std::clamp(std::floor(x / m_cell), -2.0, m_columns + 1.0));
+  return placeAmong(m_columns, x / m_cell);
 }
 
 int Occupancy::row(double y) const {
-  return static_cast<int>(std::clamp(std::floor(y / m_cell), -2.0, m_rows + 1.0));
+  return placeAmong(m_rows, y / m_cell);
 }
 
 void Occupancy::takeAt(int x, int y, Kind kind) {
