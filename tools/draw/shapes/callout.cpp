@@ -13,6 +13,8 @@ constexpr double kRings[] = {1.8, 3.0, 4.5, 6.5, 9.0, 12.5, 17.0, 23.0, 32.0};  
 constexpr int kDirections = 16;
 constexpr int kFewDirections = 4;
 constexpr double kAwayShare = 0.3;
+// Of two places that differ by no more, the first is taken: the last digits differ between systems.
+constexpr double kAsGood = 1e-6;
 constexpr double kBesideText = 0.75;  // heights: a leader ends so far from the middle of the text
 
 struct CalloutSize {
@@ -94,7 +96,7 @@ CalloutPlace placeOf(const Callout& callout, double lettering, const SheetBox& r
         const double leader = taken.cost(place.anchor, place.leaderEnd);
         const double cost = covered + leader + kAwayShare * lengthOf(place.leaderEnd - anchor);
         isFree = isFree || (covered == 0.0 && leader < Occupancy::kTextCost);
-        if (least < 0.0 || cost < least) {
+        if (least < 0.0 || cost < least - kAsGood) {
           least = cost;
           best = place;
         }
