@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 
 #include <tests/support/saved_file.h>
@@ -129,6 +130,25 @@ TEST(ToolProgram, NeverWritesOverWhatItReads) {
   EXPECT_EQ(runTool({"write", "drawing.json", "-o", "./drawing.json"}).status, 2);
   EXPECT_EQ(quorvan::test::fileBytes("sample.svg"), quorvan::test::sampleBytes());
   EXPECT_EQ(quorvan::test::fileBytes("drawing.json"), drawing);
+}
+
+TEST(ToolProgram, NeverWritesOverWhatStandardInputReads) {
+  const std::string broken = quorvan::test::sampleBytes() + "<!-- behind the root -->";
+  quorvan::test::writeFile("read.xml", broken);
+  std::filesystem::create_hard_link("read.xml", "link.xml");
+  ASSERT_NE(std::freopen("read.xml", "rb", stdin), nullptr);
+  const auto run = runTool({"check", "-", "--repair", "-o", "link.xml"});
+  const auto other = runTool({"check", "-", "--repair", "-o", "mended.xml"});
+#ifdef _WIN32
+  ASSERT_NE(std::freopen("NUL", "rb", stdin), nullptr);
+#else
+  ASSERT_NE(std::freopen("/dev/null", "rb", stdin), nullptr);
+#endif
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "quorvan: link.xml: is the file itself; the output needs a name of its own\n");
+  EXPECT_EQ(quorvan::test::fileBytes("read.xml"), broken);
+  EXPECT_EQ(other.err, "") << "any other name will do";
+  EXPECT_TRUE(std::filesystem::exists("mended.xml"));
 }
 
 }  // namespace

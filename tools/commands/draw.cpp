@@ -5,6 +5,7 @@
 #include <cmath>
 #include <fstream>
 #include <memory>
+#include <optional>
 
 #include <tools/bvbs/data_file.h>
 #include <tools/bvbs/sheet/shape_sheet.h>
@@ -19,6 +20,7 @@
 #include <tools/files/work_folder.h>
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
+#include <tools/text/number_text.h>
 #include <tools/text/table.h>
 #ifdef QUORVAN_HAS_CAIRO
 #include <tools/draw/writers/cairo_writer.h>
@@ -33,7 +35,7 @@ struct DrawArguments {
   std::string output;
   std::string sheet;
   double scale = 0.0;
-  double dotsPerInch = 150.0;
+  std::optional<double> dotsPerInch;
   std::string unit = "mm";
   std::string plane = "xy";
   std::string colors = "auto";
@@ -177,9 +179,26 @@ void closeWritten(std::ofstream& out, const std::string& name) {
   }
 }
 
+#ifdef QUORVAN_HAS_CAIRO
+// What is asked for, or what is usual, but for sheets so large that the picture would be as well.
+double dotsPerInchOf(const Scene& scene, const DrawArguments& arguments, Console& console) {
+  constexpr double kUsual = 150.0;
+  if (arguments.dotsPerInch) {
+    return *arguments.dotsPerInch;
+  }
+  const double most = mostDotsPerInch(scene);
+  if (most >= kUsual) {
+    return kUsual;
+  }
+  console.err << printable(arguments.output) << ": note: drawn with " << rounded(most, 1)
+              << " dots an inch, because the sheet is large (--dpi asks for more)\n";
+  return most;
+}
+#endif
+
 // Every form but the page, which needs the drawing itself.
 void writeScene(const Scene& scene, const DrawArguments& arguments,
-                const std::filesystem::path& path) {
+                const std::filesystem::path& path, Console& console) {
   const std::string form = formOf(arguments);
   if (form == ".svg") {
     std::ofstream out(path, std::ios::binary);
@@ -188,7 +207,7 @@ void writeScene(const Scene& scene, const DrawArguments& arguments,
   }
 #ifdef QUORVAN_HAS_CAIRO
   if (form == ".png") {
-    return writePng(scene, arguments.dotsPerInch, path);
+    return writePng(scene, dotsPerInchOf(scene, arguments, console), path);
   }
   if (form == ".pdf") {
     return writePdf(scene, path);
@@ -203,9 +222,9 @@ void writeScene(const Scene& scene, const DrawArguments& arguments,
 }
 
 void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
-                  const DrawOptions& drawing, const std::filesystem::path& path) {
+                  const DrawOptions& drawing, const std::filesystem::path& path, Console& console) {
   if (formOf(arguments) != ".html") {
-    return writeScene(scene, arguments, path);
+    return writeScene(scene, arguments, path, console);
   }
   std::ofstream out(path, std::ios::binary);
   writeHtmlPage(file, scene, *drawing.unit, out);
@@ -281,7 +300,7 @@ void drawBendingData(const DrawArguments& arguments, Console& console) {
     throw Failure(arguments.file + ": there is no record that can be drawn");
   }
   const WorkFolder folder(arguments.output, console);
-  writeScene(bvbs::shapeSheet(records), arguments, folder.file());
+  writeScene(bvbs::shapeSheet(records), arguments, folder.file(), console);
   folder.moveToTarget();
 }
 
@@ -303,7 +322,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   const SceneResult result = buildScene(file, drawing, console);
   report(file, result, drawing, console);
   const WorkFolder folder(arguments.output, console);
-  writePicture(file, result.scene, arguments, drawing, folder.file());
+  writePicture(file, result.scene, arguments, drawing, folder.file(), console);
   folder.moveToTarget();
 }
 
@@ -383,9 +402,10 @@ void addDrawOptions(CLI::App& command, Run& run) {
       ->required();
   addSheetOptions(command, *arguments, run);
   addStyleOptions(command, *arguments, run);
-  command.add_option("--dpi", arguments->dotsPerInch, "Fineness of a PNG")
-      ->check(CLI::Range(10.0, 1200.0))
-      ->capture_default_str();
+  command
+      .add_option("--dpi", arguments->dotsPerInch,
+                  "Fineness of a PNG: 150, or less for a sheet beyond A0")
+      ->check(CLI::Range(10.0, 1200.0));
   oneOf(command.add_option("--dxf", arguments->dxf, "Version of a DXF: R12, 2000"),
         namesOf(kDxfVersions), run)
       ->capture_default_str();

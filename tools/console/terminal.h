@@ -18,6 +18,9 @@ void prepareStandardStreams();
 bool errorIsTerminal();
 bool outputIsTerminal();
 
+/// Whether standard input comes from the file of that path.
+bool inputIsFile(const std::filesystem::path& path);
+
 /// The path that the UTF-8 text names, and back.
 std::filesystem::path toPath(std::string_view utf8);
 std::string toUtf8(const std::filesystem::path& path);

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <tools/console/terminal.h>
@@ -16,6 +17,13 @@ bool errorIsTerminal() {
 
 bool outputIsTerminal() {
   return isatty(STDOUT_FILENO) == 1;
+}
+
+bool inputIsFile(const std::filesystem::path& path) {
+  struct stat input = {};
+  struct stat file = {};
+  return fstat(STDIN_FILENO, &input) == 0 && stat(path.c_str(), &file) == 0 &&
+         S_ISREG(input.st_mode) && input.st_dev == file.st_dev && input.st_ino == file.st_ino;
 }
 
 }  // namespace quorvan::tool

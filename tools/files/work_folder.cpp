@@ -65,8 +65,11 @@ TemporaryFolder folderFor(const std::string& name, const fs::path& target, bool 
 
 void refuseSameFile(const std::string& input, const std::string& output) {
   std::error_code ignored;
-  if (fs::equivalent(toPath(input), toPath(output), ignored) &&
-      fs::is_regular_file(toPath(input), ignored)) {
+  const bool isSame = input == kStandardStream
+                          ? inputIsFile(toPath(output))
+                          : fs::equivalent(toPath(input), toPath(output), ignored) &&
+                                fs::is_regular_file(toPath(input), ignored);
+  if (isSame) {
     throw Failure(output + ": is the file itself; the output needs a name of its own");
   }
 }

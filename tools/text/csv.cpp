@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include <tools/text/table.h>
 
@@ -14,13 +15,15 @@ bool isNumber(std::string text, char decimalMark) {
   double value = 0.0;
   const char* const end = text.data() + text.size();
   const auto [last, error] = std::from_chars(text.data(), end, value);
-  return last == end && error != std::errc::invalid_argument;
+  return last == end && error != std::errc::invalid_argument && std::isfinite(value);
 }
 
+// Some programs leave out blanks before they look.
 bool looksLikeFormula(const std::string& field, char decimalMark) {
   constexpr std::string_view kBeginnings = "=+-@\t\r";
-  return !field.empty() && kBeginnings.find(field.front()) != std::string_view::npos &&
-         !isNumber(field, decimalMark);
+  const std::size_t begin = field.find_first_not_of(" \n");
+  return begin != std::string::npos && kBeginnings.find(field[begin]) != std::string_view::npos &&
+         !isNumber(field.substr(begin), decimalMark);
 }
 
 void appendField(std::string& line, std::string_view field, bool isGuarded, char separator) {

@@ -73,7 +73,8 @@ TEST(ToolDocuments, TellShortNamesValuesAndWhatDoesNotGoTogether) {
   const std::string manual = manualPage(program);
   EXPECT_NE(manual.find("quorvan draw [OPTION]... \\-o OUTPUT FILE\n"), std::string::npos);
   EXPECT_NE(manual.find("quorvan list [OPTION]... FILE [CLASS]\n"), std::string::npos);
-  EXPECT_NE(manual.find("\\fB\\-\\-dpi\\fR \\fIDPI\\fR\nFineness of a PNG; 150 unless given.\n"),
+  EXPECT_NE(manual.find("\\fB\\-\\-tolerance\\fR \\fITOLERANCE\\fR\nNumbers that differ by no more "
+                        "are equal; 0.001 unless given.\n"),
             std::string::npos);
   EXPECT_NE(manual.find("Exit code: 0 equal, 1 different, 2 "), std::string::npos);
 }

@@ -7,6 +7,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdint>
+#include <iterator>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -32,8 +35,29 @@ const char* const kOutputs[] = {"extreme.svg", "extreme.html",
 #endif
 };
 
+const char* const kListOutputs[] = {"extreme-list.html",
+#ifdef QUORVAN_HAS_CAIRO
+                                    "extreme-list.pdf"
+#endif
+};
+
 bool isNumber(const std::string& text) {
   return !text.empty() && text.find_first_not_of("+-.0123456789") == std::string::npos;
+}
+
+// The sample, with any of the extremes in every tenth place or so.
+std::string drawingWithExtremes(std::uint32_t seed) {
+  constexpr std::uint32_t kOneIn = 10;
+  std::mt19937 random(seed);
+  std::string drawing = quorvan::test::sampleBytes();
+  for (std::size_t at = drawing.find("=\"", drawing.find("<CKt")); at != std::string::npos;
+       at = drawing.find("=\"", at + 2)) {
+    const std::size_t close = drawing.find('"', at + 2);
+    if (isNumber(drawing.substr(at + 2, close - at - 2)) && random() % kOneIn == 0) {
+      drawing.replace(at + 2, close - at - 2, kExtremes[random() % std::size(kExtremes)]);
+    }
+  }
+  return drawing;
 }
 
 // Each element of the sample once for each number in it, with the extreme in its place.
@@ -86,16 +110,17 @@ constexpr double kMostSeconds = 20.0;
 #endif
 constexpr double kMostMegabytes = 256.0;
 
+void expectUsual(const std::vector<std::string>& arguments) {
+  const PictureCost cost = costOf(arguments);
+  EXPECT_EQ(cost.status, 0) << arguments[3];
+  EXPECT_LT(cost.seconds, kMostSeconds) << arguments[3];
+  EXPECT_TRUE(kIsSanitized || cost.megabytes < kMostMegabytes) << arguments[3] << cost.megabytes;
+}
+
 class ToolExtremeDrawings : public testing::TestWithParam<const char*> {};
 
 TEST_P(ToolExtremeDrawings, CostNoMoreThanOthers) {
   quorvan::test::writeFile("extreme.xml", drawingWith(GetParam()));
-  const auto expectUsual = [](const std::vector<std::string>& arguments) {
-    const PictureCost cost = costOf(arguments);
-    EXPECT_EQ(cost.status, 0) << arguments[3];
-    EXPECT_LT(cost.seconds, kMostSeconds) << arguments[3];
-    EXPECT_TRUE(kIsSanitized || cost.megabytes < kMostMegabytes) << arguments[3] << cost.megabytes;
-  };
   expectUsual({"draw", "extreme.xml", "-o", kOutputs[0], "--sheet", "A4", "--scale", "20"});
   if (!kIsSanitized) {
     for (const char* const output : kOutputs) {
@@ -104,8 +129,29 @@ TEST_P(ToolExtremeDrawings, CostNoMoreThanOthers) {
   }
 }
 
+TEST_P(ToolExtremeDrawings, CanBeListed) {
+  quorvan::test::writeFile("extreme.xml", drawingWith(GetParam()));
+  for (const char* const output : kListOutputs) {
+    expectUsual({"bars", "extreme.xml", "-o", output});
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Values, ToolExtremeDrawings, testing::ValuesIn(kExtremes),
                          [](const auto& test) { return std::to_string(test.index); });
+
+class ToolExtremeNumbers : public testing::TestWithParam<std::uint32_t> {};
+
+TEST_P(ToolExtremeNumbers, CostNoMoreThanOthersTogether) {
+  quorvan::test::writeFile("extreme.xml", drawingWithExtremes(GetParam()));
+  for (const char* const output : kListOutputs) {
+    expectUsual({"bars", "extreme.xml", "-o", output});
+  }
+  for (const char* const output : kOutputs) {
+    expectUsual({"draw", "extreme.xml", "-o", output, "--scale", "25"});
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ToolExtremeNumbers, testing::Range(1U, kIsSanitized ? 3U : 9U));
 
 // A line that goes far beyond the sheet is there as far as the sheet goes.
 TEST(ToolExtremeDrawing, ShowsWhatOfALineIsOnTheSheet) {

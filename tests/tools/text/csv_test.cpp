@@ -56,6 +56,8 @@ TEST(ToolCsv, GuardsWhatASpreadsheetTakesForAFormula) {
   EXPECT_EQ(csvLine({"=1+1", "+x", "-x", "@x", "\tx", "=a,b"}),
             "'=1+1,'+x,'-x,'@x,'\tx,\"'=a,b\"\n");
   EXPECT_EQ(csvLine({"-1.5", "-1e9", "x=1", "(1, 2)"}), "-1.5,-1e9,x=1,\"(1, 2)\"\n");
+  EXPECT_EQ(csvLine({"  =1+1", " \n@x", " -1", " x", " "}), "'  =1+1,\"' \n@x\", -1, x, \n");
+  EXPECT_EQ(csvLine({"-inf", "-nan(x)", "+infinity"}), "'-inf,'-nan(x),'+infinity\n");
   EXPECT_EQ(csvLine({"-1,5", "-1.5"}, {.separator = ';', .decimalMark = ','}), "-1,5;-1.5\n");
 }
 

@@ -65,6 +65,11 @@ std::vector<double> shownLengths(const BentBar& bent) {
   return lengths;
 }
 
+// The angle of a hook is any number in a file.
+double drawnAngle(const Bend& bend) {
+  return std::isfinite(bend.angle) ? std::clamp(bend.angle, 0.0, 2.0 * std::numbers::pi) : 0.0;
+}
+
 // The direction of the first leg that makes the longest one level.
 double firstDirection(const BentBar& bent) {
   double direction = 0.0;
@@ -76,7 +81,7 @@ double firstDirection(const BentBar& bent) {
       ofLongest = direction;
     }
     if (i < bent.bends.size()) {
-      direction += bent.bends[i].isLeft ? bent.bends[i].angle : -bent.bends[i].angle;
+      direction += bent.bends[i].isLeft ? drawnAngle(bent.bends[i]) : -drawnAngle(bent.bends[i]);
     }
   }
   return -ofLongest;
@@ -99,7 +104,7 @@ SketchOutline planeOutline(const BentBar& bent, double factor) {
       break;
     }
     const double side = bent.bends[i].isLeft ? 1.0 : -1.0;
-    const double sweep = side * bent.bends[i].angle;
+    const double sweep = side * drawnAngle(bent.bends[i]);
     const PlanePoint center = at + leftOf(way) * (side * kSketchBend * factor);
     outline.path.arcTo(center, sweep);
     outline.bends.push_back(center + turned(at - center, sweep / 2.0));
@@ -232,7 +237,7 @@ class Sketch {
     const PlanePoint inward =
         lengthOf(between) > 0.1 ? directionOf(between) : leftOf(before) * -1.0;
     Lettering text;
-    text.text = localized(rounded(angle * 180.0 / std::numbers::pi, 1)) + "\u00B0";
+    text.text = angleText(angle);
     text.height = kSketchLettering * 0.8;
     text.alignX = AlignX::kCentre;
     text.alignY = AlignY::kMiddle;
@@ -263,9 +268,7 @@ class Sketch {
     lines.push_back((hasLetters ? "B " : "+ ") + valueText(m_bent.overlap));
     for (std::size_t i = 0; i < m_bent.bends.size(); ++i) {
       const Leg& hook = i == 0 ? m_bent.legs.front() : m_bent.legs.back();
-      lines.push_back(valueText(dimensionValue(hook)) + " / " +
-                      localized(rounded(m_bent.bends[i].angle * 180.0 / std::numbers::pi, 1)) +
-                      "\u00B0");
+      lines.push_back(valueText(dimensionValue(hook)) + " / " + angleText(m_bent.bends[i].angle));
     }
     double y = center.y + 1.9 * (static_cast<double>(lines.size()) - 1.0);
     for (std::string& line : lines) {
@@ -295,6 +298,11 @@ class Sketch {
     const double step = m_list.options.cutting.legStep;
     const double shown = roundedTo(value, step > 0.0 ? step : 1.0, Rounding::kNearest);
     return localized(rounded(shown, 1));
+  }
+
+  [[nodiscard]] std::string angleText(double angle) const {
+    const double degrees = angle * 180.0 / std::numbers::pi;
+    return (std::isfinite(degrees) ? localized(rounded(degrees, 1)) : "?") + "\u00B0";
   }
 
   // Of a series of several lengths the longest is shown.

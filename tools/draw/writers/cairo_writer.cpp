@@ -3,6 +3,7 @@
 #include <cairo-pdf.h>
 #include <cairo.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -17,7 +18,8 @@ namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kPointsPerInch = 72.0;
-constexpr double kMostPixels = 30000.0;  // cairo's limit is a little higher
+constexpr double kMostPixelsASide = 30000.0;  // cairo's limit is a little higher
+constexpr double kUsualPixels = 36e6;         // A0 with 150 dots an inch has 34.9 million
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
@@ -173,11 +175,17 @@ void check(cairo_status_t status, const std::filesystem::path& path) {
 
 }  // namespace
 
+double mostDotsPerInch(const Scene& scene) {
+  const double longer = std::max(scene.width, scene.height);
+  return kMillimetresPerInch * std::min(std::sqrt(kUsualPixels / (scene.width * scene.height)),
+                                        (kMostPixelsASide - 1.0) / longer);
+}
+
 void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::path& path) {
   const double scale = dotsPerInch / kMillimetresPerInch;
   const double width = std::ceil(scene.width * scale);
   const double height = std::ceil(scene.height * scale);
-  if (!(width <= kMostPixels && height <= kMostPixels)) {
+  if (!(width <= kMostPixelsASide && height <= kMostPixelsASide)) {
     throw Failure(toUtf8(path) +
                   ": the picture would have more than 30000 points a side; "
                   "take a smaller sheet or --dpi");

@@ -8,6 +8,9 @@
 
 namespace quorvan::tool {
 
+/// As fine as a PNG can be that costs no more memory than a sheet of A0 usually does.
+double mostDotsPerInch(const Scene& scene);
+
 /// Raises Failure when the file cannot be written.
 void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::path& path);
 void writePdf(const Scene& scene, const std::filesystem::path& path);
