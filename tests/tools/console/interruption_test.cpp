@@ -1,8 +1,10 @@
 // A run that ends in the middle of its work leaves nothing behind.
 #ifndef _WIN32
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,6 +20,13 @@ namespace {
 namespace fs = std::filesystem;
 using quorvan::tool::TemporaryFolder;
 
+// A process of its own that is stopped in the middle of its work.
+void beginWork() {
+  const rlimit none = {0, 0};
+  ::setrlimit(RLIMIT_CORE, &none);
+  quorvan::tool::watchForInterruption();
+}
+
 class ToolInterruption : public testing::TestWithParam<int> {};
 
 TEST_P(ToolInterruption, RemovesWhatWasMade) {
@@ -26,7 +35,7 @@ TEST_P(ToolInterruption, RemovesWhatWasMade) {
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   if (child == 0) {
-    quorvan::tool::watchForInterruption();
+    beginWork();
     const TemporaryFolder folder("work");
     std::ofstream(folder.path() / "drawing.xml") << "half of it";
     static_cast<void>(::write(ready[1], "r", 1));
@@ -44,7 +53,37 @@ TEST_P(ToolInterruption, RemovesWhatWasMade) {
   EXPECT_TRUE(fs::is_empty("work"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, ToolInterruption, testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(Signals, ToolInterruption,
+                         testing::Values(SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU, SIGUSR1));
+
+class ToolBrokenOutput : public testing::TestWithParam<int> {};
+
+TEST_P(ToolBrokenOutput, RemovesWhatWasMade) {
+  fs::create_directory("work");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    beginWork();
+    const TemporaryFolder folder("work");
+    std::ofstream(folder.path() / "drawing.xml") << "half of it";
+    int output[2] = {-1, -1};
+    if (GetParam() == SIGPIPE && ::pipe(output) == 0) {
+      ::close(output[0]);
+    } else {
+      const rlimit none = {0, 0};
+      ::setrlimit(RLIMIT_FSIZE, &none);
+      output[1] = ::open("work/full", O_CREAT | O_WRONLY, 0600);
+      ::unlink("work/full");
+    }
+    static_cast<void>(::write(output[1], "x", 1));
+    ::_exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == GetParam()) << status;
+  EXPECT_TRUE(fs::is_empty("work"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, ToolBrokenOutput, testing::Values(SIGPIPE, SIGXFSZ));
 
 TEST(ToolTemporaryFolder, ClearsWhatKilledRunsLeftADayAgo) {
   for (const char* const name : {".quorvan-1", ".quorvan-2", ".quorvan-x", "other"}) {
