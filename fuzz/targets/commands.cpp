@@ -1,6 +1,8 @@
 // Any bytes as a file, given to every command of the program.
+#include <iterator>
 #include <string>
 
+#include <fuzz/dxf_check.h>
 #include <fuzz/memory_files.h>
 #include <fuzz/target.h>
 #include <fuzz/tool_calls.h>
@@ -37,6 +39,18 @@ void listAndWrite() {
   require(readBytes("written.xml") == readBytes("again.xml"), "a listing gives another file");
 }
 
+// One form a file: which one follows from its size.
+void drawForCad(std::size_t size) {
+  constexpr const char* kVersions[] = {"R12", "2000"};
+  constexpr const char* kBars[] = {"width", "axis", "outline"};
+  const char* const version = kVersions[size % std::size(kVersions)];
+  const char* const bars = kBars[size / std::size(kVersions) % std::size(kBars)];
+  const int status =
+      callTool({"draw", "file.xml", "-o", "file.dxf", "--dxf", version, "--bars", bars}).status;
+  require(status == 0, "no DXF");
+  quorvan::fuzz::checkDxf(readBytes("file.dxf"));
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -52,6 +66,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   callTool({"bars", "file.xml", "--json"});
   require(callTool({"draw", "file.xml", "-o", "file.svg"}).status == 0, "no picture");
   require(callTool({"draw", "file.xml", "-o", "file.html"}).status == 0, "no page");
+  drawForCad(size);
   require(callTool({"diff", "file.xml", "file.xml"}).status == 0, "a file differs from itself");
   repair();
   listAndWrite();

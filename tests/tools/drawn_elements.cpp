@@ -206,7 +206,8 @@ std::vector<tool::Shape> bareShapesOf(const std::string& elements, tool::AngleUn
   tool::DrawContext context{natural, tool::ColorScheme::kIndex, angles, tool::HiddenBars::kDashed};
   context.isMeasuring = true;
   tool::ShapeSink sink(context);
-  tool::ElementPainter painter(loaded.file(), sink, nullptr);
+  tool::RepeatedBars repeated(loaded.file());
+  tool::ElementPainter painter(loaded.file(), repeated, sink, nullptr);
   for (const tool::Element& element : loaded.file().elements()) {
     painter.draw(element);
   }

@@ -37,7 +37,8 @@ void look(const Shape& shape, Findings& findings, SheetBox& box) {
   }
 }
 
-Findings lookAtAll(const TransferFile& file, const DrawOptions& options, AngleUnit angles) {
+Findings lookAtAll(const TransferFile& file, const DrawOptions& options, AngleUnit angles,
+                   RepeatedBars& repeated) {
   Findings findings;
   const Sheet natural = Sheet::natural(options);
   DrawContext context{natural, ColorScheme::kIndex, angles, options.hidden};
@@ -45,8 +46,7 @@ Findings lookAtAll(const TransferFile& file, const DrawOptions& options, AngleUn
   context.lettering = 0.0;
   context.paper = 0.0;
   ShapeSink sink(context);
-  ElementPainter painter(file, sink, nullptr);
-  ItemReader reader(file);
+  ElementPainter painter(file, repeated, sink, nullptr);
   for (const Element& element : file.elements()) {
     painter.draw(element);
     findings.hasBars = findings.hasBars || barShapeOf(element).has_value();
@@ -89,8 +89,9 @@ bool hasFrame(const Findings& findings, const SheetBox& box) {
 
 }  // namespace
 
-DrawingSurvey survey(const TransferFile& file, const DrawOptions& options, AngleUnit angles) {
-  Findings findings = lookAtAll(file, options, angles);
+DrawingSurvey survey(const TransferFile& file, const DrawOptions& options, AngleUnit angles,
+                     RepeatedBars& repeated) {
+  Findings findings = lookAtAll(file, options, angles, repeated);
   DrawingSurvey result;
   if (options.window) {
     const double unit = Sheet::natural(options).unit();

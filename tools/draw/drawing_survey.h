@@ -7,6 +7,7 @@
 #include <tools/draw/scene/outliers.h>
 #include <tools/draw/scene/sheet.h>
 #include <tools/files/transfer_file.h>
+#include <tools/model/repeated_bars.h>
 
 namespace quorvan::tool {
 
@@ -18,6 +19,7 @@ struct DrawingSurvey {
 
 /// Draws everything in millimetres of what is shown, hooks, bars of repartitions and texts as they
 /// are, and keeps the boxes: nothing can be drawn that was not measured.
-DrawingSurvey survey(const TransferFile& file, const DrawOptions& options, AngleUnit angles);
+DrawingSurvey survey(const TransferFile& file, const DrawOptions& options, AngleUnit angles,
+                     RepeatedBars& repeated);
 
 }  // namespace quorvan::tool

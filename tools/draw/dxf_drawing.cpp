@@ -57,11 +57,12 @@ class Drawer {
         m_dxf(dxf),
         m_angles(options.angles ? *options.angles : guessAngleUnit(file).unit),
         m_colors(options.colors ? *options.colors : guessColorScheme(file)),
-        m_survey(survey(file, options, m_angles)),
+        m_repeated(file),
+        m_survey(survey(file, options, m_angles, m_repeated)),
         m_scale(Sheet(m_survey.contents, options).scale()),
         m_sheet(Sheet::inDrawingUnits(options)),
         m_sink(contextOf()),
-        m_painter(file, m_sink, nullptr),
+        m_painter(file, m_repeated, m_sink, nullptr),
         m_out(dxf.version, m_scale, options.hidden == HiddenBars::kDashed) {}
 
   void draw(Progress& progress) {
@@ -306,6 +307,7 @@ class Drawer {
   const DxfOptions& m_dxf;
   AngleUnit m_angles;
   ColorScheme m_colors;
+  RepeatedBars m_repeated;
   DrawingSurvey m_survey;
   double m_scale;
   Sheet m_sheet;

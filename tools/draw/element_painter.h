@@ -13,9 +13,11 @@ namespace quorvan::tool {
 
 class ElementPainter {
  public:
-  /// Draws into the sink; tells the labels, unless null, of each bar that is drawn.
-  ElementPainter(const TransferFile& file, ShapeSink& sink, MarkLabels* labels)
-      : m_sink(sink), m_labels(labels), m_reader(file), m_repeated(file) {}
+  /// Draws into the sink; tells the labels, unless null, of each bar that is drawn. What is given
+  /// lives as long as the painter.
+  ElementPainter(const TransferFile& file, RepeatedBars& repeated, ShapeSink& sink,
+                 MarkLabels* labels)
+      : m_sink(sink), m_labels(labels), m_reader(file), m_repeated(repeated) {}
 
   /// Draws an element of a known class; a hidden bar only where they are wanted.
   void draw(const Element& element);
@@ -34,7 +36,7 @@ class ElementPainter {
   ShapeSink& m_sink;
   MarkLabels* m_labels;
   ItemReader m_reader;
-  RepeatedBars m_repeated;
+  RepeatedBars& m_repeated;
   const std::vector<ItemValue>* m_items = nullptr;
   std::optional<Bar> m_own;
   const Bar* m_bar = nullptr;

@@ -36,7 +36,8 @@ class Builder {
         m_angles(options.angles ? *options.angles : guessAngleUnit(file).unit),
         m_colors(options.colors ? *options.colors : guessColorScheme(file)),
         m_language(options.language ? *options.language : guessLanguage(file)),
-        m_survey(survey(file, options, m_angles)) {
+        m_repeated(file),
+        m_survey(survey(file, options, m_angles, m_repeated)) {
     if (m_survey.hasBars && options.marks != Marks::kNone && !m_survey.contents.hints.frame &&
         !options.window) {
       m_survey.contents.around = options.scale && !options.sheet ? 0.0 : kRoomForLabels;
@@ -63,7 +64,7 @@ class Builder {
     context.lettering = letteringOf(m_survey.contents.hints, sheet);
     ShapeSink sink(context);
     MarkLabels labels(m_file, sheet, m_options.marks);
-    ElementPainter painter(m_file, sink, &labels);
+    ElementPainter painter(m_file, m_repeated, sink, &labels);
     drawElements(painter);
     labels.draw(sink);
     sink.drawLabels();
@@ -138,6 +139,7 @@ class Builder {
   AngleUnit m_angles;
   ColorScheme m_colors;
   Language m_language;
+  RepeatedBars m_repeated;
   DrawingSurvey m_survey;
   double m_overhang = 0.0;
 };

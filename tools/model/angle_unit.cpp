@@ -49,15 +49,19 @@ AngleGuess guessAngleUnit(const TransferFile& file) {
     if (element.schema == nullptr) {
       continue;
     }
-    for (const ItemValue& item : reader.read(element)) {
-      const std::string_view name = item.schema->name;
+    const auto& schemas = element.schema->items;
+    for (std::size_t i = 0; i < schemas.size(); ++i) {
+      const std::string_view name = schemas[i].name;
       const bool isHook = name == "HookAngle1" || name == "HookAngle2";
-      if ((!isHook && name != "Angle") || item.number == 0.0) {
+      if (!isHook && name != "Angle") {
         continue;
       }
-      ++guess.angles;
-      isBeyondATurn = isBeyondATurn || !(std::abs(item.number) <= kFullTurn);
-      (isHook ? hooks : texts).add(item.number);
+      const double angle = reader.readOne(element, i).number;
+      if (angle != 0.0) {
+        ++guess.angles;
+        isBeyondATurn = isBeyondATurn || !(std::abs(angle) <= kFullTurn);
+        (isHook ? hooks : texts).add(angle);
+      }
     }
   }
   const Votes& deciding = hooks.isEmpty() ? texts : hooks;

@@ -428,4 +428,10 @@ const std::vector<ItemValue>& ItemReader::read(const Element& element,
   return m_items;
 }
 
+const ItemValue& ItemReader::readOne(const Element& element, std::size_t place) {
+  m_items.resize(element.schema->items.size());
+  Reading(m_tree, element, m_values, nullptr).read(element.schema->items[place], m_items[place]);
+  return m_items[place];
+}
+
 }  // namespace quorvan::tool

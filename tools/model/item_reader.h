@@ -49,6 +49,9 @@ class ItemReader {
                                      std::vector<ItemProblem>* problems = nullptr,
                                      Strangers strangers = Strangers::kReported);
 
+  /// One item alone, by its place in the schema; valid until the next call.
+  const ItemValue& readOne(const Element& element, std::size_t place);
+
  private:
   class Reading;
 

@@ -1,5 +1,6 @@
 #include <tools/draw/dxf/dxf_file.h>
 
+#include <tools/draw/dxf/fixed_handles.h>
 #include <tools/draw/dxf/structure.h>
 
 namespace quorvan::tool {
@@ -11,7 +12,7 @@ constexpr std::size_t kPiece = 1U << 18U;
 }  // namespace
 
 DxfFile::DxfFile(DxfVersion version, double scale, bool hasDashes)
-    : m_version(version), m_layers(scale, hasDashes), m_handles(dxf_handle::kLast) {}
+    : m_version(version), m_layers(scale, hasDashes), m_handles(kLastFixedHandle) {}
 
 EntityWriter DxfFile::entities(Layer kind) {
   const auto place = static_cast<std::size_t>(kind);
@@ -19,7 +20,7 @@ EntityWriter DxfFile::entities(Layer kind) {
   if (out.bytes().size() > kPiece) {
     m_written[place].push_back(out.take());
   }
-  return {m_version, m_handles, dxf_handle::kModelSpace, out};
+  return {m_version, m_handles, record_handle::kModelSpace, out};
 }
 
 EntityWriter DxfFile::beginBlock(std::string name) {

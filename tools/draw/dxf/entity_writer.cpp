@@ -41,9 +41,7 @@ void EntityWriter::subclass(std::string_view name) {
 void EntityWriter::head(std::string_view type, const EntityLook& look) {
   m_out.text(0, type);
   if (!isR12()) {
-    m_out.handle(5, m_handles.next());
-    m_out.handle(330, m_owner);
-    m_out.text(100, "AcDbEntity");
+    m_out.identity(m_handles.next(), m_owner, "AcDbEntity");
   }
   m_out.text(8, look.layer);
   if (look.color != kByLayer) {

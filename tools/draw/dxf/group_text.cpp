@@ -1,7 +1,10 @@
 #include <tools/draw/dxf/group_text.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdlib>
 
 namespace quorvan::tool {
 
@@ -10,73 +13,127 @@ namespace {
 constexpr double kParts = 1e9;        // of a unit
 constexpr double kRatioParts = 1e12;  // of 1
 constexpr double kLargestRounded = 1e6;
+constexpr double kLargestWhole = 1e15;  // a double holds any of so many parts
 constexpr double kLargestWrittenOut = 1e15;
 
-double roundedTo(double value, double parts) {
-  return std::abs(value) < kLargestRounded ? std::nearbyint(value * parts) / parts : value;
-}
+// Collects one group: a code and a value without a line end, in `kLongest` letters at the most.
+class Line {
+ public:
+  explicit Line(int code) {
+    // Right-aligned in three columns, as programs write them.
+    constexpr int kTwoColumns = 10;
+    constexpr int kThreeColumns = 100;
+    if (code < kThreeColumns) {
+      put(' ');
+    }
+    if (code < kTwoColumns) {
+      put(' ');
+    }
+    whole(code);
+    end();
+  }
+
+  void put(char letter) { *m_end++ = letter; }
+  void whole(std::int64_t value) { m_end = std::to_chars(m_end, limit(), value).ptr; }
+  void end() {
+    put('\r');
+    put('\n');
+  }
+
+  void hexadecimal(std::uint32_t value) {
+    constexpr int kHexadecimal = 16;
+    char* const begin = m_end;
+    m_end = std::to_chars(m_end, limit(), value, kHexadecimal).ptr;
+    std::transform(begin, m_end, begin, [](char digit) {
+      return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+    });
+  }
+
+  // To one of `parts` where those can be told.
+  void decimal(double value, double parts) {
+    const double inParts = std::nearbyint(value * parts);
+    if (std::abs(value) < kLargestRounded && std::abs(inParts) < kLargestWhole) {
+      return ofParts(static_cast<std::int64_t>(inParts), static_cast<std::int64_t>(parts));
+    }
+    shortest(std::abs(value) < kLargestRounded ? inParts / parts : value);
+  }
+
+  [[nodiscard]] std::string_view bytes() const {
+    return {m_bytes, static_cast<std::size_t>(m_end - m_bytes)};
+  }
+
+ private:
+  static constexpr std::size_t kLongest = 64;
+
+  [[nodiscard]] char* limit() { return m_bytes + kLongest; }
+
+  // Always with a point, never "-0.0".
+  void ofParts(std::int64_t count, std::int64_t parts) {
+    if (count < 0) {
+      put('-');
+    }
+    const std::int64_t size = std::abs(count);
+    whole(size / parts);
+    put('.');
+    std::int64_t rest = size % parts;
+    do {
+      rest *= 10;
+      put(static_cast<char>('0' + rest / parts));
+      rest %= parts;
+    } while (rest != 0);
+  }
+
+  void shortest(double value) {
+    char* const begin = m_end;
+    const bool isLarge = std::abs(value) >= kLargestWrittenOut;
+    m_end = std::to_chars(m_end, limit(), value,
+                          isLarge ? std::chars_format::scientific : std::chars_format::fixed)
+                .ptr;
+    if (std::none_of(begin, m_end, [](char letter) { return letter == '.' || letter == 'e'; })) {
+      put('.');
+      put('0');
+    }
+  }
+
+  char m_bytes[kLongest + 4];
+  char* m_end = m_bytes;
+};
 
 }  // namespace
 
-void GroupText::code(int code) {
-  // Right-aligned in three columns, as programs write them.
-  constexpr int kTwoColumns = 10;
-  constexpr int kThreeColumns = 100;
-  m_bytes.append(code < kTwoColumns ? 2 : code < kThreeColumns ? 1 : 0, ' ');
-  char digits[8];
-  m_bytes.append(digits, std::to_chars(digits, digits + sizeof(digits), code).ptr);
-  endLine();
-}
-
 void GroupText::text(int code, std::string_view value) {
-  this->code(code);
+  m_bytes += Line(code).bytes();
   m_bytes += value;
-  endLine();
+  m_bytes += "\r\n";
 }
 
 void GroupText::integer(int code, std::int64_t value) {
-  this->code(code);
-  char digits[24];
-  m_bytes.append(digits, std::to_chars(digits, digits + sizeof(digits), value).ptr);
-  endLine();
+  Line line(code);
+  line.whole(value);
+  line.end();
+  m_bytes += line.bytes();
 }
 
 void GroupText::handle(int code, std::uint32_t value) {
-  constexpr int kHexadecimal = 16;
-  this->code(code);
-  char digits[16];
-  char* const end = std::to_chars(digits, digits + sizeof(digits), value, kHexadecimal).ptr;
-  for (const char* digit = digits; digit != end; ++digit) {
-    m_bytes += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
-  }
-  endLine();
+  Line line(code);
+  line.hexadecimal(value);
+  line.end();
+  m_bytes += line.bytes();
 }
 
 void GroupText::number(int code, double value) {
-  this->code(code);
-  decimal(roundedTo(value, kParts));
+  decimal(code, value, kParts);
 }
 
 void GroupText::ratio(int code, double value) {
-  this->code(code);
-  decimal(roundedTo(value, kRatioParts));
+  decimal(code, value, kRatioParts);
 }
 
-// Always with a point, never "-0.0".
-void GroupText::decimal(double value) {
-  const double written = value == 0.0 ? 0.0 : value;
-  const bool isLarge = std::abs(written) >= kLargestWrittenOut;
-  char digits[64];
-  char* const end =
-      std::to_chars(digits, digits + sizeof(digits), written,
-                    isLarge ? std::chars_format::scientific : std::chars_format::fixed)
-          .ptr;
-  const std::string_view text(digits, static_cast<std::size_t>(end - digits));
-  m_bytes += text;
-  if (text.find_first_of(".e") == std::string_view::npos) {
-    m_bytes += ".0";
-  }
-  endLine();
+void GroupText::decimal(int code, double value, double parts) {
+  Line line(code);
+  line.decimal(value, parts);
+  line.end();
+  m_bytes += line.bytes();
 }
 
 void GroupText::point(int code, PlanePoint value) {
@@ -89,6 +146,19 @@ void GroupText::planePoint(int code, PlanePoint value) {
   constexpr int kToY = 10;
   number(code, value.x);
   number(code + kToY, value.y);
+}
+
+void GroupText::beginSection(std::string_view name) {
+  text(0, "SECTION");
+  text(2, name);
+}
+
+void GroupText::identity(std::uint32_t handle, std::uint32_t owner, std::string_view subclass) {
+  this->handle(5, handle);
+  this->handle(330, owner);
+  if (!subclass.empty()) {
+    text(100, subclass);
+  }
 }
 
 }  // namespace quorvan::tool

@@ -29,6 +29,12 @@ class GroupText {
   /// x and y alone.
   void planePoint(int code, PlanePoint value);
 
+  void beginSection(std::string_view name);
+  void endSection() { text(0, "ENDSEC"); }
+  /// What follows the type of everything in version 2000: its handle, that of what it belongs to,
+  /// and the first of its subclasses, unless it has none.
+  void identity(std::uint32_t handle, std::uint32_t owner, std::string_view subclass);
+
   /// Groups that were made before.
   void made(std::string_view groups) { m_bytes += groups; }
 
@@ -38,9 +44,7 @@ class GroupText {
   [[nodiscard]] std::string take() noexcept { return std::exchange(m_bytes, {}); }
 
  private:
-  void code(int code);
-  void endLine() { m_bytes += "\r\n"; }
-  void decimal(double value);
+  void decimal(int code, double value, double parts);
 
   std::string m_bytes;
 };

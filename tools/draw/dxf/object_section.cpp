@@ -4,31 +4,18 @@
 #include <string_view>
 
 #include <tools/draw/dxf/entity_writer.h>
+#include <tools/draw/dxf/fixed_handles.h>
 
 namespace quorvan::tool {
 
 namespace {
-
-namespace object {
-constexpr std::uint32_t kRoot = 0x25;
-constexpr std::uint32_t kGroups = 0x26;
-constexpr std::uint32_t kLayouts = 0x27;
-constexpr std::uint32_t kLineStyles = 0x28;
-constexpr std::uint32_t kPlotSettings = 0x29;
-constexpr std::uint32_t kPlotStyles = 0x2A;
-constexpr std::uint32_t kLineStyle = 0x2E;
-}  // namespace object
 
 constexpr PlanePoint kUsualSheet{420.0, 297.0};
 
 void beginObject(std::string_view type, std::uint32_t handle, std::uint32_t owner,
                  std::string_view subclass, GroupText& out) {
   out.text(0, type);
-  out.handle(5, handle);
-  out.handle(330, owner);
-  if (!subclass.empty()) {
-    out.text(100, subclass);
-  }
+  out.identity(handle, owner, subclass);
 }
 
 struct DictionaryEntry {
@@ -49,7 +36,7 @@ void writeDictionary(std::string_view type, std::uint32_t handle, std::uint32_t 
 void writeLayout(std::string_view name, std::uint32_t handle, int order, std::uint32_t space,
                  const SheetBox& extents, GroupText& out) {
   constexpr int kModelType = 1024;
-  beginObject("LAYOUT", handle, object::kLayouts, "AcDbPlotSettings", out);
+  beginObject("LAYOUT", handle, object_handle::kLayouts, "AcDbPlotSettings", out);
   for (const int code : {1, 2, 4, 6}) {
     out.text(code, "");
   }
@@ -90,7 +77,8 @@ void writeLayout(std::string_view name, std::uint32_t handle, int order, std::ui
 }
 
 void writeLineStyle(GroupText& out) {
-  beginObject("MLINESTYLE", object::kLineStyle, object::kLineStyles, "AcDbMlineStyle", out);
+  beginObject("MLINESTYLE", object_handle::kLineStyle, object_handle::kLineStyles, "AcDbMlineStyle",
+              out);
   out.text(2, "STANDARD");
   out.integer(70, 0);
   out.text(3, "");
@@ -111,8 +99,7 @@ void writeClasses(GroupText& out) {
   constexpr std::string_view kClasses[][2] = {{"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
                                               {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
                                               {"LAYOUT", "AcDbLayout"}};
-  out.text(0, "SECTION");
-  out.text(2, "CLASSES");
+  out.beginSection("CLASSES");
   for (const auto& [name, cppName] : kClasses) {
     out.text(0, "CLASS");
     out.text(1, name);
@@ -122,36 +109,36 @@ void writeClasses(GroupText& out) {
     out.integer(280, 0);
     out.integer(281, 0);
   }
-  out.text(0, "ENDSEC");
+  out.endSection();
 }
 
 void writeObjects(const SheetBox& extents, GroupText& out) {
-  out.text(0, "SECTION");
-  out.text(2, "OBJECTS");
-  writeDictionary("DICTIONARY", object::kRoot, 0,
-                  {{"ACAD_GROUP", object::kGroups},
-                   {"ACAD_LAYOUT", object::kLayouts},
-                   {"ACAD_MLINESTYLE", object::kLineStyles},
-                   {"ACAD_PLOTSETTINGS", object::kPlotSettings},
-                   {"ACAD_PLOTSTYLENAME", object::kPlotStyles}},
+  out.beginSection("OBJECTS");
+  writeDictionary("DICTIONARY", object_handle::kRoot, 0,
+                  {{"ACAD_GROUP", object_handle::kGroups},
+                   {"ACAD_LAYOUT", object_handle::kLayouts},
+                   {"ACAD_MLINESTYLE", object_handle::kLineStyles},
+                   {"ACAD_PLOTSETTINGS", object_handle::kPlotSettings},
+                   {"ACAD_PLOTSTYLENAME", object_handle::kPlotStyles}},
                   out);
-  writeDictionary("DICTIONARY", object::kGroups, object::kRoot, {}, out);
-  writeDictionary("DICTIONARY", object::kLayouts, object::kRoot,
-                  {{"Model", dxf_handle::kModelLayout}, {"Layout1", dxf_handle::kPaperLayout}},
-                  out);
-  writeDictionary("DICTIONARY", object::kLineStyles, object::kRoot,
-                  {{"Standard", object::kLineStyle}}, out);
-  writeDictionary("DICTIONARY", object::kPlotSettings, object::kRoot, {}, out);
-  writeDictionary("ACDBDICTIONARYWDFLT", object::kPlotStyles, object::kRoot,
-                  {{"Normal", dxf_handle::kNormalPlotStyle}}, out);
+  writeDictionary("DICTIONARY", object_handle::kGroups, object_handle::kRoot, {}, out);
+  writeDictionary(
+      "DICTIONARY", object_handle::kLayouts, object_handle::kRoot,
+      {{"Model", object_handle::kModelLayout}, {"Layout1", object_handle::kPaperLayout}}, out);
+  writeDictionary("DICTIONARY", object_handle::kLineStyles, object_handle::kRoot,
+                  {{"Standard", object_handle::kLineStyle}}, out);
+  writeDictionary("DICTIONARY", object_handle::kPlotSettings, object_handle::kRoot, {}, out);
+  writeDictionary("ACDBDICTIONARYWDFLT", object_handle::kPlotStyles, object_handle::kRoot,
+                  {{"Normal", object_handle::kNormalPlotStyle}}, out);
   out.text(100, "AcDbDictionaryWithDefault");
-  out.handle(340, dxf_handle::kNormalPlotStyle);
-  beginObject("ACDBPLACEHOLDER", dxf_handle::kNormalPlotStyle, object::kPlotStyles, "", out);
-  writeLayout("Model", dxf_handle::kModelLayout, 0, dxf_handle::kModelSpace, extents, out);
-  writeLayout("Layout1", dxf_handle::kPaperLayout, 1, dxf_handle::kPaperSpace, {{}, kUsualSheet},
+  out.handle(340, object_handle::kNormalPlotStyle);
+  beginObject("ACDBPLACEHOLDER", object_handle::kNormalPlotStyle, object_handle::kPlotStyles, "",
               out);
+  writeLayout("Model", object_handle::kModelLayout, 0, record_handle::kModelSpace, extents, out);
+  writeLayout("Layout1", object_handle::kPaperLayout, 1, record_handle::kPaperSpace,
+              {{}, kUsualSheet}, out);
   writeLineStyle(out);
-  out.text(0, "ENDSEC");
+  out.endSection();
 }
 
 }  // namespace quorvan::tool

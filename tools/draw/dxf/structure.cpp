@@ -3,41 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include <tools/draw/dxf/fixed_handles.h>
 #include <tools/draw/dxf/object_section.h>
 
 namespace quorvan::tool {
 
 namespace {
-
-// The tables, by the handles that their records name as their owner.
-namespace table {
-constexpr std::uint32_t kViewports = 0x1;
-constexpr std::uint32_t kLineTypes = 0x2;
-constexpr std::uint32_t kLayers = 0x3;
-constexpr std::uint32_t kStyles = 0x4;
-constexpr std::uint32_t kViews = 0x5;
-constexpr std::uint32_t kCoordinateSystems = 0x6;
-constexpr std::uint32_t kApplications = 0x7;
-constexpr std::uint32_t kDimensionStyles = 0x8;
-constexpr std::uint32_t kBlockRecords = 0x9;
-}  // namespace table
-
-namespace record {
-constexpr std::uint32_t kViewport = 0x10;
-constexpr std::uint32_t kByBlock = 0x11;
-constexpr std::uint32_t kByLayer = 0x12;
-constexpr std::uint32_t kContinuous = 0x13;
-constexpr std::uint32_t kDashed = 0x14;
-constexpr std::uint32_t kLayerZero = 0x15;
-constexpr std::uint32_t kStyle = 0x16;
-constexpr std::uint32_t kHostApplication = 0x17;
-constexpr std::uint32_t kOurApplication = 0x18;
-constexpr std::uint32_t kDimensionStyle = 0x19;
-constexpr std::uint32_t kModelBegin = 0x20;
-constexpr std::uint32_t kModelEnd = 0x21;
-constexpr std::uint32_t kPaperBegin = 0x23;
-constexpr std::uint32_t kPaperEnd = 0x24;
-}  // namespace record
 
 // A dash and a gap, in mm of paper.
 constexpr double kDashLength = 1.6;
@@ -57,15 +28,6 @@ void variable(std::string_view name, GroupText& out) {
   out.text(9, name);
 }
 
-void beginSection(std::string_view name, GroupText& out) {
-  out.text(0, "SECTION");
-  out.text(2, name);
-}
-
-void endSection(GroupText& out) {
-  out.text(0, "ENDSEC");
-}
-
 void endTable(GroupText& out) {
   out.text(0, "ENDTAB");
 }
@@ -80,13 +42,13 @@ GroupText DxfStructure::beforeEntities() const {
   }
   writeTables(out);
   writeBlocks(out);
-  beginSection("ENTITIES", out);
+  out.beginSection("ENTITIES");
   return out;
 }
 
 GroupText DxfStructure::afterEntities() const {
   GroupText out;
-  endSection(out);
+  out.endSection();
   if (!isR12()) {
     writeObjects(m_header.extents, out);
   }
@@ -107,7 +69,7 @@ void DxfStructure::writeHeader(GroupText& out) const {
     variable(name, out);
     out.text(code, value);
   };
-  beginSection("HEADER", out);
+  out.beginSection("HEADER");
   text("$ACADVER", 1, isR12() ? "AC1009" : "AC1015");
   text("$DWGCODEPAGE", 3, "ANSI_1252");
   variable("$INSBASE", out);
@@ -137,25 +99,25 @@ void DxfStructure::writeHeader(GroupText& out) const {
     variable("$HANDSEED", out);
     out.handle(5, m_firstLayer + static_cast<std::uint32_t>(m_layers.layers().size()));
   }
-  endSection(out);
+  out.endSection();
 }
 
 void DxfStructure::writeTables(GroupText& out) const {
-  beginSection("TABLES", out);
+  out.beginSection("TABLES");
   writeViewport(out);
   writeLineTypes(out);
   writeLayers(out);
   writeTextStyle(out);
-  beginTable("VIEW", table::kViews, 0, out);
+  beginTable("VIEW", table_handle::kViews, 0, out);
   endTable(out);
-  beginTable("UCS", table::kCoordinateSystems, 0, out);
+  beginTable("UCS", table_handle::kCoordinateSystems, 0, out);
   endTable(out);
   writeApplications(out);
   if (!isR12()) {
     writeDimensionStyle(out);
     writeBlockRecords(out);
   }
-  endSection(out);
+  out.endSection();
 }
 
 void DxfStructure::beginTable(std::string_view name, std::uint32_t handle, std::size_t count,
@@ -163,9 +125,7 @@ void DxfStructure::beginTable(std::string_view name, std::uint32_t handle, std::
   out.text(0, "TABLE");
   out.text(2, name);
   if (!isR12()) {
-    out.handle(5, handle);
-    out.handle(330, 0);
-    out.text(100, "AcDbSymbolTable");
+    out.identity(handle, 0, "AcDbSymbolTable");
   }
   out.integer(70, static_cast<std::int64_t>(count));
 }
@@ -177,7 +137,7 @@ void DxfStructure::beginRecord(std::string_view type, std::uint32_t handle, std:
   constexpr int kHandleOfDimensionStyle = 105;
   out.text(0, type);
   if (!isR12()) {
-    out.handle(table == table::kDimensionStyles ? kHandleOfDimensionStyle : kHandle, handle);
+    out.handle(table == table_handle::kDimensionStyles ? kHandleOfDimensionStyle : kHandle, handle);
     out.handle(330, table);
     out.text(100, "AcDbSymbolTableRecord");
     out.text(100, subclass);
@@ -189,9 +149,9 @@ void DxfStructure::writeViewport(GroupText& out) const {
   const SheetBox& view = m_header.view;
   const double height =
       std::max({view.height(), view.width() / kAspect, m_header.lettering}) * kAroundView;
-  beginTable("VPORT", table::kViewports, 1, out);
-  beginRecord("VPORT", record::kViewport, table::kViewports, "AcDbViewportTableRecord", "*ACTIVE",
-              out);
+  beginTable("VPORT", table_handle::kViewports, 1, out);
+  beginRecord("VPORT", record_handle::kViewport, table_handle::kViewports,
+              "AcDbViewportTableRecord", "*ACTIVE", out);
   out.integer(70, 0);
   out.planePoint(10, {});
   out.planePoint(11, {1.0, 1.0});
@@ -222,20 +182,20 @@ void DxfStructure::writeViewport(GroupText& out) const {
 void DxfStructure::writeLineTypes(GroupText& out) const {
   constexpr std::string_view kSubclass = "AcDbLinetypeTableRecord";
   const auto plain = [&](std::uint32_t handle, std::string_view name, std::string_view text) {
-    beginRecord("LTYPE", handle, table::kLineTypes, kSubclass, name, out);
+    beginRecord("LTYPE", handle, table_handle::kLineTypes, kSubclass, name, out);
     out.integer(70, 0);
     out.text(3, text);
     out.integer(72, 65);
     out.integer(73, 0);
     out.number(40, 0.0);
   };
-  beginTable("LTYPE", table::kLineTypes, isR12() ? 2 : 4, out);
+  beginTable("LTYPE", table_handle::kLineTypes, isR12() ? 2 : 4, out);
   if (!isR12()) {
-    plain(record::kByBlock, "BYBLOCK", "");
-    plain(record::kByLayer, "BYLAYER", "");
+    plain(record_handle::kByBlock, "BYBLOCK", "");
+    plain(record_handle::kByLayer, "BYLAYER", "");
   }
-  plain(record::kContinuous, "CONTINUOUS", "Solid line");
-  beginRecord("LTYPE", record::kDashed, table::kLineTypes, kSubclass, "DASHED", out);
+  plain(record_handle::kContinuous, "CONTINUOUS", "Solid line");
+  beginRecord("LTYPE", record_handle::kDashed, table_handle::kLineTypes, kSubclass, "DASHED", out);
   out.integer(70, 0);
   out.text(3, "__ __ __ __ __ __ __ __");
   out.integer(72, 65);
@@ -252,18 +212,18 @@ void DxfStructure::writeLineTypes(GroupText& out) const {
 
 void DxfStructure::writeLayers(GroupText& out) const {
   const auto layer = [&](const DxfLayer& one, std::uint32_t handle) {
-    beginRecord("LAYER", handle, table::kLayers, "AcDbLayerTableRecord", one.name, out);
+    beginRecord("LAYER", handle, table_handle::kLayers, "AcDbLayerTableRecord", one.name, out);
     out.integer(70, 0);
     out.integer(62, one.color);
     out.text(6, one.isDashed ? "DASHED" : "CONTINUOUS");
     if (!isR12()) {
       out.integer(370, one.weight);
-      out.handle(390, dxf_handle::kNormalPlotStyle);
+      out.handle(390, object_handle::kNormalPlotStyle);
     }
   };
   constexpr int kDefaultWeight = -3;
-  beginTable("LAYER", table::kLayers, m_layers.layers().size() + 1, out);
-  layer({"0", 7, kDefaultWeight, false}, record::kLayerZero);
+  beginTable("LAYER", table_handle::kLayers, m_layers.layers().size() + 1, out);
+  layer({"0", 7, kDefaultWeight, false}, record_handle::kLayerZero);
   std::uint32_t handle = m_firstLayer;
   for (const auto& [name, one] : m_layers.layers()) {
     layer(one, handle++);
@@ -273,8 +233,9 @@ void DxfStructure::writeLayers(GroupText& out) const {
 
 // R12 knows the shape fonts alone.
 void DxfStructure::writeTextStyle(GroupText& out) const {
-  beginTable("STYLE", table::kStyles, 1, out);
-  beginRecord("STYLE", record::kStyle, table::kStyles, "AcDbTextStyleTableRecord", "STANDARD", out);
+  beginTable("STYLE", table_handle::kStyles, 1, out);
+  beginRecord("STYLE", record_handle::kStyle, table_handle::kStyles, "AcDbTextStyleTableRecord",
+              "STANDARD", out);
   out.integer(70, 0);
   out.number(40, 0.0);
   out.number(41, 1.0);
@@ -288,34 +249,35 @@ void DxfStructure::writeTextStyle(GroupText& out) const {
 
 void DxfStructure::writeApplications(GroupText& out) const {
   constexpr std::string_view kSubclass = "AcDbRegAppTableRecord";
-  beginTable("APPID", table::kApplications, 2, out);
-  beginRecord("APPID", record::kHostApplication, table::kApplications, kSubclass, "ACAD", out);
+  beginTable("APPID", table_handle::kApplications, 2, out);
+  beginRecord("APPID", record_handle::kHostApplication, table_handle::kApplications, kSubclass,
+              "ACAD", out);
   out.integer(70, 0);
-  beginRecord("APPID", record::kOurApplication, table::kApplications, kSubclass, kApplicationName,
-              out);
+  beginRecord("APPID", record_handle::kOurApplication, table_handle::kApplications, kSubclass,
+              kApplicationName, out);
   out.integer(70, 0);
   endTable(out);
 }
 
 void DxfStructure::writeDimensionStyle(GroupText& out) const {
-  beginTable("DIMSTYLE", table::kDimensionStyles, 1, out);
+  beginTable("DIMSTYLE", table_handle::kDimensionStyles, 1, out);
   out.text(100, "AcDbDimStyleTable");
-  beginRecord("DIMSTYLE", record::kDimensionStyle, table::kDimensionStyles,
+  beginRecord("DIMSTYLE", record_handle::kDimensionStyle, table_handle::kDimensionStyles,
               "AcDbDimStyleTableRecord", "STANDARD", out);
   out.integer(70, 0);
-  out.handle(340, record::kStyle);
+  out.handle(340, record_handle::kStyle);
   endTable(out);
 }
 
 void DxfStructure::writeBlockRecords(GroupText& out) const {
   constexpr std::string_view kSubclass = "AcDbBlockTableRecord";
-  beginTable("BLOCK_RECORD", table::kBlockRecords, m_blocks.size() + 2, out);
+  beginTable("BLOCK_RECORD", table_handle::kBlockRecords, m_blocks.size() + 2, out);
   const auto one = [&](std::uint32_t handle, std::string_view name, std::uint32_t layout) {
-    beginRecord("BLOCK_RECORD", handle, table::kBlockRecords, kSubclass, name, out);
+    beginRecord("BLOCK_RECORD", handle, table_handle::kBlockRecords, kSubclass, name, out);
     out.handle(340, layout);
   };
-  one(dxf_handle::kModelSpace, "*MODEL_SPACE", dxf_handle::kModelLayout);
-  one(dxf_handle::kPaperSpace, "*PAPER_SPACE", dxf_handle::kPaperLayout);
+  one(record_handle::kModelSpace, "*MODEL_SPACE", object_handle::kModelLayout);
+  one(record_handle::kPaperSpace, "*PAPER_SPACE", object_handle::kPaperLayout);
   for (const DxfBlock& block : m_blocks) {
     one(block.record, block.name, 0);
   }
@@ -323,26 +285,32 @@ void DxfStructure::writeBlockRecords(GroupText& out) const {
 }
 
 void DxfStructure::writeBlocks(GroupText& out) const {
-  beginSection("BLOCKS", out);
+  out.beginSection("BLOCKS");
   if (!isR12()) {
-    writeBlock(
-        {"*MODEL_SPACE", dxf_handle::kModelSpace, record::kModelBegin, record::kModelEnd, {}}, out);
-    writeBlock(
-        {"*PAPER_SPACE", dxf_handle::kPaperSpace, record::kPaperBegin, record::kPaperEnd, {}}, out);
+    writeBlock({"*MODEL_SPACE",
+                record_handle::kModelSpace,
+                record_handle::kModelBegin,
+                record_handle::kModelEnd,
+                {}},
+               out);
+    writeBlock({"*PAPER_SPACE",
+                record_handle::kPaperSpace,
+                record_handle::kPaperBegin,
+                record_handle::kPaperEnd,
+                {}},
+               out);
   }
   for (const DxfBlock& block : m_blocks) {
     writeBlock(block, out);
   }
-  endSection(out);
+  out.endSection();
 }
 
 void DxfStructure::writeBlock(const DxfBlock& block, GroupText& out) const {
   const auto head = [&](std::string_view type, std::uint32_t handle, std::string_view subclass) {
     out.text(0, type);
     if (!isR12()) {
-      out.handle(5, handle);
-      out.handle(330, block.record);
-      out.text(100, "AcDbEntity");
+      out.identity(handle, block.record, "AcDbEntity");
     }
     out.text(8, "0");
     if (!isR12()) {

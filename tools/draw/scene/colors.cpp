@@ -63,8 +63,10 @@ ColorScheme guessColorScheme(const TransferFile& file) {
     if (element.schema == nullptr) {
       continue;
     }
-    for (const ItemValue& item : reader.read(element)) {
-      if (item.schema->kind == items::Kind::kColor && item.integer > kLastIndex) {
+    const auto& schemas = element.schema->items;
+    for (std::size_t i = 0; i < schemas.size(); ++i) {
+      if (schemas[i].kind == items::Kind::kColor &&
+          reader.readOne(element, i).integer > kLastIndex) {
         return ColorScheme::kBgr;
       }
     }

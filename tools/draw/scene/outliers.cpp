@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 namespace quorvan::tool {
 
@@ -45,9 +46,12 @@ bool isFew(std::size_t count, std::size_t all) {
 SheetBox coreOf(Boxes boxes, bool isX) {
   const auto few = static_cast<std::ptrdiff_t>(
       boxes.size() < kLeastToJudge ? 0 : std::max<std::size_t>(1, boxes.size() / kFew));
-  std::ranges::stable_sort(boxes, {}, [isX](const ElementBox& one) {
-    return isX ? one.box.center().x : one.box.center().y;
-  });
+  const auto place = [isX](const ElementBox& one) {
+    const PlanePoint center = one.box.center();
+    return std::pair(isX ? center.x : center.y, one.element);
+  };
+  std::ranges::nth_element(boxes, boxes.begin() + few, {}, place);
+  std::ranges::nth_element(boxes.begin() + few, boxes.end() - few, boxes.end(), {}, place);
   return unionOf(boxes.begin() + few, boxes.end() - few);
 }
 
@@ -83,6 +87,19 @@ bool trimAlong(Boxes& boxes, bool isX) {
   return false;
 }
 
+// As large as most are at the most.
+double usualSize(const Boxes& boxes) {
+  std::vector<double> sizes;
+  sizes.reserve(boxes.size());
+  for (const ElementBox& one : boxes) {
+    sizes.push_back(sizeOf(one.box));
+  }
+  const auto usual = sizes.begin() + static_cast<std::ptrdiff_t>(
+                                         kUsualShare * static_cast<double>(boxes.size() - 1));
+  std::ranges::nth_element(sizes, usual);
+  return *usual;
+}
+
 }  // namespace
 
 Belonging belongsTogether(Boxes boxes) {
@@ -96,13 +113,13 @@ Belonging belongsTogether(Boxes boxes) {
     return result;
   }
   // What is far too large is set aside until it is known what the others are.
-  std::ranges::stable_sort(boxes, {}, [](const ElementBox& one) { return sizeOf(one.box); });
-  const auto usual = static_cast<std::size_t>(kUsualShare * static_cast<double>(boxes.size() - 1));
-  const double limit = kMuchLarger * sizeOf(boxes[usual].box);
-  const auto large = std::ranges::find_if(
-      boxes, [&](const ElementBox& one) { return limit > 0.0 && sizeOf(one.box) > limit; });
+  const double limit = kMuchLarger * usualSize(boxes);
+  const auto large = std::stable_partition(boxes.begin(), boxes.end(), [&](const ElementBox& one) {
+    return limit == 0.0 || sizeOf(one.box) <= limit;
+  });
   Boxes aside(large, boxes.end());
   boxes.erase(large, boxes.end());
+  std::ranges::stable_sort(aside, {}, [](const ElementBox& one) { return sizeOf(one.box); });
   const bool canJudge = boxes.size() + 1 >= kLeastToJudge;
   for (int i = 0; i < kMostCuts && (trimAlong(boxes, true) || trimAlong(boxes, false)); ++i) {}
   result.box = unionOf(boxes.begin(), boxes.end());

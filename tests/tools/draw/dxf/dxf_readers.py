@@ -327,7 +327,7 @@ def bars_of_series(document, entities):
     return bars
 
 
-def check_series(element, entities, document, bar, is_square):
+def check_series(element, entities, document, bar, is_random):
     tops, bottoms, steps = (element[name] for name in ("AxisDistancesTop", "AxisDistancesBottom", "Positions"))
     if len(steps) + 1 != len(tops):
         return ensure(not entities, element)
@@ -335,15 +335,37 @@ def check_series(element, entities, document, bar, is_square):
     ensure(len(bars) == len(tops), element, len(bars))
     ensure(all(near(width, bar["Diameter"]) for _, _, width in bars), element)
     ensure(sum(one.dxftype() == "LINE" for one in entities) >= len(bars), "a stroke at each bar of", element)
-    if is_square:
+    if is_random:
         along = 0 if element["Axis"][0] else 1
-        at = element["Point1"][along]
+        lean = leaning(element, bar, along)
+        # The first bar crosses the line at its beginning; from there the steps are those of the bars' first points.
+        at = element["Point1"][along] + lean * (bars[0][0][1 - along] - element["Point1"][1 - along])
         for i, (start, end, _) in enumerate(bars):
             at += steps[i - 1] if i else 0
-            ensure(near(start[along], at, 1e-5) and near(end[along], at, 1e-5), element, start)
-            length = math.dist(start, end)
-            ensure(near(length, abs(tops[i] - bottoms[i]), 1e-5), element, length)
+            ensure(near(start[along], at, 1e-5), element, start)
+            ensure(near(end[along] - start[along], lean * (end[1 - along] - start[1 - along]), 1e-5), element, end)
+            length = abs(tops[i] - bottoms[i])
+            ensure(near(abs(end[1 - along] - start[1 - along]), length, 1e-5), element, length)
     return None
+
+
+def leaning(element, bar, along):
+    """How far the bars of a series go along its line for each unit across it. Where they are not all at one distance,
+    the last one crosses the line at its end; else they lie as the bar that it repeats, where that is straight and, at
+    its angle, as long; else square to the line."""
+    tops, bottoms = element["AxisDistancesTop"], element["AxisDistancesBottom"]
+    if tops[0] != tops[-1]:
+        left = 1 if along == 0 else -1
+        way = element["Point2"][along] - element["Point1"][along] - sum(element["Positions"])
+        return way / (left * (tops[0] - tops[-1]))
+    if bar["class"] not in ("CKtZantoPin", "CKtZantoStraightBar"):
+        return 0
+    way = [b - a for a, b in zip(bar["Point1"], bar["Point2"])]
+    length = math.hypot(*way)
+    lean = way[along] / way[1 - along] if way[1 - along] else math.inf
+    is_so_long = any(abs(abs(top - bottom) * math.hypot(1, lean) - length) <= 0.02 * length
+                     for top, bottom in zip(tops, bottoms))
+    return lean if is_so_long else 0
 
 
 CHECKS = {"CKtZantoLine": check_line, "CKtZantoCircle": check_circle, "CKtZantoText": check_text,
@@ -406,15 +428,58 @@ SAID_OR_NOT = {(70, 0), (71, 0), (50, 0.0), (72, 0), (73, 0), (41, 1.0), (62, 25
                (38, 0.0), (75, 0), (73, 1), (100, "ACDBENTITY"), (7, "STANDARD"), (66, 1), (10, 0.0), (20, 0.0)}
 
 
+def made_anew(layout, entity):
+    """The same entity as the reader makes one itself, from its places and measures."""
+    dxf = entity.dxf
+    kind = entity.dxftype()
+    look = {name: dxf.get(name) for name in ("layer", "color") if dxf.hasattr(name)}
+    if kind == "LINE":
+        made = layout.add_line(dxf.start, dxf.end, dxfattribs=look)
+    elif kind == "POINT":
+        made = layout.add_point(dxf.location, dxfattribs=look)
+    elif kind == "CIRCLE":
+        made = layout.add_circle(dxf.center, dxf.radius, dxfattribs=look)
+    elif kind == "ARC":
+        made = layout.add_arc(dxf.center, dxf.radius, dxf.start_angle, dxf.end_angle, dxfattribs=look)
+    elif kind == "TEXT":
+        places = {name: dxf.get(name) for name in ("insert", "halign", "valign", "align_point", "rotation")
+                  if dxf.hasattr(name)}
+        made = layout.add_text(dxf.text, dxfattribs={"height": dxf.height, **places, **look})
+    elif kind == "SOLID":
+        made = layout.add_solid([dxf.vtx0, dxf.vtx1, dxf.vtx2, dxf.vtx3], dxfattribs=look)
+        made.dxf.vtx2, made.dxf.vtx3 = dxf.vtx2, dxf.vtx3
+    elif kind == "INSERT":
+        made = layout.add_blockref(dxf.name, dxf.insert, dxfattribs=look)
+    elif kind == "LWPOLYLINE":
+        corners, is_closed, width = vertices(entity)
+        made = layout.add_lwpolyline(corners, "xyb", close=is_closed, dxfattribs={"const_width": width, **look})
+    elif kind == "POLYLINE":
+        corners, is_closed, width = vertices(entity)
+        made = layout.add_polyline2d(corners, format="xyb", close=is_closed, dxfattribs=look)
+        if width:
+            made.dxf.default_start_width = made.dxf.default_end_width = width
+    else:
+        (path,) = entity.paths
+        made = layout.add_hatch(dxfattribs=look)
+        made.paths.add_polyline_path(path.vertices, is_closed=True, flags=3)
+        # It matters for outlines within outlines alone.
+        made.set_solid_fill(dxf.get("color", 256), style=dxf.hatch_style)
+        made.set_seed_points(entity.seeds)
+    made.set_xdata("QUORVAN", entity.get_xdata("QUORVAN"))
+    return made
+
+
 def compare_structure(document, picture):
-    """Every entity as the reader writes it again has the same groups."""
+    """Every entity has the same groups as one that the reader makes itself."""
+    import ezdxf
     from ezdxf.lldxf.tagwriter import TagCollector
+    layout = ezdxf.new(document.dxfversion).modelspace()
     ours = [one for one in entities_of(raw_groups(picture)) if one[0][1] not in ("VERTEX", "SEQEND")]
     theirs = list(document.modelspace())
     ensure(len(ours) == len(theirs), len(ours), len(theirs))
     for mine, entity in zip(ours, theirs):
         collector = TagCollector(dxfversion=document.dxfversion, optional=False)
-        entity.export_dxf(collector)
+        made_anew(layout, entity).export_dxf(collector)
         again = []
         for tag in collector.tags:
             if tag.code == 0 and again:
@@ -616,13 +681,18 @@ def compare_parsed(mine, other):
 
 # What is drawn alike on paper and in CAD programs: without letters, whose fonts differ.
 LAID_OVER = ("--layers", "fills,formwork,lines,circles,links,bars,end-on")
-WIDE = 2000  # pixels
-ASTRAY = 4  # pixels: half of what the program of the other picture may draw wider
+# The program of the other picture draws bars without their width, and fine lines faintly. The drawings made by chance
+# are therefore laid over each other by their frame, at a scale at which the widest pen of ours covers four pixels, and
+# the weights of layers, which it does draw, are no wider.
+WIDE = 4000  # pixels
+WIDE_EXAMPLE = 2000
+SMALL = ("--scale", "100")
+ASTRAY = 4  # pixels: half of that pen, and one for the rounding of each picture
 MOST_ASTRAY = 0.002
 
 
-def ink_of(pdf):
-    """Where a PDF has ink, as a picture of that width around it."""
+def inked(pdf):
+    """What a PDF shows, cut off around its ink."""
     import numpy
     from PIL import Image
     run("pdftoppm", "-r", "400", "-gray", "-singlefile", "-scale-to-x", "5000", "-scale-to-y", "-1", pdf,
@@ -630,9 +700,7 @@ def ink_of(pdf):
     Image.MAX_IMAGE_PIXELS = None
     gray = numpy.asarray(Image.open(pdf.with_suffix(".pgm")))
     rows, columns = (numpy.flatnonzero((gray < 250).any(axis=axis)) for axis in (1, 0))
-    inside = Image.fromarray(gray[rows[0]:rows[-1] + 1, columns[0]:columns[-1] + 1])
-    size = (WIDE, round(WIDE * inside.size[1] / inside.size[0]))
-    return numpy.asarray(inside.resize(size, Image.BOX)) < 235
+    return Image.fromarray(gray[rows[0]:rows[-1] + 1, columns[0]:columns[-1] + 1])
 
 
 def grown(ink):
@@ -645,6 +713,19 @@ def grown(ink):
     return result
 
 
+def astray(picture, mine, other, width):
+    """How much of the one's ink lies away from the other's, and the other way round."""
+    import numpy
+    from PIL import Image
+    shapes = [one.size[1] / one.size[0] for one in (mine, other)]
+    ensure(abs(shapes[0] - shapes[1]) <= 0.004, "proportions of", picture, shapes)
+    size = (width, round(width * shapes[0]))
+    # The program fills its page to the edge, and what lies there is half cut off.
+    inside = (slice(2 * ASTRAY, -2 * ASTRAY),) * 2
+    mine, other = (numpy.asarray(one.resize(size, Image.BOX))[inside] < 235 for one in (mine, other))
+    return (other & ~grown(mine)).sum() / other.sum(), (mine & ~grown(other)).sum() / mine.sum()
+
+
 def check_librecad(shop):
     """Its PDF of our DXF, laid over our own PDF."""
     need("librecad")
@@ -653,22 +734,16 @@ def check_librecad(shop):
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(shop.folder.resolve()))
     for file in shop.files:
         own = file.with_suffix(".pdf")
+        scale, width = ((), WIDE_EXAMPLE) if file in shop.examples else (SMALL, WIDE)
         run(shop.program, "draw", file, "-o", own, *LAID_OVER, "--title", "none", "--marks", "none", "--angles", "deg",
-            "--window", "all", "--hidden", "solid")
-        ours = ink_of(own)
+            "--window", "all", "--hidden", "solid", *scale)
+        ours = inked(own)
         for version in VERSIONS:
             picture = file.with_name(f"{file.stem}-{version}.dxf")
             run(shop.program, "draw", file, "-o", picture, *LAID_OVER, "--dxf", version, "--angles", "deg", "--hidden",
-                "solid")
-            run("librecad", "dxf2pdf", "-a", "-k", picture.name, cwd=shop.folder, env=environment)
-            theirs = ink_of(picture.with_suffix(".pdf"))
-            ensure(abs(theirs.shape[0] - ours.shape[0]) <= 0.004 * WIDE, "proportions of", picture, theirs.shape, ours.shape)
-            height = min(ours.shape[0], theirs.shape[0])
-            # The program fills its page to the edge, and what lies there is half cut off.
-            inside = (slice(2 * ASTRAY, height - 2 * ASTRAY), slice(2 * ASTRAY, -2 * ASTRAY))
-            mine, other = ours[inside], theirs[inside]
-            beyond = (other & ~grown(mine)).sum() / other.sum()
-            missing = (mine & ~grown(other)).sum() / mine.sum()
+                "solid", *scale)
+            run("librecad", "dxf2pdf", "-a", "-m", picture.name, cwd=shop.folder, env=environment)
+            beyond, missing = astray(picture, ours, inked(picture.with_suffix(".pdf")), width)
             print(f"{picture.name}: {beyond:.3%} of the ink beyond, {missing:.3%} missing")
             ensure(beyond <= MOST_ASTRAY and missing <= MOST_ASTRAY, picture)
 

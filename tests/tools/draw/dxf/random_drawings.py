@@ -116,26 +116,53 @@ def reinforcement(chance, place):
     return {"class": "CKtZantoStirrup", "Point1": place, "Point2": second, **hooks(chance, "1"), **common}
 
 
+def leaning(chance, bar, is_along_x):
+    """How far a straight bar goes along x, or y, for each unit across it; None for one that is not straight, or flat."""
+    if bar["class"] not in ("CKtZantoPin", "CKtZantoStraightBar") or chance.random() < 0.4:
+        return None
+    x, y = (bar["Point2"][i] - bar["Point1"][i] for i in (0, 1))
+    along, across = (x, y) if is_along_x else (y, x)
+    return along / across if abs(along) < 3 * abs(across) else None
+
+
 def series(chance, place, bar, index):
-    """A repartition of a bar that is in the drawing, along x or y, of bars square to that."""
+    """A repartition of a bar that is in the drawing, along x or y: of bars square to that, or like the bar, or each of
+    a length of its own and at an angle that the drawing says by where the last one crosses the line."""
     count = chance.randrange(2, 12)
     step = round(chance.uniform(50, 300), 1)
     steps = [step if chance.random() < 0.8 else 2 * step for _ in range(count - 1)]
     reach = round(chance.uniform(100, 2000), 1)
     way = sum(steps)
     is_along_x = chance.random() < 0.5
+    tops = [reach] * count
+    bottoms = [-reach] * count
+    lean = leaning(chance, bar, is_along_x)
+    if lean is not None and chance.random() < 0.5:
+        length = math.dist(bar["Point1"], bar["Point2"])
+        tops = [round(length / math.hypot(1, lean) - reach, 4)] * count
+    elif lean is not None:
+        tops = [reach + 50 * i for i in range(count)]
+        bottoms = [-round(chance.uniform(100, 2000), 1) for _ in range(count)]
+        # Distances are positive to the left of the line.
+        way += lean * (tops[0] - tops[-1]) * (1 if is_along_x else -1)
     end = [place[0] + way, place[1], 0] if is_along_x else [place[0], place[1] + way, 0]
     return {"class": "CKtZantoRepartition", "Point1": place, "Point2": end, "Bulge": [0, 0, 0], "ViewPoint": 2,
-            "Axis": [1, 0, 0] if is_along_x else [0, 1, 0], "AxisDistancesTop": [reach] * count,
-            "AxisDistancesBottom": [-reach] * count, "Positions": steps, "DefClassName": bar["class"], "Index": index,
-            "Hidden": False}
+            "Axis": [1, 0, 0] if is_along_x else [0, 1, 0], "AxisDistancesTop": tops, "AxisDistancesBottom": bottoms,
+            "Positions": steps, "DefClassName": bar["class"], "Index": index, "Hidden": False}
+
+
+def frame(reach=40000):
+    """Lines round everything, by which pictures of different programs are laid over each other."""
+    corners = [[x * reach, y * reach, 0] for x, y in ((-1, -1), (1, -1), (1, 1), (-1, 1))]
+    return [{"class": "CKtZantoLine", "Point1": a, "Point2": b, "Color": 7}
+            for a, b in zip(corners, corners[1:] + corners[:1])]
 
 
 def drawing(seed, count=60):
-    """A drawing of so many elements; the same for the same seed. Hidden bars come once each."""
+    """A drawing of so many elements in a frame; the same for the same seed. Hidden bars come once each."""
     chance = random.Random(seed)
-    elements = []
-    numbers = {}
+    elements = frame()
+    numbers = {"CKtZantoLine": len(elements)}
     bars = []
     for _ in range(count):
         place = point(chance)

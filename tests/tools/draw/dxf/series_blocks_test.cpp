@@ -37,6 +37,17 @@ TEST(ToolSeriesBlocks, CountAsAlikeWhatFarCoordinatesCannotTellApart) {
             1U);
 }
 
+// Wherever the grid of their lengths has a line, and whatever bar comes between them.
+TEST(ToolSeriesBlocks, JoinBarsWhoseLengthsDifferByRoundingAlone) {
+  for (const double length : {50.0, 50.0000005, 50.000001}) {
+    const auto found = alikeBarsOf(
+        {straightBetween({0, 0}, {0, length - 1e-9}), straightBetween({10, 0}, {10, length + 1e-9}),
+         straightBetween({20, 0}, {20, 60}), straightBetween({30, 0}, {30, length + 1e-9})});
+    ASSERT_EQ(found.size(), 2U) << length;
+    EXPECT_EQ(found[0].places.size(), 3U) << length;
+  }
+}
+
 TEST(ToolSeriesBlocks, LeaveOutABarWithoutLength) {
   EXPECT_TRUE(alikeBarsOf({{{{{1, 1}}}, false}}).empty());
 }
