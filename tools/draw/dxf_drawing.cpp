@@ -236,12 +236,14 @@ class Drawer {
   }
 
   void addFill(const BulgePath& outline, const EntityLook& look, EntityWriter& out) {
-    if (m_dxf.version == DxfVersion::k2000 && outline.vertices.size() > 2) {
-      return out.hatch(look, outline);
-    }
     std::vector<PlanePoint> corners;
     for (const BulgeVertex& vertex : outline.vertices) {
       corners.push_back(vertex.at);
+    }
+    // Programs leave empty what a hatch goes round twice.
+    if (m_dxf.version == DxfVersion::k2000 && corners.size() > 2 &&
+        !m_cutter.crossesItself(corners)) {
+      return out.hatch(look, outline);
     }
     bool isWhole = true;
     for (const FillPiece& piece : m_cutter.cut(corners, isWhole)) {

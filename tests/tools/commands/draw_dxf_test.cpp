@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <tests/support/saved_file.h>
+#include <tests/tools/drawn_elements.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
@@ -125,6 +126,18 @@ TEST(ToolDrawDxf, HasTheSectionsOfItsVersion) {
   for (const char* const name : {"CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"}) {
     EXPECT_NE(dxfSection(newer, name), "") << name;
   }
+}
+
+// What an outline goes round twice is filled as on paper, where programs leave a hatch empty.
+TEST(ToolDrawDxf, HatchesAnOutlineUnlessItCrossesItself) {
+  const std::vector<std::string> version = {"--dxf", "2000"};
+  const std::string hatched =
+      dxfOfElements(quorvan::test::fillOf({{0, 0, 0}, {4, 2, 0}, {0, 4, 0}, {1, 2, 0}}), version);
+  EXPECT_EQ(countOfGroups(hatched, "0 HATCH\n"), 1U);
+  const std::string cut =
+      dxfOfElements(quorvan::test::fillOf({{0, 0, 0}, {2, 2, 0}, {2, 0, 0}, {0, 2, 0}}), version);
+  EXPECT_EQ(countOfGroups(cut, "0 HATCH\n"), 0U);
+  EXPECT_EQ(countOfGroups(cut, "0 SOLID\n"), 4U);
 }
 
 // In version 2000 every object has a handle of its own, and each is below the next free one.

@@ -246,6 +246,16 @@ void FillCutter::cutBands(const std::vector<PlanePoint>& corners, std::vector<Fi
   }
 }
 
+bool FillCutter::crossesItself(const std::vector<PlanePoint>& outline) {
+  const std::vector<PlanePoint> corners = withoutRepeats(outline);
+  const std::size_t count = corners.size();
+  if (count < 4 || count > kFewCorners || m_workLeft <= 0) {
+    return false;
+  }
+  m_workLeft -= static_cast<std::int64_t>(count * count);
+  return !crossingsOf(corners).empty();
+}
+
 std::vector<FillPiece> FillCutter::cut(const std::vector<PlanePoint>& outline, bool& isWhole) {
   isWhole = true;
   std::vector<FillPiece> pieces;

@@ -21,6 +21,9 @@ class FillCutter {
   /// for one that is too intricate to be cut.
   std::vector<FillPiece> cut(const std::vector<PlanePoint>& outline, bool& isWhole);
 
+  /// Whether the outline crosses itself; false where it has too many corners to find out.
+  bool crossesItself(const std::vector<PlanePoint>& outline);
+
  private:
   bool cutEars(std::vector<PlanePoint> corners, std::vector<FillPiece>& pieces);
   void cutBands(const std::vector<PlanePoint>& corners, std::vector<FillPiece>& pieces);

@@ -55,6 +55,12 @@ TEST(ToolFillPieces, CoverAnOutlineThatBendsInwards) {
   EXPECT_EQ(cutWhole(arrow).size(), 2U);
 }
 
+TEST(ToolFillPieces, AreOfOutlinesOfWhichItIsKnownWhetherTheyCrossThemselves) {
+  EXPECT_TRUE(FillCutter().crossesItself({{0, 0}, {2, 2}, {2, 0}, {0, 2}}));
+  EXPECT_FALSE(FillCutter().crossesItself({{0, 0}, {4, 2}, {0, 4}, {1, 2}}));
+  EXPECT_FALSE(FillCutter().crossesItself({{0, 0}, {2, 2}, {2, 0}}));
+}
+
 TEST(ToolFillPieces, CoverOnceWhatAnOutlineCrossesItselfAround) {
   // Two triangles that meet where the sides cross.
   EXPECT_NEAR(coveredBy(cutWhole({{0, 0}, {2, 2}, {2, 0}, {0, 2}})), 2.0, 1e-9);

@@ -4,7 +4,6 @@
 
 namespace {
 
-using quorvan::tool::AlikeBars;
 using quorvan::tool::alikeBarsOf;
 using quorvan::tool::BulgePath;
 using quorvan::tool::PlanePoint;
