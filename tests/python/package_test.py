@@ -8,10 +8,12 @@ import sys
 import tempfile
 import unittest
 import xml.etree.ElementTree as tree
+from collections import Counter
+from ctypes import ArgumentError
 from pathlib import Path
 
 import quorvan
-from quorvan.elements import CLASSES, Line, Other, Point, Repartition, StraightBar
+from quorvan.elements import CLASSES, Formwork, Line, Other, Point, Repartition, StraightBar
 
 DATA = Path(__file__).parent.parent
 DRAWINGS = sorted((DATA / "examples" / "golden").glob("*.xml")) + [
@@ -92,6 +94,23 @@ class Reading(unittest.TestCase):
                        if "item" in member.metadata}
             self.assertEqual(members, items)
 
+    def test_the_table_has_a_row_for_each_element(self):
+        try:
+            import pandas
+        except ImportError:
+            self.skipTest("pandas is not here")
+        drawing = quorvan.read(DATA / "examples" / "golden" / "beam-b12.xml")
+        table = drawing.to_dataframe()
+        self.assertIsInstance(table, pandas.DataFrame)
+        self.assertEqual(list(table["class"]), [element.CLASS_NAME for element in drawing])
+        bars = table[table["diameter"].notna()]
+        self.assertEqual(list(bars["diameter"]), [bar.diameter for bar in drawing.bars()])
+        self.assertEqual(bars.groupby("reference")["class"].count().to_dict(),
+                         Counter(bar.reference for bar in drawing.bars()))
+        self.assertEqual(list(bars["point1"].dropna()),
+                         [bar.point1 for bar in drawing.bars() if hasattr(bar, "point1")])
+        self.assertEqual(len(quorvan.read_bytes(b"<Document/>").to_dataframe()), 0)
+
     def test_errors_are_exceptions(self):
         with self.assertRaises(FileNotFoundError):
             quorvan.read("missing.xml")
@@ -148,6 +167,58 @@ class Writing(unittest.TestCase):
         self.assertEqual(drawing.of(Line)[0].color, 0xFFFFFFFF)
         self.assertEqual(len(drawing.elements[4].bulges), 2)
         self.assertEqual(drawing.series()[0].positions, [100.0])
+
+    def test_every_class_is_filed_as_it_was_read(self):
+        numbers = random.Random(7)
+
+        def value_for(member):
+            default = member.default if member.default is not dataclasses.MISSING else []
+            if isinstance(default, bool):
+                return numbers.random() < 0.5
+            if isinstance(default, Point):
+                return Point(*(numbers.randint(-999, 999) / 8 for _ in range(3)))
+            if isinstance(default, list):
+                return [value_for(Line.__dataclass_fields__["point1"]) for _ in range(4)]
+            if isinstance(default, int):
+                return numbers.randint(0, 2**31 - 1)
+            return numbers.randint(0, 99) / 4 if isinstance(default, float) else "t\u0151"
+
+        filed = []
+        for kind in CLASSES.values():
+            if kind is not Repartition:
+                values = {member.name: value_for(member) for member in dataclasses.fields(kind)
+                          if "item" in member.metadata}
+                if kind is Formwork:
+                    values["bulges"] = [Point(1, 2, 3), Point(-1, 0, 0)]
+                filed.append(kind(version=1, index=1, **values))
+        with quorvan.filing(self.path) as filing:
+            for element in filed:
+                filing.add(element)
+            with self.assertRaises(TypeError):
+                filing.add(Repartition())
+            with self.assertRaises(TypeError):
+                filing.add(Other())
+        self.assertEqual(quorvan.read(self.path).elements[:-1], filed)
+
+    def test_what_cannot_be_filed_as_it_is_given_is_refused(self):
+        attributes = dict(steel_grade="S", adherence="A", reference=1, diameter=8)
+        with quorvan.filing(self.path) as filing:
+            for error, call in (
+                    (ValueError, lambda: filing.line((0, 0), (1, 2, 3))),
+                    (ValueError, lambda: filing.line((0, 0, 0, 0), (1, 2, 3))),
+                    (ValueError, lambda: filing.text("a\0b", (0, 0, 0), height=1)),
+                    (ValueError, lambda: filing.formwork([(0, 0, 0)])),
+                    (ValueError, lambda: filing.formwork([(0, 0, 0)] * 4, [(0, 0, 0)])),
+                    (ValueError, lambda: filing.pin((0, 0, 0), (1, 0, 0), hook_lengths=(1, 2, 3),
+                                                    **attributes)),
+                    (OverflowError, lambda: filing.line((0, 0, 0), (1, 2, 3), -1)),
+                    (OverflowError, lambda: filing.line((0, 0, 0), (1, 2, 3), 2**32)),
+                    (OverflowError, lambda: filing.point_bar(
+                        (0, 0, 0), **{**attributes, "reference": 2**31})),
+                    (ArgumentError, lambda: filing.circle((0, 0, 0), "wide"))):
+                with self.assertRaises(error):
+                    call()
+        self.assertEqual(len(quorvan.read(self.path)), 1)
 
     def test_a_failed_filing_saves_nothing_and_the_next_one_works(self):
         with self.assertRaises(quorvan.QuorvanError) as raised:

@@ -71,6 +71,7 @@ _SIGNATURES: list[tuple[str, Any, list[Any]]] = [
     ("stopFilingChecked", c_int, []),
     ("quorvanAbandonFiling", c_int, []),
     ("endFilingChecked", c_int, [c_wchar_p, c_long, c_wchar_p, c_int]),
+    ("exportDrawingControlChecked", c_int, [c_wchar_p, c_long, c_long, c_wchar_p]),
     ("exportLineChecked", c_int, 6 * [c_double] + [c_ulong]),
     ("exportCircleChecked", c_int, 4 * [c_double] + [c_ulong]),
     ("exportTextChecked", c_int,

@@ -5,7 +5,8 @@ from __future__ import annotations
 import os
 from ctypes import byref, c_char_p, c_double, c_int, c_int32, c_size_t, c_uint32, c_void_p
 from dataclasses import asdict, dataclass, field, fields
-from typing import Any, Callable, Iterator, Optional, TypeVar, Union
+from functools import cache
+from typing import Any, Callable, Iterator, NamedTuple, Optional, TypeVar, Union
 
 from ._library import INCOMPLETE, NO_ITEM, NO_MORE, OTHER_KIND, check, library
 from .elements import CLASSES, Bar, DrawingControl, Element, Other, Point, Problem, Repartition
@@ -69,7 +70,7 @@ class Drawing:
 
 def read(path: Union[str, os.PathLike[str]]) -> Drawing:
     """The drawing in the file, which is never written. Raises QuorvanError."""
-    return _read(lambda file: int(library.quorvanOpenFile(os.fspath(path), file)))
+    return _read(lambda file: int(library.quorvanOpenFile(os.fsdecode(path), file)))
 
 
 def read_bytes(content: bytes) -> Drawing:
@@ -103,31 +104,46 @@ def _element(handle: c_void_p) -> Element:
     element.version = library.quorvanElementVersion(handle)
     element.index = library.quorvanElementIndex(handle)
     if kind is not None:
-        members = {member.metadata["item"]: member.name
-                   for member in fields(element) if "item" in member.metadata}
-        number = library.quorvanElementClassNumber(handle)
-        for item in range(library.quorvanClassItemCount(number)):
-            _read_item(element, handle, number, item, members)
+        for row in _items_of(library.quorvanElementClassNumber(handle)):
+            _read_item(element, handle, row)
     return element
 
 
-def _read_item(element: Element, handle: c_void_p, number: int, item: int,
-               members: dict[str, str]) -> None:
-    name: bytes = library.quorvanClassItemName(number, item)
-    kind = library.quorvanClassItemKind(number, item)
-    place = library.quorvanItem(handle, name)
-    result, value = _READERS[kind](place)
-    if kind == _SEGMENTS and value is not None:
+class _Item(NamedTuple):
+    """What the library's table of a class says of one item."""
+
+    name: bytes
+    member: str
+    kind: int
+    is_optional: bool
+
+
+@cache
+def _items_of(number: int) -> list[_Item]:
+    kind = CLASSES[library.quorvanClassName(number).decode("ascii")]
+    members = {member.metadata["item"]: member.name
+               for member in fields(kind) if "item" in member.metadata}
+    names = [library.quorvanClassItemName(number, item)
+             for item in range(library.quorvanClassItemCount(number))]
+    return [_Item(name, members[name.decode("ascii")], library.quorvanClassItemKind(number, item),
+                  library.quorvanClassItemIsOptional(number, item) != 0)
+            for item, name in enumerate(names)]
+
+
+def _read_item(element: Element, handle: c_void_p, row: _Item) -> None:
+    place = library.quorvanItem(handle, row.name)
+    result, value = _READERS[row.kind](place)
+    if row.kind == _SEGMENTS and value is not None:
         result_of_bulges, bulges = _points(place, library.quorvanReadBulges)
         setattr(element, "bulges", bulges)
         result = result or result_of_bulges
     if value is not None:
-        setattr(element, members[name.decode("ascii")], value)
-    if result == 0 or (result == NO_ITEM and library.quorvanClassItemIsOptional(number, item)):
+        setattr(element, row.member, value)
+    if result == 0 or (result == NO_ITEM and row.is_optional):
         return
     if result not in _REASONS:
         check(result)
-    element.problems.append(Problem(name.decode("ascii"), _REASONS[result]))
+    element.problems.append(Problem(row.name.decode("ascii"), _REASONS[result]))
 
 
 Read = tuple[int, Any]
