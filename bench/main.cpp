@@ -1,4 +1,6 @@
 // Measures the library beside its peers in one run. See --help.
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
@@ -9,8 +11,11 @@
 #include <bench/measure.h>
 #include <bench/peers.h>
 #include <bench/report.h>
+#include <bench/small_files.h>
 
 namespace {
+
+constexpr std::size_t kSmallFiles = 10000;
 
 struct Options {
   std::size_t elements = 200000;
@@ -18,7 +23,7 @@ struct Options {
   std::string folder = "/dev/shm";  // a memory file system: the disk is not what is measured
   std::string json;
   std::vector<std::string> only;
-  std::vector<std::string> parts{"peers", "growth", "hidden"};
+  std::vector<std::string> parts{"peers", "growth", "hidden", "files"};
   std::vector<std::string> hosts;
   bool processorTime = false;
   bool warm = false;
@@ -31,7 +36,11 @@ bool isWanted(const Options& options, const bench::Peer& peer) {
 }
 
 std::string fileOf(const Options& options, const bench::Peer& peer) {
-  return options.folder + "/quorvan-bench-" + peer.name.substr(0, 5) + ".xml";
+  std::string name = peer.name;
+  std::replace_if(
+      name.begin(), name.end(), [](unsigned char letter) { return std::isalnum(letter) == 0; },
+      '-');
+  return options.folder + "/quorvan-bench-" + name + ".xml";
 }
 
 // Every reader must find in its own file what was written, and the library's reader must find it
@@ -137,9 +146,9 @@ Options parse(int argc, char** argv) {
   app.add_option("--json", options.json, "also write the results to this file");
   app.add_option("--only", options.only, "measure only the peers whose names begin so");
   app.add_option("--part", options.parts,
-                 "measure only these of: peers, growth, hidden; windows, for which scripts/bench "
-                 "builds what it takes")
-      ->check(CLI::IsMember({"peers", "growth", "hidden", "windows"}));
+                 "measure only these of: peers, growth, hidden, files; windows, for which "
+                 "scripts/bench builds what it takes")
+      ->check(CLI::IsMember({"peers", "growth", "hidden", "files", "windows"}));
   app.add_option("--host", options.hosts,
                  "for the part windows: NAME=COMMAND of a quorvan-bench-host");
   app.add_flag("--processor-time", options.processorTime,
@@ -175,6 +184,10 @@ int main(int argc, char** argv) {
     }
     if (isWantedPart("hidden")) {
       measureHidden(options, report);
+    }
+    if (isWantedPart("files")) {
+      const std::size_t files = std::min<std::size_t>(kSmallFiles, options.elements);
+      report.smallFiles = bench::measureSmallFiles(files, options.rounds, options.folder);
     }
     if (isWantedPart("windows")) {
       report.hosts = bench::measureHosts(options.hosts, options.rounds, options.folder);

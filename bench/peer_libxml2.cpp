@@ -1,7 +1,9 @@
 #include <libxml/parser.h>
 #include <libxml/tree.h>
+#include <libxml/xmlreader.h>
 
 #include <memory>
+#include <stdexcept>
 #include <string_view>
 
 #include <bench/peers.h>
@@ -43,6 +45,25 @@ struct Libxml2Tree {
   }
 };
 
+// Reads the element if it is of this kind.
+template <class E>
+bool readIfIs(Libxml2Tree& tree, xmlNode* node, std::uint64_t& sum) {
+  if (xmlStrEqual(node->name, chars(E::kClass)) == 0) {
+    return false;
+  }
+  E e;
+  TreeSource<Libxml2Tree> source(tree, node);
+  visitItems(e, source);
+  sum += checksum(Element(std::move(e)));
+  return true;
+}
+
+template <class... E>
+void readElement(xmlNode* node, std::uint64_t& sum, std::tuple<E...>*) {
+  Libxml2Tree tree;
+  (readIfIs<E>(tree, node, sum) || ...);
+}
+
 }  // namespace
 
 void writeLibxml2(const Drawing& drawing, const std::string& path) {
@@ -58,6 +79,25 @@ std::uint64_t readLibxml2(const std::string& path) {
   Libxml2Tree tree;
   tree.document.reset(xmlReadFile(path.c_str(), nullptr, XML_PARSE_NONET | XML_PARSE_HUGE));
   return readTree(tree);
+}
+
+std::uint64_t readLibxml2Reader(const std::string& path) {
+  const std::unique_ptr<xmlTextReader, void (*)(xmlTextReader*)> reader(
+      xmlReaderForFile(path.c_str(), nullptr, XML_PARSE_NONET | XML_PARSE_HUGE), xmlFreeTextReader);
+  std::uint64_t sum = 0;
+  // To the root, into it, and from there from element to element.
+  bool goesOn = xmlTextReaderRead(reader.get()) == 1 && xmlTextReaderRead(reader.get()) == 1;
+  while (goesOn) {
+    if (xmlTextReaderNodeType(reader.get()) == XML_READER_TYPE_ELEMENT) {
+      xmlNode* const node = xmlTextReaderExpand(reader.get());
+      if (node == nullptr) {
+        throw std::runtime_error("libxml2 cannot read " + path);
+      }
+      readElement(node, sum, static_cast<Kinds*>(nullptr));
+    }
+    goesOn = xmlTextReaderNext(reader.get()) == 1;
+  }
+  return sum;
 }
 
 }  // namespace bench

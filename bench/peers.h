@@ -27,6 +27,8 @@ void writeTinyxml2(const Drawing& drawing, const std::string& path);
 std::uint64_t readTinyxml2(const std::string& path);
 void writeLibxml2(const Drawing& drawing, const std::string& path);
 std::uint64_t readLibxml2(const std::string& path);
+/// The same with its reader, which holds one element at a time.
+std::uint64_t readLibxml2Reader(const std::string& path);
 void writeXerces(const Drawing& drawing, const std::string& path);
 std::uint64_t readXerces(const std::string& path);
 

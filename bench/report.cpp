@@ -61,6 +61,15 @@ void printHidden(const Report& report) {
   }
 }
 
+void printSmallFiles(const Report& report) {
+  std::printf("\nSmall files, opened and closed\n%-16s %10s %14s\n", "", "us/file",
+              "beyond system");
+  for (const SmallFilesRow& row : report.smallFiles) {
+    std::printf("%-16s %10.2f %14.2f\n", row.name.c_str(), row.seconds * 1e6,
+                (row.seconds - report.smallFiles.front().seconds) * 1e6);
+  }
+}
+
 const HostRow* find(const Report& report, const std::string& host, const HostRow& like) {
   const auto found =
       std::find_if(report.hosts.begin(), report.hosts.end(), [&](const HostRow& row) {
@@ -98,6 +107,9 @@ void printTable(const Report& report) {
   if (!report.hidden.empty()) {
     printHidden(report);
   }
+  if (!report.smallFiles.empty()) {
+    printSmallFiles(report);
+  }
   if (!report.hosts.empty()) {
     printHosts(report);
   }
@@ -126,6 +138,9 @@ void writeJson(const Report& report, const std::string& path) {
                                   {"searchSeconds", row.searchSeconds},
                                   {"exportSeconds", row.exportSeconds},
                                   {"hashSetSeconds", row.hashSetSeconds}});
+  }
+  for (const SmallFilesRow& row : report.smallFiles) {
+    json["smallFiles"].push_back({{"name", row.name}, {"secondsAFile", row.seconds}});
   }
   for (const HostRow& row : report.hosts) {
     json["hosts"].push_back({{"host", row.host},

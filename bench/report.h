@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <bench/small_files.h>
+
 namespace bench {
 
 struct PeerRow {
@@ -45,6 +47,7 @@ struct Report {
   std::vector<PeerRow> peers;
   std::vector<GrowthRow> growth;
   std::vector<HiddenRow> hidden;
+  std::vector<SmallFilesRow> smallFiles;
   std::vector<HostRow> hosts;
 };
 

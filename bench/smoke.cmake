@@ -9,14 +9,15 @@ if(NOT result EQUAL 0)
   message(FATAL_ERROR "the benchmark failed: ${result}\n${errors}")
 endif()
 
-foreach(peer IN ITEMS "limit" "quorvan" "pugixml" "tinyxml2" "libxml2" "Xerces-C")
+foreach(peer IN ITEMS "limit" "quorvan" "flat reading" "pugixml" "tinyxml2" "libxml2 " "libxml2 reader"
+                       "Xerces-C" "system alone" "classes")
   if(NOT table MATCHES "\n${peer}")
     message(FATAL_ERROR "no row for ${peer} in\n${table}")
   endif()
 endforeach()
 
 file(READ smoke.json json)
-foreach(part IN ITEMS peers growth hiddenBars)
+foreach(part IN ITEMS peers growth hiddenBars smallFiles)
   string(JSON count LENGTH "${json}" ${part})
   if(count LESS 1)
     message(FATAL_ERROR "no ${part} in\n${json}")
