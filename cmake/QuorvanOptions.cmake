@@ -21,10 +21,10 @@ set(QUORVAN_LICENCE_FILE "" CACHE FILEPATH "The licence, which every Debian pack
 option(QUORVAN_COVERAGE "Instrument the library for line and branch coverage" OFF)
 set(QUORVAN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 
-if(WIN32 AND CMAKE_SIZEOF_VOID_P EQUAL 4)
-  message(FATAL_ERROR "32-bit Windows is not built: the list of exported names is that of 64 bits, "
-                      "where size_t is another type, and the numbers of a file are pinned for SSE2 "
-                      "arithmetic, not for the 80 bits of the 32-bit convention.")
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  message(FATAL_ERROR "32-bit systems are not built for: the list of exported names is that of 64 bits, "
+                      "where size_t is another type, and the numbers of a file are pinned for "
+                      "arithmetic of 64 bits, not for the 80 bits of the i386 convention.")
 endif()
 
 # Where the XML document service comes from: the platform's own through COM, where there is one, or

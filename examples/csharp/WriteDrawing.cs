@@ -3,188 +3,74 @@
 //
 //   WriteDrawing FILE [LINKS]
 //
-// quorvan.dll stands beside the program or on the path; elsewhere than on Windows libquorvan.so does,
-// where the system's loader looks for libraries. Lengths are in millimetres. Whatever goes wrong is told,
-// and what can be saved is saved.
+// Lengths are in millimetres. Whatever goes wrong is told, and what can be saved is saved.
 
 using System;
-using System.Runtime.InteropServices;
-using System.Text;
-
-// The wide texts of the flat functions: UTF-16 on Windows, UTF-32 elsewhere. A host for Windows alone
-// writes CharSet = CharSet.Unicode into its imports instead.
-internal sealed class WideText : ICustomMarshaler
-{
-    private static readonly WideText Instance = new WideText();
-
-    private static readonly Encoding Encoding =
-        Environment.OSVersion.Platform == PlatformID.Win32NT ? Encoding.Unicode : Encoding.UTF32;
-
-    public static ICustomMarshaler GetInstance(string cookie)
-    {
-        return Instance;
-    }
-
-    public IntPtr MarshalManagedToNative(object text)
-    {
-        byte[] bytes = Encoding.GetBytes((string)text + '\0');
-        IntPtr native = Marshal.AllocHGlobal(bytes.Length);
-        Marshal.Copy(bytes, 0, native, bytes.Length);
-        return native;
-    }
-
-    public void CleanUpNativeData(IntPtr native)
-    {
-        Marshal.FreeHGlobal(native);
-    }
-
-    public object MarshalNativeToManaged(IntPtr native)
-    {
-        throw new NotSupportedException();
-    }
-
-    public void CleanUpManagedData(object text)
-    {
-    }
-
-    public int GetNativeDataSize()
-    {
-        return -1;
-    }
-}
-
-// The flat functions that this host uses, as <quorvan/export/checked.h> declares them. They return 0 or
-// the number of an error. Of a C "long" they use 32 bits; a flag has one byte.
-internal static class Quorvan
-{
-    private const string Library = "quorvan";
-    private const UnmanagedType Wide = UnmanagedType.CustomMarshaler;
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int startFilingChecked(
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string path);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int stopFilingChecked();
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    private static extern IntPtr quorvanLastErrorText();
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int endFilingChecked(
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string version, int servicePack,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string drawing, int checkSum);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int exportFormworkChecked(
-        int count, double[] xs, double[] ys, double[] zs,
-        double[] bulgeXs, double[] bulgeYs, double[] bulgeZs);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int exportTextChecked(
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string contents,
-        double x, double y, double z, double angle, uint color,
-        int justificationX, int justificationY, double height);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int exportBarStraightChecked(
-        double x1, double y1, double z1, double x2, double y2, double z2,
-        double hookLength1, double hookLength2,
-        [MarshalAs(UnmanagedType.I1)] bool hook1Up, [MarshalAs(UnmanagedType.I1)] bool hook2Up,
-        double hookAngle1, double hookAngle2,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string steelGrade,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string adherence,
-        int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int exportFrameRectChecked(
-        double x1, double y1, double z1, double x2, double y2, double z2,
-        double x3, double y3, double z3, double hookLength, double hookAngle,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string steelGrade,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string adherence,
-        int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden);
-
-    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
-    internal static extern int pushRepartitionFrameRectChecked(
-        double x1, double y1, double z1, double x2, double y2, double z2,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string className,
-        double hookLength, double hookAngle,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string steelGrade,
-        [MarshalAs(Wide, MarshalTypeRef = typeof(WideText))] string adherence,
-        int reference, double diameter, [MarshalAs(UnmanagedType.I1)] bool hidden,
-        int key, int viewPoint, int last);
-
-    // Throws for the number of an error.
-    internal static void Check(int result)
-    {
-        if (result != 0)
-        {
-            throw new QuorvanException(result, Marshal.PtrToStringAnsi(quorvanLastErrorText()));
-        }
-    }
-}
-
-internal sealed class QuorvanException : Exception
-{
-    internal const int BadSeries = 16;
-
-    internal QuorvanException(int number, string text)
-        : base("error " + number + ": " + text)
-    {
-        Number = number;
-    }
-
-    internal int Number { get; private set; }
-}
+using Quorvan;
 
 internal static class WriteDrawing
 {
-    private static void FileElements(int links)
+    private static void FileElements(Filing filing, int links)
     {
-        // Four sides of 5000 x 500, two points a side, one bulge a side: straight.
-        double[] xs = { 0, 5000, 5000, 5000, 5000, 0, 0, 0 };
-        double[] ys = { 0, 0, 0, 500, 500, 500, 500, 0 };
-        double[] zs = { 0, 0, 0, 0, 0, 0, 0, 0 };
-        double[] straight = { 0, 0, 0, 0 };
-
-        Quorvan.Check(Quorvan.exportFormworkChecked(8, xs, ys, zs, straight, straight, straight));
-        Quorvan.Check(Quorvan.exportTextChecked("Poutre B12 \u2013 1 \u00f8 20", 0, 600, 0, 0, 7, 0, 0,
-                                                100));
-        Quorvan.Check(Quorvan.exportBarStraightChecked(30, 40, 0, 4970, 40, 0, 150, 150, true, true, 90,
-                                                       90, "B500B", "HA", 1, 20, false));
-        Quorvan.Check(Quorvan.exportFrameRectChecked(200, 30, 0, 200, 470, 0, 200, 470, 240, 80, 135,
-                                                     "B500B", "HA", 2, 8, false));
-        for (int link = 0; link < links; ++link)
+        var corners = new[] { new Point(0, 0, 0), new Point(5000, 0, 0), new Point(5000, 500, 0),
+                              new Point(0, 500, 0) };
+        var outline = new Formwork { Points = new Point[8] };
+        for (int side = 0; side < 4; ++side)
         {
-            double x = 200 + 200 * link;
-            Quorvan.Check(Quorvan.pushRepartitionFrameRectChecked(
-                x, 30, 0, x, 470, 0, "CKtZantoFrameRect", 80, 135, "B500B", "HA", 2, 8, false, 1, 1,
-                0));
+            outline.Points[2 * side] = corners[side];
+            outline.Points[2 * side + 1] = corners[(side + 1) % 4];
+        }
+        var link = new FrameRect
+        {
+            Point1 = new Point(200, 30, 0), Point2 = new Point(200, 470, 0),
+            Point3 = new Point(200, 470, 240), HookLength1 = 80, HookAngle1 = 135,
+            SteelGrade = "B500B", Adherence = "HA", Reference = 2, Diameter = 8
+        };
+
+        filing.Add(outline);
+        filing.Add(new Text
+        {
+            Contents = "Poutre B12 \u2013 1 \u00f8 20", Location = new Point(0, 600, 0), Color = 7,
+            Height = 100
+        });
+        filing.Add(new StraightBar
+        {
+            Point1 = new Point(30, 40, 0), Point2 = new Point(4970, 40, 0), HookLength1 = 150,
+            HookLength2 = 150, Hook1Up = true, Hook2Up = true, HookAngle1 = 90, HookAngle2 = 90,
+            SteelGrade = "B500B", Adherence = "HA", Reference = 1, Diameter = 20
+        });
+        filing.Add(link);
+        for (int i = 0; i < links; ++i)
+        {
+            double x = 200 + 200 * i;
+            filing.AddSeriesFrame(new Point(x, 30, 0), new Point(x, 470, 0), "CKtZantoFrameRect", 80, 135,
+                                  link, 1, 1);
         }
     }
 
-    private static void End()
+    private static void End(Filing filing)
     {
-        Quorvan.Check(Quorvan.endFilingChecked("2025", 1, "B12", 42));
+        filing.End("B12", "2025", 1, 42);
     }
 
     private static void Write(string path, int links)
     {
-        Quorvan.Check(Quorvan.startFilingChecked(path));
-        FileElements(links);
-        try
+        using (var filing = new Filing(path))
         {
-            End();
-        }
-        catch (QuorvanException error)
-        {
-            if (error.Number == QuorvanException.BadSeries)
+            FileElements(filing, links);
+            try
             {
-                // Saves the drawing without the series.
-                Quorvan.Check(Quorvan.stopFilingChecked());
-                End();
+                End(filing);
             }
-            throw;
+            catch (QuorvanException error)
+            {
+                if (error.Number == QuorvanException.BadSeries)
+                {
+                    filing.LeaveOutTheRest();
+                    End(filing);
+                }
+                throw;
+            }
         }
     }
 

@@ -12,69 +12,124 @@ program write_drawing;
 {$apptype console}
 
 uses
-  SysUtils, Math, Quorvan;
+  SysUtils, Math, Quorvan, QuorvanElements, QuorvanFiling;
 
-const
-  { Four sides of 5000 x 500, two points a side, one bulge a side: straight. }
-  Xs: array[0..7] of Double = (0, 5000, 5000, 5000, 5000, 0, 0, 0);
-  Ys: array[0..7] of Double = (0, 0, 0, 500, 500, 500, 500, 0);
-  Zeros: array[0..7] of Double = (0, 0, 0, 0, 0, 0, 0, 0);
-
-procedure FileElements(Links: Integer);
-var
-  Link: Integer;
-  X: Double;
-  Contents, Grade, Bond, Frame: WideText;
+{ Files the element, which is not needed afterwards. }
+procedure Add(Filing: TFiling; Element: TElement);
 begin
-  { Each text has to stay as long as the call. }
-  Contents := Wide(UnicodeString('Poutre B12 ') + WideChar($2013) + ' 1 ' + WideChar($00F8) + ' 20');
-  Grade := Wide('B500B');
-  Bond := Wide('HA');
-  Frame := Wide('CKtZantoFrameRect');
-  Check(exportFormworkChecked(8, @Xs[0], @Ys[0], @Zeros[0], @Zeros[0], @Zeros[0], @Zeros[0]));
-  Check(exportTextChecked(PWideText(Contents), 0, 600, 0, 0, 7, 0, 0, 100));
-  { Byte(ByteBool(True)) is 255, and as good as 1. }
-  Check(exportBarStraightChecked(30, 40, 0, 4970, 40, 0, 150, 150, Byte(ByteBool(True)),
-    Byte(ByteBool(True)), 90, 90, PWideText(Grade), PWideText(Bond), 1, 20, 0));
-  Check(exportFrameRectChecked(200, 30, 0, 200, 470, 0, 200, 470, 240, 80, 135, PWideText(Grade),
-    PWideText(Bond), 2, 8, 0));
-  for Link := 0 to Links - 1 do
-  begin
-    X := 200 + 200 * Link;
-    Check(pushRepartitionFrameRectChecked(X, 30, 0, X, 470, 0, PWideText(Frame), 80, 135,
-      PWideText(Grade), PWideText(Bond), 2, 8, 0, 1, 1, 0));
+  try
+    Filing.Add(Element);
+  finally
+    Element.Free;
   end;
 end;
 
-procedure EndFiling;
+function Outline: TFormwork;
 var
-  Version, Drawing: WideText;
+  Corners: array[0..4] of TPoint3;
+  Side: Integer;
 begin
-  Version := Wide('2025');
-  Drawing := Wide('B12');
-  Check(endFilingChecked(PWideText(Version), 1, PWideText(Drawing), 42));
+  Corners[0] := PointAt(0, 0, 0);
+  Corners[1] := PointAt(5000, 0, 0);
+  Corners[2] := PointAt(5000, 500, 0);
+  Corners[3] := PointAt(0, 500, 0);
+  Corners[4] := Corners[0];
+  Result := TFormwork.Create;
+  SetLength(Result.Points, 8);
+  for Side := 0 to 3 do
+  begin
+    Result.Points[2 * Side] := Corners[Side];
+    Result.Points[2 * Side + 1] := Corners[Side + 1];
+  end;
 end;
 
-procedure WriteDrawing(const Path: string; Links: Integer);
-var
-  WidePath: WideText;
+function Title: TText;
 begin
-  WidePath := Wide(UnicodeString(Path));
-  Check(startFilingChecked(PWideText(WidePath)));
-  FileElements(Links);
+  Result := TText.Create;
+  Result.Contents := UnicodeString('Poutre B12 ') + WideChar($2013) + ' 1 ' + WideChar($00F8) + ' 20';
+  Result.Location := PointAt(0, 600, 0);
+  Result.Color := 7;
+  Result.Height := 100;
+end;
+
+procedure Mark(Bar: TBar; Reference: LongInt; Diameter: Double);
+begin
+  Bar.SteelGrade := 'B500B';
+  Bar.Adherence := 'HA';
+  Bar.Reference := Reference;
+  Bar.Diameter := Diameter;
+end;
+
+function BottomBar: TStraightBar;
+begin
+  Result := TStraightBar.Create;
+  Mark(Result, 1, 20);
+  Result.Point1 := PointAt(30, 40, 0);
+  Result.Point2 := PointAt(4970, 40, 0);
+  Result.HookLength1 := 150;
+  Result.HookLength2 := 150;
+  Result.Hook1Up := True;
+  Result.Hook2Up := True;
+  Result.HookAngle1 := 90;
+  Result.HookAngle2 := 90;
+end;
+
+procedure AddLinks(Filing: TFiling; Links: Integer);
+var
+  Frame: TFrameRect;
+  Link: Integer;
+  X: Double;
+begin
+  Frame := TFrameRect.Create;
   try
-    EndFiling;
-  except
-    on Error: EQuorvan do
+    Mark(Frame, 2, 8);
+    Frame.Point1 := PointAt(200, 30, 0);
+    Frame.Point2 := PointAt(200, 470, 0);
+    Frame.Point3 := PointAt(200, 470, 240);
+    Frame.HookLength1 := 80;
+    Frame.HookAngle1 := 135;
+    Filing.Add(Frame);
+    for Link := 0 to Links - 1 do
     begin
-      if Error.Number = BadSeries then
-      begin
-        { Saves the drawing without the series. }
-        Check(stopFilingChecked);
-        EndFiling;
-      end;
-      raise;
+      X := 200 + 200 * Link;
+      Filing.AddSeriesFrame(PointAt(X, 30, 0), PointAt(X, 470, 0), 'CKtZantoFrameRect', 80, 135, Frame,
+        1, 1);
     end;
+  finally
+    Frame.Free;
+  end;
+end;
+
+procedure EndFiling(Filing: TFiling);
+begin
+  Filing.EndFiling('B12', '2025', 1, 42);
+end;
+
+procedure WriteDrawing(const Path: UnicodeString; Links: Integer);
+var
+  Filing: TFiling;
+begin
+  Filing := TFiling.Create(Path);
+  try
+    Add(Filing, Outline);
+    Add(Filing, Title);
+    Add(Filing, BottomBar);
+    AddLinks(Filing, Links);
+    try
+      EndFiling(Filing);
+    except
+      on Error: EQuorvan do
+      begin
+        if Error.Number = BadSeries then
+        begin
+          Filing.LeaveOutTheRest;
+          EndFiling(Filing);
+        end;
+        raise;
+      end;
+    end;
+  finally
+    Filing.Free;
   end;
 end;
 
@@ -93,7 +148,7 @@ begin
   if ParamCount = 2 then
     Links := StrToInt(ParamStr(2));
   try
-    WriteDrawing(ParamStr(1), Links);
+    WriteDrawing(UnicodeString(ParamStr(1)), Links);
   except
     on Error: EQuorvan do
     begin

@@ -3,50 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include <tests/callers/run_program.h>
 #include <tests/support/saved_elements.h>
 #include <tests/support/saved_file.h>
-
-#ifdef _WIN32
-#include <process.h>
-#else
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 namespace quorvan::test {
 namespace {
 
 constexpr int kSkipped = 77;
-constexpr const char* kErrors = "errors.txt";
-
-// Runs the command in the current folder; what it says goes to kErrors. -1 for one that did not end
-// by itself.
-int run(const std::vector<std::string>& command) {
-  std::vector<const char*> arguments;
-  for (const std::string& argument : command) {
-    arguments.push_back(argument.c_str());
-  }
-  arguments.push_back(nullptr);
-#ifdef _WIN32
-  return static_cast<int>(_spawnv(_P_WAIT, arguments.front(), arguments.data()));
-#else
-  const pid_t child = fork();
-  if (child == 0) {
-    const int errors = open(kErrors, O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    dup2(errors, STDERR_FILENO);
-    execv(arguments.front(), const_cast<char* const*>(arguments.data()));
-    _exit(127);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-#endif
-}
 
 std::string beam() {
   return fileBytes(QUORVAN_TEST_DATA "/callers/beam.xml");
@@ -68,13 +37,13 @@ std::vector<Caller> callers() {
   all.push_back({"Cpp", {QUORVAN_WRITE_DRAWING_CPP}});
   all.push_back({"Python", {QUORVAN_PYTHON, QUORVAN_WRITE_DRAWING_PY, QUORVAN_LIBRARY}});
 #endif
-#ifdef QUORVAN_WRITE_DRAWING_CSHARP
+#ifdef QUORVAN_DRAWING_CSHARP
   all.push_back({"CSharp",
                  {"/usr/bin/env", QUORVAN_LIBRARY_PATH, QUORVAN_CSHARP_RUNTIME,
-                  QUORVAN_WRITE_DRAWING_CSHARP}});
+                  QUORVAN_DRAWING_CSHARP "WriteDrawing.exe"}});
 #endif
-#ifdef QUORVAN_WRITE_DRAWING_PASCAL
-  all.push_back({"Pascal", {QUORVAN_WRITE_DRAWING_PASCAL}});
+#ifdef QUORVAN_DRAWING_PASCAL
+  all.push_back({"Pascal", {QUORVAN_DRAWING_PASCAL "write_drawing"}});
 #endif
 #ifdef QUORVAN_WRITE_DRAWING_NODE
   all.push_back({"Node",
@@ -92,17 +61,14 @@ class Callers : public testing::TestWithParam<Caller> {
     }
     // Of its own: the tests run side by side.
     const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
-    const std::string folder = "caller-" + test.substr(0, test.find('/')) + GetParam().language;
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directory(folder);
-    std::filesystem::current_path(folder);
+    m_folder.emplace("caller-" + test.substr(0, test.find('/')) + GetParam().language);
   }
 
   static int write(const std::string& file, const std::vector<std::string>& more = {}) {
     std::vector<std::string> command = GetParam().command;
     command.push_back(file);
     command.insert(command.end(), more.begin(), more.end());
-    return run(command);
+    return runProgram(command);
   }
 
   // What the host said, where it can be looked at.
@@ -113,11 +79,7 @@ class Callers : public testing::TestWithParam<Caller> {
   }
 
  private:
-  // Every test begins in the same folder.
-  struct Folder {
-    std::filesystem::path before = std::filesystem::current_path();
-    ~Folder() { std::filesystem::current_path(before); }
-  } m_folder;
+  std::optional<OwnFolder> m_folder;
 };
 
 TEST_P(Callers, WriteTheDrawing) {
@@ -144,7 +106,7 @@ TEST_P(Callers, SurviveAFullDisk) {
                                       "full"};
   command.insert(command.end(), GetParam().command.begin(), GetParam().command.end());
   command.emplace_back("full/beam.xml");
-  const int result = run(command);
+  const int result = runProgram(command);
   if (result == kSkipped) {
     GTEST_SKIP() << "no file system can be mounted here: " << fileBytes(kErrors);
   }
@@ -157,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, Callers, testing::ValuesIn(callers()),
                          [](const auto& run) { return std::string(run.param.language); });
 
 TEST(LibraryLoading, ALibraryThatIsNotThereIsNamed) {
-  EXPECT_EQ(run({QUORVAN_WRITE_DRAWING, "./no-such-library", "none.xml"}), 1);
+  EXPECT_EQ(runProgram({QUORVAN_WRITE_DRAWING, "./no-such-library", "none.xml"}), 1);
   EXPECT_EQ(fileBytes("none.xml"), "");
 }
 

@@ -115,7 +115,8 @@ void exportSomething(Random& random) {
   if (kind < 8) {
     exportGraphic(random);
   } else if (kind < 17) {
-    exportOneBar(random.below(9), Bar(random));
+    const int ofBar = random.below(9);
+    exportOneBar(ofBar, Bar(random));
   } else if (kind < 19) {
     pushSeries(random, Bar(random));
   } else if (random.oneIn(2)) {
@@ -153,8 +154,11 @@ void runHostScript(Random& random, Transcript& transcript) {
       return 0;
     });
   }
+  // One after the other: compilers differ in which argument they evaluate first.
+  const long servicePack = randomLong(random);
+  const CString drawingName = randomText(random);
   transcript.attempt("endFiling", [&] {
-    endFiling(L"2025", randomLong(random), randomText(random), 42);
+    endFiling(L"2025", servicePack, drawingName, 42);
     return 0;
   });
   transcript.savedFile("host.xml");

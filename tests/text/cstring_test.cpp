@@ -205,7 +205,7 @@ TEST(CString, GrowsPieceByPiece) {
   CString text;
   std::wstring expected;
   for (int i = 0; i < 5000; ++i) {
-    const auto unit = static_cast<wchar_t>(L'a' + i % 26);
+    const auto unit = static_cast<wchar_t>('a' + i % 26);
     text += unit;
     expected += unit;
   }

@@ -24,9 +24,9 @@ TEST(XmlText, ControlCharactersAreReplaced) {
   for (wchar_t control = 0; control < 0x20; ++control) {
     const wchar_t text[] = {L'a', control, L'b'};
     const bool carried = control == L'\t' || control == L'\n' || control == L'\r';
-    EXPECT_EQ(isXmlText({text, 3}), carried) << int{control};
+    EXPECT_EQ(isXmlText({text, 3}), carried) << static_cast<int>(control);
     const wchar_t expected[] = {L'a', carried ? control : L'\uFFFD', L'b'};
-    EXPECT_EQ(toXmlText({text, 3}), std::wstring_view(expected, 3)) << int{control};
+    EXPECT_EQ(toXmlText({text, 3}), std::wstring_view(expected, 3)) << static_cast<int>(control);
   }
   EXPECT_TRUE(isXmlText(L"\x7F\x80\x9F"sv));
 }
