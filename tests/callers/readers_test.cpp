@@ -71,9 +71,12 @@ TEST_P(Readers, ListEveryItemOfEveryClass) {
   EXPECT_EQ(fileBytes(kOutput), fileBytes(dataPath("callers/small_drawing.txt")));
 }
 
-TEST_P(Readers, TellWhatIsMissingAndOfAnotherKind) {
-  ASSERT_EQ(read({dataPath("callers/odd_drawing.xml")}), 0) << fileBytes(kErrors);
+TEST_P(Readers, TellWhatIsMissingAndOfAnotherKindAndLeaveTheFileAsItIs) {
+  const std::string odd = fileBytes(dataPath("callers/odd_drawing.xml"));
+  writeBytes("odd.xml", odd);
+  ASSERT_EQ(read({"odd.xml"}), 0) << fileBytes(kErrors);
   EXPECT_EQ(fileBytes(kOutput), fileBytes(dataPath("callers/odd_drawing.txt")));
+  EXPECT_EQ(fileBytes("odd.xml"), odd);
 }
 
 TEST_P(Readers, FileAgainWhatTheyHaveRead) {

@@ -111,6 +111,18 @@ class Reading(unittest.TestCase):
                          [bar.point1 for bar in drawing.bars() if hasattr(bar, "point1")])
         self.assertEqual(len(quorvan.read_bytes(b"<Document/>").to_dataframe()), 0)
 
+    def test_a_file_that_is_read_stays_as_it_is(self):
+        for content in (b"<Document ><CKtZantoLine index = '1'/></Document >\n", b"<Document>"):
+            with tempfile.TemporaryDirectory() as folder:
+                path = Path(folder) / "drawing.xml"
+                path.write_bytes(content)
+                try:
+                    quorvan.read(path)
+                except quorvan.QuorvanError:
+                    self.assertEqual(content, b"<Document>")
+                self.assertEqual(path.read_bytes(), content)
+                self.assertEqual(list(path.parent.iterdir()), [path])
+
     def test_errors_are_exceptions(self):
         with self.assertRaises(FileNotFoundError):
             quorvan.read("missing.xml")

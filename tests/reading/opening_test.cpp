@@ -1,11 +1,15 @@
 // Opening a drawing: why it fails, and that the file is never changed.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 #include <tests/reading/reading_file.h>
 #include <tests/support/saved_file.h>
+#include <quorvan/reading/reader.h>
 
 namespace quorvan::test {
 namespace {
@@ -136,6 +140,48 @@ TEST_F(Opening, AFileIsTheSameAfterEveryWayOfLeavingIt) {
     EXPECT_EQ(fileBytes(kPath), kForeignForm) << way;
     EXPECT_EQ(std::filesystem::last_write_time(kPath), time) << way;
   }
+}
+
+// Every way out of the typed view, also one that an exception takes.
+TEST_F(Opening, AFileIsTheSameAfterEveryWayOfLeavingItsTypedView) {
+  const std::array<void (*)(), 5> ways = {
+      [] { const Reader reader(kPath); },
+      [] {
+        Reader reader(kPath);
+        for (const auto& line : reader.elements<drawing::Line>()) {
+          EXPECT_EQ(line.point1.y, 2);
+          break;
+        }
+      },
+      [] {
+        Reader reader(kPath);
+        int elements = 0;
+        visit(reader, [&](const auto&) { ++elements; });
+        EXPECT_EQ(elements, 1);
+      },
+      [] {
+        Reader reader(kPath);
+        EXPECT_THROW(visit(reader, [](const auto&) { throw std::logic_error("the reader's own"); }),
+                     std::logic_error);
+      },
+      [] {
+        Reader reader(kPath);
+        const Reader moved = std::move(reader);
+        ReadFailure failure;
+        const auto other = Reader::open(kPath, failure);
+        EXPECT_TRUE(other.has_value());
+      },
+  };
+  writeBytes(kPath, kForeignForm);
+  const auto time = std::filesystem::last_write_time(kPath);
+  for (const auto& way : ways) {
+    way();
+    EXPECT_EQ(fileBytes(kPath), kForeignForm);
+    EXPECT_EQ(std::filesystem::last_write_time(kPath), time);
+  }
+  writeBytes(kPath, "<Document>");
+  EXPECT_THROW(Reader{kPath}, ReadError);
+  EXPECT_EQ(fileBytes(kPath), "<Document>");
 }
 
 TEST_F(Opening, AMalformedFileIsTheSameAfterwards) {
