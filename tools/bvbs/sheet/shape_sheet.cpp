@@ -8,6 +8,7 @@
 
 #include <tools/bvbs/bent_shape.h>
 #include <tools/draw/bar_list/shape_sketch.h>
+#include <tools/draw/scene/plain_shapes.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool::bvbs {
@@ -26,28 +27,9 @@ constexpr double kBarWidth = 0.7;
 constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr Color kShapeInk{0, 0, 0};
 
-Shape textShape(std::string text, PlanePoint at, double height, AlignX align) {
-  Shape shape = {};
-  shape.layer = Layer::kTexts;
-  shape.kind = Shape::Kind::kText;
-  shape.style.color = kShapeInk;
-  shape.style.isFilled = true;
-  shape.lettering.text = std::move(text);
-  shape.lettering.at = at;
-  shape.lettering.height = height;
-  shape.lettering.alignX = align;
-  shape.lettering.alignY = AlignY::kMiddle;
-  return shape;
-}
-
-Shape lineShape(Path path, double width) {
-  Shape shape = {};
-  shape.layer = Layer::kBars;
-  shape.kind = Shape::Kind::kPath;
-  shape.style.color = kShapeInk;
-  shape.style.width = width;
-  shape.path = std::move(path);
-  return shape;
+Shape shapeText(std::string text, PlanePoint at, double height = kShapeLettering,
+                AlignX align = AlignX::kCentre) {
+  return textShape({std::move(text), at, height, 0.0, align, AlignY::kMiddle}, kShapeInk);
 }
 
 PlanePoint middleOfCell() {
@@ -93,8 +75,8 @@ class ArcDrawing {
     const PlanePoint by = middleOfCell() - (m_least + m_most) * (0.5 * factor);
     m_texts.clear();
     std::vector<Shape> shapes;
-    Shape line = lineShape(follow(factor), kBarWidth);
-    shapes.push_back(placed(line, 1.0, by));
+    shapes.push_back(
+        placed(lineShape(Layer::kBars, kShapeInk, kBarWidth, follow(factor)), 1.0, by));
     for (const Shape& text : m_texts) {
       shapes.push_back(placed(text, 1.0, by));
     }
@@ -145,7 +127,7 @@ class ArcDrawing {
   }
 
   void addText(std::string text, PlanePoint at) {
-    m_texts.push_back(textShape(std::move(text), at, kShapeLettering, AlignX::kCentre));
+    m_texts.push_back(shapeText(std::move(text), at));
     m_texts.back().style.isOnPaper = true;
   }
 
@@ -162,7 +144,7 @@ class ArcDrawing {
 };
 
 std::vector<Shape> sayInstead(std::string text) {
-  return {textShape(std::move(text), middleOfCell(), kShapeLettering, AlignX::kCentre)};
+  return {shapeText(std::move(text), middleOfCell())};
 }
 
 std::vector<Shape> meshShapes(const Record& record) {
@@ -183,8 +165,8 @@ std::vector<Shape> meshShapes(const Record& record) {
   path.close();
   std::string text = std::string(record.header('m')) + "  " + rounded(*length, 1) + " \u00D7 " +
                      rounded(*width, 1);
-  return {lineShape(std::move(path), kBarWidth / 2.0),
-          textShape(std::move(text), center, kShapeLettering, AlignX::kCentre)};
+  return {lineShape(Layer::kBars, kShapeInk, kBarWidth / 2.0, std::move(path)),
+          shapeText(std::move(text), center)};
 }
 
 std::vector<Shape> barShapes(const Record& record, const Block& geometry) {
@@ -247,7 +229,7 @@ Scene shapeSheet(const std::vector<Record>& records) {
     }
     const PlanePoint caption{corner.x, corner.y + kSketchHeight + kCaption / 2.0};
     scene.shapes.push_back(
-        textShape(captionOf(records[i]), caption, kCaptionLettering, AlignX::kLeft));
+        shapeText(captionOf(records[i]), caption, kCaptionLettering, AlignX::kLeft));
   }
   std::ranges::stable_sort(scene.shapes, {}, &Shape::layer);
   return scene;

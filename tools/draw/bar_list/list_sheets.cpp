@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <tools/draw/bar_list/shape_sketch.h>
+#include <tools/draw/scene/plain_shapes.h>
 #include <tools/draw/scene/text_width.h>
 #include <tools/schedule/list_tables.h>
 
@@ -235,31 +236,19 @@ class Sheets {
   }
 
   void addRule(double y, double right) {
-    Shape shape = {};
-    shape.layer = Layer::kLines;
-    shape.kind = Shape::Kind::kPath;
-    shape.style.color = kRule;
-    shape.style.width = 0.15;
-    shape.path.moveTo({kSheetMargin, y});
-    shape.path.lineTo({right, y});
-    m_pages.back().shapes.push_back(std::move(shape));
+    constexpr double kRuleWidth = 0.15;
+    Path path;
+    path.moveTo({kSheetMargin, y});
+    path.lineTo({right, y});
+    m_pages.back().shapes.push_back(lineShape(Layer::kLines, kRule, kRuleWidth, std::move(path)));
   }
 
   void addText(PlanePoint at, std::string text, double height = kListLettering,
                AlignX align = AlignX::kLeft) {
-    if (text.empty()) {
-      return;
+    if (!text.empty()) {
+      m_pages.back().shapes.push_back(
+          textShape({std::move(text), at, height, 0.0, align, AlignY::kBase}, kListInk));
     }
-    Shape shape = {};
-    shape.layer = Layer::kTexts;
-    shape.kind = Shape::Kind::kText;
-    shape.style.color = kListInk;
-    shape.style.isFilled = true;
-    shape.lettering.text = std::move(text);
-    shape.lettering.at = at;
-    shape.lettering.height = height;
-    shape.lettering.alignX = align;
-    m_pages.back().shapes.push_back(std::move(shape));
   }
 
   void number() {

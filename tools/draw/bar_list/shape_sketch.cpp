@@ -5,6 +5,7 @@
 #include <numbers>
 #include <utility>
 
+#include <tools/draw/scene/plain_shapes.h>
 #include <tools/draw/scene/text_width.h>
 #include <tools/text/number_text.h>
 
@@ -321,35 +322,14 @@ class Sketch {
   }
 
   void addPath(Path path) {
-    Shape shape = {};
-    shape.layer = Layer::kBars;
-    shape.kind = Shape::Kind::kPath;
-    shape.style.color = kSketchInk;
-    shape.style.width = kSketchBar;
-    shape.path = std::move(path);
-    m_scene.shapes.push_back(std::move(shape));
+    m_scene.shapes.push_back(lineShape(Layer::kBars, kSketchInk, kSketchBar, std::move(path)));
   }
 
   void addCircle(PlanePoint center, double radius, bool isFilled) {
-    Shape shape = {};
-    shape.layer = Layer::kEndOn;
-    shape.kind = Shape::Kind::kCircle;
-    shape.style.color = kSketchInk;
-    shape.style.isFilled = isFilled;
-    shape.center = center;
-    shape.radius = radius;
-    m_scene.shapes.push_back(std::move(shape));
+    m_scene.shapes.push_back(circleShape(Layer::kEndOn, kSketchInk, center, radius, isFilled));
   }
 
-  void addText(Lettering text) {
-    Shape shape = {};
-    shape.layer = Layer::kTexts;
-    shape.kind = Shape::Kind::kText;
-    shape.style.color = kSketchInk;
-    shape.style.isFilled = true;
-    shape.lettering = std::move(text);
-    m_scene.shapes.push_back(std::move(shape));
-  }
+  void addText(Lettering text) { m_scene.shapes.push_back(textShape(std::move(text), kSketchInk)); }
 
   const BarRow& m_row;
   const BentBar& m_bent;
