@@ -166,11 +166,16 @@ double BentShape::legSum() const noexcept {
 }
 
 double BentShape::straightOf(std::size_t leg, double diameter, double roller) const noexcept {
+  // Legs are outside dimensions, arcs are of the axis.
+  const auto shareOf = [&](double bend) {
+    return legs[leg].isArc ? bendShare(bend, 0.0, roller + diameter)
+                           : bendShare(bend, diameter, roller);
+  };
   double straight = legs[leg].legLength();
   if (leg > 0) {
-    straight -= bendShare(legs[leg - 1].bend, diameter, roller);
+    straight -= shareOf(legs[leg - 1].bend);
   }
-  return straight - bendShare(legs[leg].bend, diameter, roller);
+  return straight - shareOf(legs[leg].bend);
 }
 
 double BentShape::centreLine(double diameter, double roller) const noexcept {
