@@ -73,6 +73,12 @@ std::string repartition(std::size_t index, const std::string& className, std::si
                      className + R"("/><Index long="1"/><Hidden string="False"/>)");
 }
 
+std::string formwork(std::size_t index, std::size_t x, std::size_t width) {
+  return element("CKtZantoFormwork", index,
+                 "<Vector size=\"2\">" + point("Point1", x, 0) + point("Point2", x + width, 400) +
+                     point("Bulge1", 0, 0) + "</Vector>");
+}
+
 std::string repeated(std::size_t count, const auto& make) {
   std::string all;
   for (std::size_t i = 1; i <= count; ++i) {
@@ -123,6 +129,21 @@ const std::vector<DrawingShape>& programShapes() {
       {"hidden bars", 300,
        [](std::size_t n) {
          return repeated(n, [](std::size_t i) { return straightBar(i, i, i, true); });
+       }},
+      {"equal bars", 300,
+       [](std::size_t n) {
+         return repeated(n, [](std::size_t i) { return straightBar(i, 0, 1, false); });
+       }},
+      {"bars among formwork", 300,
+       [](std::size_t n) {
+         return repeated(n, [](std::size_t i) {
+           return formwork(i, 40 * i, 0) + straightBar(i, 40 * i + 20, i, false);
+         });
+       }},
+      {"bars on formwork of one place", 300,
+       [](std::size_t n) {
+         return repeated(
+             n, [](std::size_t i) { return formwork(i, 0, 500) + straightBar(i, 20, i, false); });
        }},
       {"a bar of many points", 2000, [](std::size_t n) { return polygonBar(1, n, false); }},
       {"series of one bar", 200,

@@ -32,6 +32,7 @@ const std::vector<std::string> kCommands[] = {
     {"bars", "shape.xml"},
     {"bars", "shape.xml", "--json"},
     {"check", "shape.xml"},
+    {"check", "shape.xml", "--rules", "ec2,bs8666", "--cover", "30", "--angles", "deg"},
     {"check", "shape.xml", "--repair", "-o", "mended.xml"},
     {"draw", "shape.xml", "-o", "shape.svg"},
     {"draw", "shape.xml", "-o", "shape.html", "--marks", "all"},

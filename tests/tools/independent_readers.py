@@ -134,6 +134,10 @@ def check_json(shop):
         [shop.program, "check", "--json", *shop.files, broken, malformed],
         capture_output=True, check=False)
     schemas["check"].validate(read_twice(findings.stdout))
+    detailing = subprocess.run(
+        [shop.program, "check", "--json", "--rules", "bs8666", *shop.files],
+        capture_output=True, check=False)
+    schemas["check"].validate(read_twice(detailing.stdout))
     differences = subprocess.run(
         [shop.program, "diff", "--json", shop.files[0], shop.files[1]],
         capture_output=True, check=False)

@@ -34,6 +34,12 @@ class Bender {
 
   void bendAll() {
     lengthenHooks();
+    for (std::size_t i = 0; i < m_bent.legs.size(); ++i) {
+      m_bent.legs[i].room = m_bent.legs[i].axis;
+      for (const Bend* const bend : around(i)) {
+        m_bent.legs[i].room -= reachOf(*bend);
+      }
+    }
     giveRoom();
     for (std::size_t i = 0; i < m_bent.legs.size(); ++i) {
       Leg& leg = m_bent.legs[i];
@@ -77,10 +83,7 @@ class Bender {
     constexpr double kTolerance = 1e-9;
     std::vector<double> shares(m_bent.bends.size(), 1.0);
     for (std::size_t i = 0; i < m_bent.legs.size(); ++i) {
-      double wanted = 0.0;
-      for (const Bend* const bend : around(i)) {
-        wanted += reachOf(*bend);
-      }
+      const double wanted = m_bent.legs[i].axis - m_bent.legs[i].room;
       if (!(wanted > m_bent.legs[i].axis * (1.0 + kTolerance))) {
         continue;
       }

@@ -26,6 +26,7 @@ struct Leg {
   double axis = 0.0;       // from corner to corner, as the file has it
   double outside = 0.0;    // over everything; beyond a right angle to the outermost point of a bend
   double straight = 0.0;   // between the bends
+  double room = 0.0;       // the same over the full roller: below 0 where bends have too little
   bool isArc = false;      // the turns of a circular frame
   bool isLeft = true;      // the side to which an arc goes, as that of a bend
   bool isUnknown = false;  // the width of a stirrup: as narrow as the bends allow

@@ -11,6 +11,7 @@ namespace {
 constexpr double kNoTurn = 1e-4;  // radians: goes on in the same direction
 constexpr double kFlat = 1e-6;    // of the bar's size: lies in a plane
 constexpr double kQuarterTurn = std::numbers::pi / 2.0;
+constexpr double kOneDegree = std::numbers::pi / 180.0;
 
 Coordinates operator-(const Coordinates& a, const Coordinates& b) {
   return {a.x - b.x, a.y - b.y, a.z - b.z};
@@ -197,6 +198,58 @@ CornerLine frameLine(const Bar& bar) {
   return line;
 }
 
+// A corner that bending does not show joins the legs on its sides.
+CornerLine withoutSlightCorners(const CornerLine& line) {
+  CornerLine result;
+  result.course = line.course;
+  for (std::size_t i = 0; i < line.legs.size(); ++i) {
+    if (i > 0 && line.corners[i - 1].angle < kOneDegree) {
+      result.legs.back() += line.legs[i];
+      continue;
+    }
+    if (i > 0) {
+      result.corners.push_back(line.corners[i - 1]);
+    }
+    result.legs.push_back(line.legs[i]);
+  }
+  return result;
+}
+
+// Which of the corners, hooks left out, turn to the side of the first of them.
+std::vector<bool> sidesOf(const std::vector<Corner>& corners) {
+  std::vector<bool> sides;
+  for (const Corner& corner : corners) {
+    if (!corner.isHook) {
+      sides.push_back(corner.isLeft);
+    }
+  }
+  if (!sides.empty() && !sides.front()) {
+    sides.flip();
+  }
+  return sides;
+}
+
+double wayOf(const CornerLine& line) {
+  double way = 0.0;
+  for (const double leg : line.legs) {
+    way += leg;
+  }
+  return way;
+}
+
+bool readAlike(const CornerLine& one, const CornerLine& other) {
+  constexpr double kTolerance = 1e-3;  // of the way
+  const double way = std::max(wayOf(one), wayOf(other));
+  const auto isNear = [way](double a, double b) { return std::abs(a - b) <= kTolerance * way; };
+  return std::ranges::equal(one.legs, other.legs, isNear) &&
+         std::ranges::equal(one.corners, other.corners,
+                            [](const Corner& a, const Corner& b) {
+                              return std::abs(a.angle - b.angle) <= kOneDegree;
+                            }) &&
+         (!one.course.empty() || !other.course.empty() ||
+          sidesOf(one.corners) == sidesOf(other.corners));
+}
+
 CornerLine stirrupLine(const Bar& bar) {
   const double length = distance(bar.line[0], bar.line[1]);
   CornerLine line;
@@ -221,6 +274,17 @@ CornerLine cornerLineOf(const Bar& bar, AngleUnit angles) {
   addHook(line, first, true);
   addHook(line, last, false);
   return line;
+}
+
+bool areAlike(const CornerLine& one, const CornerLine& other) {
+  const CornerLine forwards = withoutSlightCorners(one);
+  CornerLine second = withoutSlightCorners(other);
+  if (readAlike(forwards, second)) {
+    return true;
+  }
+  std::ranges::reverse(second.legs);
+  std::ranges::reverse(second.corners);
+  return readAlike(forwards, second);
 }
 
 }  // namespace quorvan::tool

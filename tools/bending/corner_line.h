@@ -27,4 +27,9 @@ struct CornerLine {
 /// rectangle whose width is 0.
 CornerLine cornerLineOf(const Bar& bar, AngleUnit angles);
 
+/// Whether the two are the same shape, from whichever end and side they are seen: legs within a
+/// thousandth of the way, turns within a degree. To which side hooks are bent does not count,
+/// because a bar in plan does not say it; nor do corners of less than a degree.
+bool areAlike(const CornerLine& one, const CornerLine& other);
+
 }  // namespace quorvan::tool

@@ -10,10 +10,6 @@ namespace quorvan::tool {
 
 namespace {
 
-bool isError(const ItemProblem& problem) {
-  return findingKindOf(problem.kind).severity == Severity::kError;
-}
-
 // Takes the elements through all rules.
 class Checker {
  public:
@@ -26,7 +22,9 @@ class Checker {
         m_index(file, m_sink),
         m_hidden(file, m_sink),
         m_references(file, m_sink),
-        m_seriesViews(file, m_sink) {}
+        m_equalBars(file, m_sink),
+        m_seriesViews(file, m_sink),
+        m_degenerateSeries(m_sink) {}
 
   void check(Progress& progress) {
     checkDocument(m_file, m_sink);
@@ -35,6 +33,7 @@ class Checker {
       checkElement(element);
     }
     m_seriesViews.report();
+    m_degenerateSeries.report();
     checkControl(m_file, m_sink);
   }
 
@@ -50,19 +49,22 @@ class Checker {
     const std::vector<ItemValue>& items = m_reader.read(element, &m_problems);
     reportProblems(element, m_problems, m_sink);
     checkTexts(element, items, m_sink);
-    // What the drawing says is looked at where the items are whole.
-    if (std::ranges::any_of(m_problems, isError)) {
+    if (!areWhole(m_problems)) {
       return;
     }
+    if (element.is(items::ElementClass::kRepartition)) {
+      checkRepartition(m_elements, element, items, m_sink);
+      m_seriesViews.look(element, toRepartition(items));
+      m_degenerateSeries.look(element, items);
+      return;
+    }
+    m_degenerateSeries.lookAtSize(items);
     if (const auto shape = barShapeOf(element)) {
       const Bar bar = toBar(*shape, items);
       m_hidden.look(element, bar);
       m_references.look(element, items, bar);
+      m_equalBars.look(element, bar);
       checkDiameter(element, items, bar, m_sizes, m_sink);
-    } else if (element.is(items::ElementClass::kRepartition)) {
-      const Repartition series = toRepartition(items);
-      checkRepartition(m_elements, element, items, m_sink);
-      m_seriesViews.look(element, series);
     }
   }
 
@@ -74,7 +76,9 @@ class Checker {
   IndexRule m_index;
   HiddenBarRule m_hidden;
   ReferenceRule m_references;
+  EqualBarRule m_equalBars;
   SeriesViewRule m_seriesViews;
+  DegenerateSeriesRule m_degenerateSeries;
   std::vector<ItemProblem> m_problems;
 };
 
@@ -97,10 +101,7 @@ std::vector<Finding> checkFile(const TransferFile& file, const StandardSizes& si
       finding.mend = {};
     }
   }
-  std::ranges::stable_sort(findings, [](const Finding& a, const Finding& b) {
-    return std::pair(a.position.line, a.position.column) <
-           std::pair(b.position.line, b.position.column);
-  });
+  sortByPlace(findings);
   return findings;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,6 +104,14 @@ inline constexpr FindingKind kSeriesSeenTwice{
     507, Severity::kWarning, "repartitions of one mark that look like the same bars in two views",
     "none where both are meant; otherwise file the bars from one view alone, or count them with "
     "`quorvan bars --views once`"};
+inline constexpr FindingKind kEqualBars{508, Severity::kWarning, "bar that lies on an equal one",
+                                        "remove one of them in the producing program; none where "
+                                        "two layers are meant, which are better "
+                                        "drawn beside each other"};
+inline constexpr FindingKind kDegenerateSeries{
+    509, Severity::kWarning, "repartition that came out degenerate",
+    "transfer the drawing again with coordinates that are equal where they should be: those of "
+    "bars that differ by a hair put the line or the steps of their series anywhere"};
 inline constexpr FindingKind kControlMissing{
     601, Severity::kError, "no drawing control record",
     "transfer the drawing again; --repair adds an empty record"};
@@ -147,6 +156,8 @@ inline constexpr const FindingKind* kAll[] = {&kNotWellFormed,
                                               &kDiameter,
                                               &kNumericAdherence,
                                               &kSeriesSeenTwice,
+                                              &kEqualBars,
+                                              &kDegenerateSeries,
                                               &kControlMissing,
                                               &kControlNotLast,
                                               &kForbiddenCharacter,
@@ -181,6 +192,14 @@ inline Mend mendBy(Mend::Kind kind) {
   return mend;
 }
 
+/// What a rule of detailing says of a value that it finds too small or too large.
+struct Breach {
+  std::string clause;
+  double value = 0.0;
+  double limit = 0.0;
+  std::string remedy;  // what would satisfy the rule, in place of that of the kind
+};
+
 /// One finding and its place. Parts that do not apply are empty.
 struct Finding {
   const FindingKind* kind;
@@ -191,10 +210,32 @@ struct Finding {
   std::string found;
   std::string expected;
   Mend mend = {};
+  std::optional<Breach> breach = {};  // of a rule of detailing
 
+  [[nodiscard]] std::string_view remedy() const noexcept {
+    return breach ? std::string_view(breach->remedy) : kind->remedy;
+  }
   /// Whether a mended copy has it no more.
   [[nodiscard]] bool isRepairable() const noexcept { return mend.kind != Mend::Kind::kNone; }
 };
+
+/// A rule that was asked for and could not be held, or not against all that it is for.
+struct NotChecked {
+  const FindingKind* kind;
+  std::string reason;
+};
+
+/// What was found in one file.
+struct FileFindings {
+  std::string file;
+  std::vector<Finding> findings = {};
+  std::optional<std::vector<NotChecked>> notChecked = {};  // where rules were asked for
+
+  [[nodiscard]] std::int64_t count(Severity severity) const noexcept;
+};
+
+/// By their places; those at one place stay in their order.
+void sortByPlace(std::vector<Finding>& findings);
 
 /// "note", "warning", "error".
 std::string_view severityName(Severity severity) noexcept;

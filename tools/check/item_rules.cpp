@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <quorvan/text/utf8.h>
 
 #include <tools/check/rules.h>
@@ -62,6 +64,12 @@ const FindingKind& findingKindOf(ProblemKind problem) {
       return findings::kRepeatedItem;
   }
   return findings::kMissingItem;
+}
+
+bool areWhole(const std::vector<ItemProblem>& problems) {
+  return std::ranges::none_of(problems, [](const ItemProblem& problem) {
+    return findingKindOf(problem.kind).severity == Severity::kError;
+  });
 }
 
 void reportProblems(const Element& element, const std::vector<ItemProblem>& problems,

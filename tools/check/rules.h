@@ -10,9 +10,11 @@
 #include <unordered_map>
 #include <vector>
 
+#include <tools/bending/corner_line.h>
 #include <tools/check/checker.h>
 #include <tools/check/finding_sink.h>
 #include <tools/model/bar.h>
+#include <tools/model/extents.h>
 #include <tools/model/item_problem.h>
 #include <tools/model/item_value.h>
 #include <tools/model/repartition.h>
@@ -46,6 +48,9 @@ class IndexRule {
 };
 
 const FindingKind& findingKindOf(ProblemKind problem);
+
+/// Whether nothing that was met with is an error: what the drawing says is looked at only then.
+bool areWhole(const std::vector<ItemProblem>& problems);
 
 /// What reading the items met with.
 void reportProblems(const Element& element, const std::vector<ItemProblem>& problems,
@@ -81,15 +86,33 @@ class ReferenceRule {
     const Element* element;
     std::string steel;  // diameter, grade, adherence
     BarShape shape;
-    double length;  // 0 for a bar seen end-on
+    double length;    // 0 for a bar seen end-on
+    CornerLine line;  // none for a bar seen end-on and a circular frame
+    double radius;    // of a circular frame
   };
 
+  static bool haveOneLength(const Variant& a, const Variant& b);
   static bool areAlike(const Variant& a, const Variant& b);
-  static std::string describe(const Variant& variant);
+  static std::string describe(const Variant& variant, bool withLegs);
+  CornerLine lineOf(const Bar& bar);
 
   const TransferFile& m_file;
   FindingSink& m_sink;
+  std::optional<AngleUnit> m_angles;  // guessed where a hook asks for it
   std::unordered_map<std::int64_t, std::vector<Variant>, KeyedHash> m_marks;
+};
+
+/// Visible bars of one mark, steel and shape at one place, to a thousandth of the drawing's unit:
+/// the bar list counts them all.
+class EqualBarRule {
+ public:
+  EqualBarRule(const TransferFile& file, FindingSink& sink) : m_file(file), m_sink(sink) {}
+  void look(const Element& element, const Bar& bar);
+
+ private:
+  const TransferFile& m_file;
+  FindingSink& m_sink;
+  std::unordered_map<std::string, const Element*, KeyedHash> m_seen;
 };
 
 /// Diameters.
@@ -113,6 +136,32 @@ class SeriesViewRule {
   FindingSink& m_sink;
   RepeatedBars m_bars;
   ViewTwins m_twins;
+};
+
+/// Repartitions that noise in coordinates made: without any step, or with a point or distance a
+/// million times the drawing's size away.
+class DegenerateSeriesRule {
+ public:
+  explicit DegenerateSeriesRule(FindingSink& sink) : m_sink(sink) {}
+  void look(const Element& element, const std::vector<ItemValue>& items);
+  void lookAtSize(const std::vector<ItemValue>& items) { includeElement(m_drawing, items); }
+  void report() const;
+
+ private:
+  // A point of a repartition, or a list of distances.
+  struct Place {
+    const Element* element;
+    const std::string_view* item;
+    const Node* node;
+    Coordinates point;
+    std::optional<double> farthest;  // of the list
+  };
+
+  [[nodiscard]] double howFar(const Place& one) const;
+
+  FindingSink& m_sink;
+  std::optional<Extents> m_drawing;  // without repartitions
+  std::vector<Place> m_places;
 };
 
 }  // namespace quorvan::tool

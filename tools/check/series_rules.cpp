@@ -1,6 +1,10 @@
 #include <tools/check/rules.h>
 
 #include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include <tools/text/number_text.h>
 
 namespace quorvan::tool {
 
@@ -42,6 +46,54 @@ void SeriesViewRule::report() const {
                        nameOf(m_file, *first->element) + " in view " + std::to_string(view),
                    "the bars of a mark in one view");
       }
+    }
+  }
+}
+
+void DegenerateSeriesRule::look(const Element& element, const std::vector<ItemValue>& items) {
+  constexpr double kNoStep = 1e-6;
+  const Repartition series = toRepartition(items);
+  const std::vector<double> steps = series.spacings();
+  const auto isNone = [](double step) { return std::abs(step) < kNoStep; };
+  if (!steps.empty() && std::ranges::all_of(steps, isNone)) {
+    m_sink.add(findings::kDegenerateSeries, element, "Positions",
+               std::to_string(series.number()) + " bars with steps of 0", "a step between bars",
+               nodeOf(items, "Positions"));
+  }
+  for (const ItemValue& item : items) {
+    if (item.schema->kind == items::Kind::kPoint) {
+      m_places.push_back({&element, &item.schema->name, item.node, item.point, std::nullopt});
+    } else if (!item.numbers.empty()) {
+      double most = 0.0;
+      for (const double number : item.numbers) {
+        most = std::max(most, std::abs(number));
+      }
+      m_places.push_back({&element, &item.schema->name, item.node, {}, most});
+    }
+  }
+}
+
+double DegenerateSeriesRule::howFar(const Place& one) const {
+  return one.farthest.value_or(
+      distance(one.point, {std::midpoint(m_drawing->least.x, m_drawing->most.x),
+                           std::midpoint(m_drawing->least.y, m_drawing->most.y),
+                           std::midpoint(m_drawing->least.z, m_drawing->most.z)}));
+}
+
+void DegenerateSeriesRule::report() const {
+  constexpr double kTooFar = 1e6;  // times the drawing
+  const double size = m_drawing ? distance(m_drawing->least, m_drawing->most) : 0.0;
+  if (!(size > 0.0)) {
+    return;
+  }
+  const Element* told = nullptr;  // once a repartition
+  for (const Place& one : m_places) {
+    const double far = howFar(one);
+    if (far > kTooFar * size && one.element != told) {
+      told = one.element;
+      m_sink.add(findings::kDegenerateSeries, *one.element, *one.item,
+                 shortest(far) + " away in a drawing of " + rounded(size, 1),
+                 "less than a million times the drawing's size", one.node);
     }
   }
 }

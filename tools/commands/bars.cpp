@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <optional>
 
-#include <quorvan/text/numbers.h>
-
 #include <tools/commands/bending_data_options.h>
 #include <tools/commands/command_table.h>
+#include <tools/commands/measures.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/bar_list/list_page.h>
 #include <tools/draw/bar_list/list_sheets.h>
@@ -53,46 +51,11 @@ struct BarsArguments {
   bool withSemicolons = false;
 };
 
-const LengthUnit& unitNamed(std::string_view name) {
-  for (const LengthUnit& unit : kLengthUnits) {
-    if (unit.name == name) {
-      return unit;
-    }
-  }
-  throw Failure('"' + std::string(name) + "\" is not a unit; there are mm, cm, m");
-}
-
-// So many diameters ("5d") or millimetres ("60").
-struct Measure {
-  double diameters = 0.0;
-  double millimetres = 0.0;
-};
-
-std::optional<Measure> measureOf(const std::string& text) {
-  const bool isInDiameters = text.ends_with('d');
-  const std::string digits = isInDiameters ? text.substr(0, text.size() - 1) : text;
-  const bool isNumber = !digits.empty() && digits.size() < 10 &&
-                        digits.find_first_not_of("0123456789.") == std::string::npos &&
-                        std::ranges::count(digits, '.') <= 1 && digits != ".";
-  if (!isNumber) {
-    return std::nullopt;
-  }
-  const double value = parseDouble(digits);
-  return isInDiameters ? Measure{value, 0.0} : Measure{0.0, value};
-}
-
 BendingRules bendingRules(const BarsArguments& arguments) {
   BendingRules rules;
   rules.hooks = arguments.hooks == "straight" ? HookMeaning::kStraight : HookMeaning::kCorner;
   rules.ring = arguments.frameRadius == "inner" ? RingRadius::kInner : RingRadius::kAxis;
-  if (!arguments.mandrel.empty()) {
-    const auto measure = measureOf(arguments.mandrel);
-    if (!measure || measure->diameters + measure->millimetres <= 0.0) {
-      throw Failure('"' + arguments.mandrel +
-                    "\" is no roller; give its diameter as 5d or, in mm, as 60");
-    }
-    rules.mandrel = Mandrel{measure->diameters, measure->millimetres};
-  }
+  rules.mandrel = mandrelOf(arguments.mandrel);
   return rules;
 }
 
@@ -128,9 +91,7 @@ ListOptions listOptions(const BarsArguments& arguments) {
   options.byLength = arguments.byLength;
   options.bending = bendingRules(arguments);
   options.cutting = cuttingRules(arguments);
-  if (arguments.angles != "auto") {
-    options.angles = arguments.angles == "rad" ? AngleUnit::kRadians : AngleUnit::kDegrees;
-  }
+  options.angles = anglesNamed(arguments.angles);
   return options;
 }
 
@@ -150,19 +111,6 @@ ListWriting listWriting(const BarsArguments& arguments) {
     writing.csv.fields = CsvFields::kRaw;
   }
   return writing;
-}
-
-// Writes a file beside its place and then puts it there, so that it is whole or the old one.
-template <class Write>
-void writeFile(const std::string& name, Console& console, const Write& write) {
-  const WorkFolder folder(name, console);
-  std::ofstream out(folder.file(), std::ios::binary);
-  write(out);
-  out.close();
-  if (!out) {
-    throw Failure(name + ": cannot be written");
-  }
-  folder.moveToTarget();
 }
 
 // What a build without the library of a form says.
@@ -274,13 +222,7 @@ int listBars(const BarsArguments& arguments, Console& console) {
 }
 
 void addCountingOptions(CLI::App& command, BarsArguments& arguments, Run& run) {
-  CLI::Option* const unit =
-      command.add_option("--unit", arguments.unit, "Unit of the drawing's lengths: mm, cm or m")
-          ->capture_default_str();
-  run.words[unit] = {"mm", "cm", "m"};
-  oneOf(command.add_option("--angles", arguments.angles, "What angles are: auto, deg, rad"),
-        {"auto", "deg", "rad"}, run)
-      ->capture_default_str();
+  addUnitOptions(command, arguments.unit, arguments.angles, run);
   oneOf(command.add_option("--views", arguments.views,
                            "Repartitions that look like the same bars in several views: all of "
                            "them count, or once"),

@@ -1,7 +1,5 @@
 #include <tools/commands/bending_data_options.h>
 
-#include <fstream>
-
 #include <tools/bvbs/writing/bending_data.h>
 #include <tools/commands/command_table.h>
 #include <tools/files/work_folder.h>
@@ -86,14 +84,7 @@ int writeBendingData(const std::vector<const TransferFile*>& drawings, const Lis
   if (output.empty()) {
     writeRecords(data, console.out);
   } else {
-    const WorkFolder folder(output, console);
-    std::ofstream out(folder.file(), std::ios::binary);
-    writeRecords(data, out);
-    out.close();
-    if (!out) {
-      throw Failure(output + ": cannot be written");
-    }
-    folder.moveToTarget();
+    writeFile(output, console, [&data](std::ostream& out) { writeRecords(data, out); });
   }
   return report(data, list, console.err);
 }

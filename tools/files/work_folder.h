@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include <tools/console/console.h>
@@ -52,5 +53,19 @@ class WorkFolder {
   bool m_isFile;                   // or nothing as yet: what is put in place in one step
   TemporaryFolder m_folder;
 };
+
+/// Writes a file beside its place and then puts it there, so that it is whole or the old one.
+/// `write` is given the stream. Raises Failure.
+template <class Write>
+void writeFile(const std::string& name, Console& console, const Write& write) {
+  const WorkFolder folder(name, console);
+  std::ofstream out(folder.file(), std::ios::binary);
+  write(out);
+  out.close();
+  if (!out) {
+    throw Failure(name + ": cannot be written");
+  }
+  folder.moveToTarget();
+}
 
 }  // namespace quorvan::tool

@@ -12,6 +12,8 @@ namespace {
 
 class Box {
  public:
+  explicit Box(std::optional<Extents>& extents) : m_extents(extents) {}
+
   // A point without a finite place has no part in the extents.
   void add(const Coordinates& point) {
     if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) {
@@ -37,10 +39,8 @@ class Box {
          (segment.start.z + segment.end.z) / 2 + segment.bulge.z});
   }
 
-  [[nodiscard]] std::optional<Extents> take() const { return m_extents; }
-
  private:
-  std::optional<Extents> m_extents;
+  std::optional<Extents>& m_extents;
 };
 
 // The circle that the element is, if it is one.
@@ -78,8 +78,15 @@ void Extents::include(const Coordinates& point) {
   most = {std::max(most.x, point.x), std::max(most.y, point.y), std::max(most.z, point.z)};
 }
 
+void includeElement(std::optional<Extents>& extents, const std::vector<ItemValue>& items) {
+  Box box(extents);
+  if (!addCircle(items, box)) {
+    addPoints(items, box);
+  }
+}
+
 std::optional<Extents> extentsOf(const TransferFile& file) {
-  Box box;
+  std::optional<Extents> extents;
   ItemReader reader(file);
   for (const Element& element : file.elements()) {
     if (element.schema == nullptr) {
@@ -89,11 +96,9 @@ std::optional<Extents> extentsOf(const TransferFile& file) {
     if (element.is(items::ElementClass::kRepartition) && !toRepartition(items).hasLine()) {
       continue;
     }
-    if (!addCircle(items, box)) {
-      addPoints(items, box);
-    }
+    includeElement(extents, items);
   }
-  return box.take();
+  return extents;
 }
 
 }  // namespace quorvan::tool

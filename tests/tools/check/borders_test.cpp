@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <sstream>
 
 #include <tests/tools/drawn_elements.h>
@@ -180,7 +182,8 @@ std::string whole(const BarParts& parts) {
 }
 
 BarParts barOfLength(double length, int index = 1) {
-  return {.points = {{0, 0, 0}, {length, 0, 0}}, .index = index};
+  const double y = 100.0 * (index - 1);
+  return {.points = {{0, y, 0}, {length, y, 0}}, .index = index};
 }
 
 TEST(ToolCheckDiameters, AreThoseThatAreMade) {
@@ -256,6 +259,58 @@ TEST(ToolCheckReferences, AreOfOneShapeSteelAndDiameter) {
             Codes{502});
 }
 
+// A bar of three points, and another of the same mark.
+Codes codesOfTwo(const std::vector<Coordinates>& one, const std::vector<Coordinates>& other,
+                 const std::string& className = "LBar") {
+  BarParts first = {.className = className, .points = one};
+  BarParts second = {.className = className, .points = other, .index = 2};
+  return codesOf(whole(first) + whole(second));
+}
+
+TEST(ToolCheckReferences, AreOfOneShapeWhereTheLengthsAreEqual) {
+  const std::vector<Coordinates> bar = {{600, 0, 0}, {0, 0, 0}, {0, 1200, 0}};
+  EXPECT_EQ(codesOfTwo(bar, {{5900, 0, 0}, {5000, 0, 0}, {5000, 900, 0}}), Codes{502});
+  EXPECT_EQ(codesOfTwo(bar, {{5601.7, 0, 0}, {5000, 0, 0}, {5000, 1198.3, 0}}), Codes{})
+      << "a thousandth of the way";
+  EXPECT_EQ(codesOfTwo(bar, {{5601.9, 0, 0}, {5000, 0, 0}, {5000, 1198.1, 0}}), Codes{502});
+  EXPECT_EQ(codesOfTwo(bar, {{5000, 1200, 0}, {5000, 0, 0}, {5600, 0, 0}}), Codes{})
+      << "from the other end";
+  EXPECT_EQ(codesOfTwo(bar, {{4400, 0, 0}, {5000, 0, 0}, {5000, 1200, 0}}), Codes{})
+      << "seen from the other side";
+}
+
+TEST(ToolCheckReferences, TurnWithinADegree) {
+  const auto bentBy = [](double degrees) {
+    const double angle = degrees * std::numbers::pi / 180.0;
+    return std::vector<Coordinates>{
+        {600, 0, 0}, {0, 0, 0}, {-1200 * std::cos(angle), 1200 * std::sin(angle), 0}};
+  };
+  EXPECT_EQ(codesOfTwo(bentBy(90), bentBy(89.1)), Codes{});
+  EXPECT_EQ(codesOfTwo(bentBy(90), bentBy(88.9)), Codes{502});
+  EXPECT_EQ(codesOfTwo(bentBy(0.5), bentBy(0), "PolygonBar"), Codes{}) << "a slight corner is none";
+}
+
+TEST(ToolCheckReferences, TurnToOneSideOrTheOther) {
+  const std::vector<Coordinates> cup = {{0, 400, 0}, {0, 0, 0}, {800, 0, 0}, {800, 400, 0}};
+  const std::vector<Coordinates> step = {
+      {0, 2400, 0}, {0, 2000, 0}, {800, 2000, 0}, {800, 1600, 0}};
+  EXPECT_EQ(codesOfTwo(cup, cup, "PolygonBar"), Codes{508});
+  EXPECT_EQ(codesOfTwo(cup, step, "PolygonBar"), Codes{502});
+}
+
+TEST(ToolCheckReferences, OfRingsAreOfOneRadius) {
+  const auto ringOf = [](double radius, double overlap, int index) {
+    return whole({.className = "FrameCirc",
+                  .points = {{0, 500.0 * index, 0}, {radius, 500.0 * index, 0}},
+                  .radius = radius,
+                  .overlap = overlap,
+                  .index = index});
+  };
+  const double around = 2.0 * std::numbers::pi;
+  EXPECT_EQ(codesOf(ringOf(200, 100, 1) + ringOf(200, 100, 2)), Codes{});
+  EXPECT_EQ(codesOf(ringOf(200, 100, 1) + ringOf(190, 100 + 10 * around, 2)), Codes{502});
+}
+
 // Sixteen kinds of bar under one mark say enough.
 TEST(ToolCheckReferences, AreToldSoOftenAndNoMore) {
   std::string bars;
@@ -280,6 +335,43 @@ TEST(ToolCheckHiddenBars, AreFiledOnce) {
   EXPECT_EQ(codesWith([](BarParts& bar) { bar.isUp1 = false; }), Codes{});
   EXPECT_EQ(codesOf(whole(hidden) + whole(barOfLength(1000, 2)) + whole(barOfLength(1000, 3))),
             Codes{});
+}
+
+TEST(ToolCheckEqualBars, LieOnEachOther) {
+  const BarParts first = {
+      .points = {{0, 0, 0}, {1000, 50, 0}}, .hookLength1 = 100, .hookAngle1 = 90};
+  const auto codesWith = [&](auto change) {
+    BarParts other = first;
+    other.index = 2;
+    change(other);
+    return codesOf(whole(first) + whole(other));
+  };
+  const auto turn = [](BarParts& bar) {
+    std::ranges::reverse(bar.points);
+    std::swap(bar.hookLength1, bar.hookLength2);
+    std::swap(bar.hookAngle1, bar.hookAngle2);
+  };
+  EXPECT_EQ(codesWith([](BarParts&) {}), Codes{508});
+  EXPECT_EQ(codesWith(turn), Codes{508}) << "from the other end";
+  EXPECT_EQ(codesWith([](BarParts& bar) { std::ranges::reverse(bar.points); }), Codes{})
+      << "its hook is at the other end";
+  EXPECT_EQ(codesWith([](BarParts& bar) { bar.points[0].x = 0.0004; }), Codes{508});
+  EXPECT_EQ(codesWith([](BarParts& bar) { bar.points[0].x = 0.0006; }), Codes{});
+  EXPECT_EQ(codesWith([](BarParts& bar) { bar.points[0].z = bar.points[1].z = 40; }), Codes{});
+  EXPECT_EQ(codesWith([](BarParts& bar) { bar.mark = 2; }), Codes{});
+  EXPECT_EQ(codesWith([](BarParts& bar) { bar.isHidden = true; }), Codes{});
+}
+
+TEST(ToolCheckEqualBars, AreFoundOfEveryClassAndEachAfterTheFirst) {
+  const auto endOn = [](int index) {
+    return whole({.className = "PointBar", .points = {{5, 5, 0}}, .index = index});
+  };
+  EXPECT_EQ(codesOf(endOn(1) + endOn(2) + endOn(3)), (Codes{508, 508}));
+  const BarParts ring = {
+      .className = "FrameCirc", .points = {{0, 0, 0}, {200, 0, 0}}, .radius = 200, .overlap = 50};
+  BarParts other = ring;
+  other.index = 2;
+  EXPECT_EQ(codesOf(whole(ring) + whole(other)), Codes{508});
 }
 
 SeriesParts listsOf(std::size_t top, std::size_t bottom, std::size_t positions) {
@@ -315,6 +407,49 @@ TEST(ToolCheckSeries, RepeatABarThatIsThere) {
   EXPECT_EQ(codesWith([](SeriesParts& series) { series.index = -1; }), Codes{503});
   EXPECT_EQ(codesWith([](SeriesParts& series) { series.className = "Pin"; }), Codes{503});
   EXPECT_EQ(codesWith([](SeriesParts& series) { series.className = ""; }), Codes{503});
+}
+
+TEST(ToolCheckSeries, HaveAStep) {
+  const auto codesWith = [](std::vector<double> positions) {
+    SeriesParts parts = listsOf(positions.size() + 1, positions.size() + 1, 0);
+    parts.positions = std::move(positions);
+    return codesOf(whole(barOfLength(1000)) + test::seriesOf(parts));
+  };
+  EXPECT_EQ(codesWith({200}), Codes{});
+  EXPECT_EQ(codesWith({0}), Codes{509});
+  EXPECT_EQ(codesWith({0, 0, 0}), Codes{509});
+  EXPECT_EQ(codesWith({0, 0, 150}), Codes{}) << "bars that touch";
+  EXPECT_EQ(codesWith({}), Codes{}) << "a bar alone has no step";
+}
+
+TEST(ToolCheckSeries, OfBarsWithoutALineGiveAStepWithEveryBar) {
+  SeriesParts parts = listsOf(2, 2, 2);
+  const auto codes = [&] { return codesOf(whole(barOfLength(1000)) + test::seriesOf(parts)); };
+  parts.positions = {200, 0};
+  EXPECT_EQ(codes(), Codes{});
+  parts.positions = {0, 0};
+  EXPECT_EQ(codes(), Codes{509});
+}
+
+TEST(ToolCheckSeries, LieWhereTheDrawingIs) {
+  const auto codesWith = [](auto change) {
+    SeriesParts parts = listsOf(3, 3, 2);
+    change(parts);
+    return codesOf(whole(barOfLength(1000)) + test::seriesOf(parts));
+  };
+  EXPECT_EQ(codesWith([](SeriesParts& series) { series.end.x = 0.999e9; }), Codes{});
+  EXPECT_EQ(codesWith([](SeriesParts& series) { series.end.x = 1.001e9; }), Codes{509});
+  EXPECT_EQ(codesWith([](SeriesParts& series) { series.start.y = -1.001e9; }), Codes{509});
+  EXPECT_EQ(codesWith([](SeriesParts& series) { series.bottom[1] = 1.001e9; }), Codes{509});
+  EXPECT_EQ(codesWith([](SeriesParts& series) { series.end.x = series.start.x = 1e12; }),
+            Codes{509})
+      << "told once";
+}
+
+TEST(ToolCheckSeries, OfADrawingWithoutSizeLieAnywhere) {
+  SeriesParts parts = listsOf(3, 3, 2);
+  parts.end.x = 1e12;
+  EXPECT_EQ(codesOf(whole(barOfLength(0)) + test::seriesOf(parts)), Codes{});
 }
 
 TEST(ToolCheckSeries, OfOneMarkLieInOneView) {

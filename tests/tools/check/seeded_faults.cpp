@@ -10,14 +10,28 @@ namespace {
 
 const std::string kHiddenBar = R"(<CKtZantoStraightBar version="1" index="2">)";
 
-// The hidden bar of the sample once more.
-std::string withEqualBar() {
+// An element of the sample once more, with the next index.
+std::string again(const std::string& start, const std::string& end, const std::string& index,
+                  const std::string& next) {
   const std::string sample = sampleBytes();
-  const std::string end = "</CKtZantoStraightBar>";
-  const std::size_t begin = sample.find(kHiddenBar);
+  const std::size_t begin = sample.find(start);
   const std::string bar = sample.substr(begin, sample.find(end, begin) + end.size() - begin);
-  return replaced(bar, "index=\"2\"", "index=\"3\"");
+  return replaced(bar, index, next);
 }
+
+std::string withEqualBar() {
+  return again(kHiddenBar, "</CKtZantoStraightBar>", "index=\"2\"", "index=\"3\"");
+}
+
+std::string withBarOnTop() {
+  return again("<CKtZantoLBar", "</CKtZantoLBar>", "index=\"1\"", "index=\"2\"");
+}
+
+const std::string kSteps =
+    R"(<Positions1 double="200.0000000"/><Positions2 double="200.0000000"/>)"
+    R"(<Positions3 double="200.0000000"/><Positions4 double="250.0000000"/>)";
+const std::string kNoSteps = R"(<Positions1  double="0.0000000"/><Positions2 double="0.0000000"/>)"
+                             R"(<Positions3 double="0.0000000"/><Positions4 double="0.0000000"/>)";
 
 const SeededFault kFaults[] = {
     {101, "error", "</CKtZantoLine>", "</CKtZantoLin>", "CKtZantoLin>", "", "", "",
@@ -35,6 +49,8 @@ const SeededFault kFaults[] = {
     {106, "warning", R"(<Radius double="125.5000000"/>)",
      R"(<Radius double="125.5000000">far<!-- kept --></Radius>)", "far", "CKtZantoCircle", "",
      "Radius", "\"far\"", "elements and comments alone", true},
+    {106, "warning", "</CKtZantoCircle>", "</CKtZantoCircle>by hand", "by hand", "", "", "",
+     "\"by hand\"", "elements and comments alone", true},
     {201, "error", R"(<Radius double="125.5000000"/>)", "", "<CKtZantoCircle", "CKtZantoCircle",
      "1", "Radius", "", "the item \"Radius\"", false},
     {201, "error", R"(<Point2 X="4000.0000000" Y="-100.0000000" Z="0.0000000"/>)",
@@ -115,6 +131,11 @@ const SeededFault kFaults[] = {
     {506, "note", R"(<Adherence string="Ha"/>)", R"(<Adherence long="0"/>)",
      "<Adherence long=\"0\"", "CKtZantoStraightBar", "1", "Adherence", "long=\"0\"",
      "string=\"Ha\"", true},
+    {508, "warning", "</CKtZantoLBar>", "</CKtZantoLBar>" + withBarOnTop(),
+     R"(<CKtZantoLBar version="1" index="2">)", "CKtZantoLBar", "2", "",
+     "mark 2 at the place of CKtZantoLBar 1", "one of them", false},
+    {509, "warning", kSteps, kNoSteps, "<Positions size", "CKtZantoRepartition", "1", "Positions",
+     "5 bars with steps of 0", "a step between bars", false},
     {702, "warning", R"(<Contents string="300"/>)", R"(<Contents string="&#65533;300"/>)",
      "<Contents string=\"&#65533;", "CKtZantoText", "2", "Contents", "\"\uFFFD300\"",
      "a text without U+FFFD", false},

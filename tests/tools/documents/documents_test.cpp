@@ -16,6 +16,7 @@
 #include <tests/tools/tool_run.h>
 #include <tools/check/finding.h>
 #include <tools/commands/command_table.h>
+#include <tools/detailing/detailing_findings.h>
 #include <tools/documents/documents.h>
 #include <tools/model/item_value.h>
 
@@ -95,7 +96,11 @@ TEST(ToolDocuments, TheGuideHasTheCommandsOfTheTable) {
 
 TEST(ToolDocuments, ListEveryFindingWithItsSeverity) {
   const std::string document = projectFile("docs/tool.md");
-  for (const auto* const kind : quorvan::tool::findings::kAll) {
+  std::vector<const quorvan::tool::FindingKind*> kinds(std::begin(quorvan::tool::findings::kAll),
+                                                       std::end(quorvan::tool::findings::kAll));
+  kinds.insert(kinds.end(), std::begin(quorvan::tool::findings::kDetailing),
+               std::end(quorvan::tool::findings::kDetailing));
+  for (const auto* const kind : kinds) {
     const std::string row = "| " + std::to_string(kind->number) + " | " +
                             std::string(severityName(kind->severity)) + " | " +
                             std::string(kind->title);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <tuple>
 
 #include <tools/bvbs/checking/abs_findings.h>
 #include <tools/bvbs/checking/record_sink.h>
@@ -153,9 +152,7 @@ std::vector<Finding> checkBendingData(std::string_view bytes) {
       isToldOfLineEnds = true;
     }
   }
-  std::ranges::stable_sort(found, {}, [](const Finding& one) {
-    return std::tuple(one.position.line, one.position.column);
-  });
+  sortByPlace(found);
   return found;
 }
 
