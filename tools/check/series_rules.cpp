@@ -92,7 +92,7 @@ void DegenerateSeriesRule::report() const {
     if (far > kTooFar * size && one.element != told) {
       told = one.element;
       m_sink.add(findings::kDegenerateSeries, *one.element, *one.item,
-                 shortest(far) + " away in a drawing of " + rounded(size, 1),
+                 rounded(far, 1) + " away in a drawing of " + rounded(size, 1),
                  "less than a million times the drawing's size", one.node);
     }
   }
