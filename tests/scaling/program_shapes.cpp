@@ -130,17 +130,17 @@ const std::vector<DrawingShape>& programShapes() {
        [](std::size_t n) {
          return repeated(n, [](std::size_t i) { return straightBar(i, i, i, true); });
        }},
-      {"equal bars", 300,
+      {"equal bars", 150,
        [](std::size_t n) {
          return repeated(n, [](std::size_t i) { return straightBar(i, 0, 1, false); });
        }},
-      {"bars among formwork", 300,
+      {"bars among formwork", 150,
        [](std::size_t n) {
          return repeated(n, [](std::size_t i) {
            return formwork(i, 40 * i, 0) + straightBar(i, 40 * i + 20, i, false);
          });
        }},
-      {"bars on formwork of one place", 300,
+      {"bars on formwork of one place", 150,
        [](std::size_t n) {
          return repeated(
              n, [](std::size_t i) { return formwork(i, 0, 500) + straightBar(i, 20, i, false); });
