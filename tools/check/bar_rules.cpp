@@ -67,7 +67,7 @@ std::string comparedTexts(const DocumentTree& tree, const Element& element) {
        item = tree.nextSibling(*item)) {
     for (const Attribute& attribute : tree.attributes(*item)) {
       // Lengths keep neighbouring texts apart.
-      for (const std::string_view part : {item->name, attribute.name, attribute.value}) {
+      for (const std::string_view part : {tree.name(*item), attribute.name, attribute.value}) {
         texts.append(std::to_string(part.size())).append(1, ':').append(part);
       }
     }

@@ -18,7 +18,6 @@ class Checker {
         m_sizes(sizes),
         m_sink(file, findings),
         m_reader(file),
-        m_elements(file),
         m_index(file, m_sink),
         m_hidden(file, m_sink),
         m_references(file, m_sink),
@@ -53,7 +52,7 @@ class Checker {
       return;
     }
     if (element.is(items::ElementClass::kRepartition)) {
-      checkRepartition(m_elements, element, items, m_sink);
+      checkRepartition(m_seriesViews.elements(), element, items, m_sink);
       m_seriesViews.look(element, toRepartition(items));
       m_degenerateSeries.look(element, items);
       return;
@@ -72,7 +71,6 @@ class Checker {
   const StandardSizes& m_sizes;
   FindingSink m_sink;
   ItemReader m_reader;
-  ElementIndex m_elements;
   IndexRule m_index;
   HiddenBarRule m_hidden;
   ReferenceRule m_references;

@@ -50,6 +50,7 @@ bool isOfTheFormat(const StrayNode& node) {
 
 void checkDocument(const TransferFile& file, FindingSink& sink) {
   const Node& root = file.tree().root();
+  const std::string rootName(file.tree().name(root));
   for (const Position& position : file.forbiddenCharacters()) {
     sink.add(findings::kForbiddenCharacter, position, "a control character", "none",
              mendBy(Mend::Kind::kReplaceCharacter));
@@ -58,8 +59,8 @@ void checkDocument(const TransferFile& file, FindingSink& sink) {
     sink.add(findings::kNodeBeforeRoot, node, "the root element behind the declaration",
              mendBy(Mend::Kind::kRemove));
   }
-  if (root.name != filer::kRootName.text()) {
-    sink.add(findings::kRootName, root.position, '"' + std::string(root.name) + '"',
+  if (rootName != filer::kRootName.text()) {
+    sink.add(findings::kRootName, file.tree().position(root), '"' + rootName + '"',
              '"' + std::string(filer::kRootName.text()) + '"', mendBy(Mend::Kind::kRenameRoot));
   }
   for (const StrayNode& node : file.nodesBelowRoot()) {
@@ -73,7 +74,7 @@ void checkDocument(const TransferFile& file, FindingSink& sink) {
 void checkControl(const TransferFile& file, FindingSink& sink) {
   const Element* const record = controlRecord(file);
   if (record == nullptr) {
-    sink.add(findings::kControlMissing, file.tree().root().position, "none",
+    sink.add(findings::kControlMissing, file.tree().position(file.tree().root()), "none",
              std::string(items::schemaOf(items::ElementClass::kDrawingControl).className) +
                  " as the last element",
              mendBy(Mend::Kind::kAddControl));
@@ -89,27 +90,24 @@ void checkControl(const TransferFile& file, FindingSink& sink) {
 }
 
 void IndexRule::look(const Element& element) {
-  const std::string_view* const version =
-      m_file.tree().attribute(*element.node, filer::kVersionName.text());
-  if (version == nullptr || *version != std::to_string(items::kElementVersion)) {
+  const auto version = m_file.tree().attribute(*element.node, filer::kVersionName.text());
+  if (!version || *version != std::to_string(items::kElementVersion)) {
     m_sink.add(findings::kVersion, element, "",
-               version == nullptr ? "no version" : "version=\"" + std::string(*version) + '"',
-               "version=\"1\"", nullptr, versionMend(version != nullptr));
+               version ? "version=\"" + std::string(*version) + '"' : "no version", "version=\"1\"",
+               nullptr, versionMend(version.has_value()));
   }
   Seen& seen = m_classes[element.className()];
   const std::int32_t expected = following(seen.last);
-  const std::string_view* const text =
-      m_file.tree().attribute(*element.node, filer::kIndexName.text());
-  const auto index = text == nullptr ? std::nullopt : exactLong(*text);
+  const auto text = m_file.tree().attribute(*element.node, filer::kIndexName.text());
+  const auto index = text ? exactLong(*text) : std::nullopt;
   if (!index) {
     m_sink.add(findings::kIndexMissing, element, "",
-               text == nullptr ? "no index" : "index=\"" + std::string(*text) + '"',
+               text ? "index=\"" + std::string(*text) + '"' : "no index",
                "index=\"" + std::to_string(expected) + '"', nullptr, numbering(element));
     seen.last = expected;
     return;
   }
-  const auto [known, isNew] = seen.elements.emplace(*index, &element);
-  if (!isNew) {
+  if (!seen.indexes.add(*index)) {
     m_sink.add(findings::kIndexRepeated, element, "",
                "index=\"" + std::to_string(*index) + "\" a second time",
                "index=\"" + std::to_string(expected) + '"', nullptr,

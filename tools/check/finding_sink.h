@@ -20,8 +20,9 @@ class FindingSink {
   void add(const FindingKind& kind, const Element& element, std::string_view item,
            std::string found, std::string expected, const Node* at = nullptr, Mend mend = {}) {
     const Node& node = at == nullptr ? *element.node : *at;
-    mend.place = node.position;
-    m_findings.push_back({&kind, node.position, std::string(element.className()),
+    const Position position = m_file.tree().position(node);
+    mend.place = position;
+    m_findings.push_back({&kind, position, std::string(element.className()),
                           std::string(m_file.indexOf(element)), std::string(item), std::move(found),
                           std::move(expected), std::move(mend)});
   }

@@ -13,6 +13,7 @@
 #include <tools/bending/corner_line.h>
 #include <tools/check/checker.h>
 #include <tools/check/finding_sink.h>
+#include <tools/check/index_runs.h>
 #include <tools/model/bar.h>
 #include <tools/model/extents.h>
 #include <tools/model/item_problem.h>
@@ -39,7 +40,7 @@ class IndexRule {
  private:
   struct Seen {
     std::int32_t last = 0;
-    std::unordered_map<std::int32_t, const Element*, KeyedHash> elements;
+    IndexRuns indexes;
   };
 
   const TransferFile& m_file;
@@ -128,6 +129,7 @@ class SeriesViewRule {
  public:
   SeriesViewRule(const TransferFile& file, FindingSink& sink)
       : m_file(file), m_sink(sink), m_bars(file) {}
+  [[nodiscard]] const ElementIndex& elements() const noexcept { return m_bars.index(); }
   void look(const Element& element, const Repartition& series);
   void report() const;
 

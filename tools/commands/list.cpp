@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <unordered_map>
+#include <utility>
 
 #include <tools/commands/command_table.h>
 #include <tools/listing/element_to_json.h>
@@ -103,17 +105,24 @@ class Listing {
 
   void writeItemLines() {
     m_out << csvLine({"class", "index", "item", "value"});
+    std::unordered_map<const items::ItemSchema*, std::vector<std::string>> titles;
+    std::vector<std::string> fields(4);
     for (const Element& element : m_file.elements()) {
       if (element.schema == nullptr) {
         continue;
       }
-      const std::string className(element.className());
-      const std::string index(m_file.indexOf(element));
+      fields[0] = element.className();
+      fields[1] = m_file.indexOf(element);
       for (const ItemValue& item : m_reader.read(element)) {
-        const auto titles = itemTitles(*item.schema);
-        const auto cells = itemCells(item);
-        for (std::size_t i = 0; i < titles.size(); ++i) {
-          m_out << csvLine({className, index, titles[i], cells[i]}, m_csv);
+        const auto [known, isNew] = titles.try_emplace(item.schema);
+        if (isNew) {
+          known->second = itemTitles(*item.schema);
+        }
+        std::vector<std::string> cells = itemCells(item);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+          fields[2] = known->second[i];
+          fields[3] = std::move(cells[i]);
+          m_out << csvLine(fields, m_csv);
         }
       }
     }

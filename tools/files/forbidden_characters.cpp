@@ -54,25 +54,22 @@ std::size_t forbiddenLength(std::string_view text, bool isSingleByte) {
 CleanedText withoutForbiddenCharacters(std::string_view text, bool isSingleByte) {
   CleanedText cleaned;
   Position position{1, 1};
+  std::size_t counted = 0;  // to where the position is moved
+  std::size_t copied = 0;
   for (std::size_t at = 0; at < text.size();) {
-    const char unit = text[at];
-    if (const std::size_t length = forbiddenLength(text.substr(at), isSingleByte)) {
-      cleaned.text += kReplacement;
-      cleaned.places.push_back(position);
-      position.column += unit == '&' ? static_cast<std::uint32_t>(length) : 1U;
-      at += length;
+    const std::size_t length = forbiddenLength(text.substr(at), isSingleByte);
+    if (length == 0) {
+      ++at;
       continue;
     }
-    cleaned.text += unit;
-    ++at;
-    if (unit == '\n' || (unit == '\r' && (at == text.size() || text[at] != '\n'))) {
-      ++position.line;
-      position.column = 1;
-    } else if (unit != '\r' &&
-               (isSingleByte || (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U)) {
-      ++position.column;
-    }
+    movePosition(position, text, counted, at, isSingleByte);
+    counted = at;
+    cleaned.places.push_back(position);
+    cleaned.text.append(text.substr(copied, at - copied)).append(kReplacement);
+    at += length;
+    copied = at;
   }
+  cleaned.text.append(text.substr(copied));
   return cleaned;
 }
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include <tools/files/document_tree.h>
+#include <tools/files/position.h>
 
 namespace quorvan::tool {
 

@@ -63,16 +63,8 @@ std::string_view SourceMarkup::name() const noexcept {
 }
 
 Position SourceMarkup::position() {
-  for (; m_at < m_piece.begin; ++m_at) {
-    const char unit = m_text[m_at];
-    if (unit == '\n' || (unit == '\r' && (m_at + 1 == m_text.size() || m_text[m_at + 1] != '\n'))) {
-      ++m_position.line;
-      m_position.column = 1;
-    } else if (unit != '\r' &&
-               (m_isSingleByte || (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U)) {
-      ++m_position.column;
-    }
-  }
+  movePosition(m_position, m_text, m_at, m_piece.begin, m_isSingleByte);
+  m_at = m_piece.begin;
   return m_position;
 }
 

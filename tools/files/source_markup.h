@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include <tools/files/document_tree.h>
+#include <tools/files/position.h>
 
 namespace quorvan::tool {
 

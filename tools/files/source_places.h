@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <tools/console/progress.h>
-#include <tools/files/document_tree.h>
+#include <tools/files/position.h>
 
 namespace quorvan::tool {
 

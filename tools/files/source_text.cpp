@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kBigEndianMark = "\xFE\xFF";
+constexpr std::uintmax_t kLargestReserved = std::uintmax_t{1} << 31U;  // a size may be no size
 
 // The value of a part of the declaration that the text begins with.
 std::string declarationPart(std::string_view text, std::string_view name) {
@@ -125,6 +126,10 @@ std::string readBytes(const std::filesystem::path& path, const std::string& name
     throw Unreadable(name, "no right to read it");
   }
   std::string bytes;
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (!error && size <= kLargestReserved) {
+    bytes.reserve(static_cast<std::size_t>(size));
+  }
   std::vector<char> block(std::size_t{1024} * 1024);
   while (in) {
     in.read(block.data(), static_cast<std::streamsize>(block.size()));

@@ -1,5 +1,7 @@
 #include <tools/files/transfer_file.h>
 
+#include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -7,6 +9,7 @@
 
 #include <tools/console/terminal.h>
 #include <tools/files/forbidden_characters.h>
+#include <tools/files/plain_source.h>
 #include <tools/files/refusal_wording.h>
 #include <tools/files/temporary_folder.h>
 #include <tools/files/tree_loader.h>
@@ -35,12 +38,17 @@ TransferFile::TransferFile(const InputFile& input, Console& console, Tolerance t
     : m_name(input.name()) {
   const std::filesystem::path& path = input.path();
   Progress progress(console, "reading " + printable(m_name));
-  {
-    const std::string bytes = readBytes(path, m_name);
-    m_size = bytes.size();
-    m_encoding = encodingOf(bytes);
-    m_places = findPlaces(plainText(bytes, m_encoding), m_encoding.isSingleByte, progress);
+  auto source = std::make_shared<const std::string>(readBytes(path, m_name));
+  m_size = source->size();
+  m_encoding = encodingOf(*source);
+  if (std::optional<DocumentTree> tree = readPlainSource(source, m_encoding, progress)) {
+    m_tree = *std::move(tree);
+    m_isPlaced = true;
+    collectElements();
+    return;
   }
+  m_places = findPlaces(plainText(*source, m_encoding), m_encoding.isSingleByte, progress);
+  source.reset();
   if (!load(path, progress)) {
     const std::string bytes = readBytes(path, m_name);
     if (tolerance == Tolerance::kNone || !loadCleaned(bytes, progress)) {
@@ -78,20 +86,28 @@ bool TransferFile::loadCleaned(const std::string& bytes, Progress& progress) {
 }
 
 void TransferFile::collectElements() {
-  std::unordered_map<std::string_view, std::uint32_t, KeyedHash> counts;
+  struct Class {
+    const items::ElementSchema* schema = nullptr;
+    std::uint32_t count = 0;
+  };
+  std::unordered_map<std::string_view, Class, KeyedHash> classes;
   for (const Node* node = m_tree.firstChild(m_tree.root()); node != nullptr;
        node = m_tree.nextSibling(*node)) {
     if (!node->isElement()) {
       continue;
     }
-    m_elements.push_back({node, items::findElement(node->name), ++counts[node->name],
-                          static_cast<std::uint32_t>(m_elements.size())});
+    const std::string_view name = m_tree.name(*node);
+    Class& known = classes[name];
+    if (known.count++ == 0) {
+      known.schema = items::findElement(name);
+    }
+    m_elements.push_back(
+        {node, known.schema, name, known.count, static_cast<std::uint32_t>(m_elements.size())});
   }
 }
 
 std::string_view TransferFile::indexOf(const Element& element) const noexcept {
-  const std::string_view* const text = m_tree.attribute(*element.node, filer::kIndexName.text());
-  return text == nullptr ? std::string_view() : *text;
+  return m_tree.attribute(*element.node, filer::kIndexName.text()).value_or(std::string_view());
 }
 
 const Element* controlRecord(const TransferFile& file) {

@@ -25,10 +25,11 @@ namespace quorvan::tool {
 struct Element {
   const Node* node = nullptr;
   const items::ElementSchema* schema = nullptr;  // null for a class that is not known
-  std::uint32_t ordinal = 0;                     // from 1 among those of its name
-  std::uint32_t place = 0;                       // from 0 among all
+  std::string_view name = {};
+  std::uint32_t ordinal = 0;  // from 1 among those of its name
+  std::uint32_t place = 0;    // from 0 among all
 
-  [[nodiscard]] std::string_view className() const noexcept { return node->name; }
+  [[nodiscard]] std::string_view className() const noexcept { return name; }
   [[nodiscard]] bool is(items::ElementClass id) const noexcept {
     return schema != nullptr && schema->id == id;
   }

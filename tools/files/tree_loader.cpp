@@ -6,13 +6,11 @@
 
 #include <tools/console/terminal.h>
 #include <tools/files/com_use.h>
+#include <tools/files/plain_source.h>
 
 namespace quorvan::tool {
 
 namespace {
-
-// Depths below the root element: class elements, items, entries of lists.
-constexpr std::size_t kDeepest = 3;
 
 // Copies the nodes below the root in document order. What lies deeper than entries of lists is
 // looked at only to count its elements.
@@ -22,63 +20,48 @@ class TreeCopy {
       : m_tree(tree), m_positions(positions), m_progress(progress) {}
 
   void copy(const IXMLDOMNodePtr& root) {
-    m_levels.push_back({add(root), 0, root});
+    add(root);
+    m_levels.push_back(root);
     IXMLDOMNodePtr next = dom::firstChild(root);
     while (!m_levels.empty()) {
       if (next == nullptr) {
-        next = dom::nextSibling(m_levels.back().node);
+        next = dom::nextSibling(m_levels.back());
+        if (m_levels.size() <= kDeepestNode + 1) {
+          m_tree.end();
+        }
         m_levels.pop_back();
         if (m_levels.empty()) {
           break;
         }
         continue;
       }
-      m_levels.push_back({append(next), 0, next});
+      if (m_levels.size() <= kDeepestNode) {
+        add(next);
+      } else {
+        countElement(next);
+      }
+      m_levels.push_back(next);
       next = dom::firstChild(next);
     }
+    m_tree.close();
   }
 
   // Whether every element found its position.
   [[nodiscard]] bool isComplete() const { return m_elements == m_positions.size(); }
 
  private:
-  struct Level {
-    std::uint32_t number;
-    std::uint32_t lastChild;
-    IXMLDOMNodePtr node;
-  };
-
-  // Adds the node as the next child of the level above; gives its number, 0 when it lies too deep.
-  std::uint32_t append(const IXMLDOMNodePtr& node) {
-    if (m_levels.size() > kDeepest) {
-      countElement(node);
-      return 0;
-    }
-    Level& parent = m_levels.back();
-    const std::uint32_t number = add(node);
-    if (parent.lastChild == 0) {
-      m_tree.node(parent.number).firstChild = number;
-    } else {
-      m_tree.node(parent.lastChild).nextSibling = number;
-    }
-    parent.lastChild = number;
-    return number;
-  }
-
-  std::uint32_t add(const IXMLDOMNodePtr& node) {
+  void add(const IXMLDOMNodePtr& node) {
     const dom::NodeName name = dom::nodeName(node);
-    const bool isElement = dom::hasAttributes(node);
-    const std::uint32_t number = isElement
-                                     ? m_tree.addNode(name.view().text(), countElement(node))
-                                     : m_tree.addNode(markedName(name.view().text()), Position());
-    if (isElement) {
-      for (dom::AttributeCursor cursor(node); cursor.next();) {
-        m_value.clear();
-        cursor.value().appendTo(m_value);
-        m_tree.addAttribute(cursor.name().text(), m_value);
-      }
+    m_tag.clear();
+    if (!dom::hasAttributes(node)) {
+      return m_tree.begin(markedName(name.view().text()), m_tag, Position());
     }
-    return number;
+    for (dom::AttributeCursor cursor(node); cursor.next();) {
+      m_value.clear();
+      cursor.value().appendTo(m_value);
+      m_tag.add(cursor.name().text(), m_value);
+    }
+    m_tree.begin(name.view().text(), m_tag, countElement(node));
   }
 
   // A processing instruction may have the name of an element.
@@ -102,8 +85,9 @@ class TreeCopy {
   DocumentTree& m_tree;
   const std::vector<Position>& m_positions;
   Progress& m_progress;
-  std::vector<Level> m_levels;
+  std::vector<IXMLDOMNodePtr> m_levels;
   std::size_t m_elements = 0;
+  TagCopy m_tag;
   std::string m_value;
   std::string m_name;
 };

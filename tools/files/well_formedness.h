@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include <tools/files/document_tree.h>
+#include <tools/files/position.h>
 
 namespace quorvan::tool {
 

@@ -56,23 +56,31 @@ SeriesSummary summarizeSeries(const TransferFile& file, const Element& element, 
   return summary;
 }
 
+bool tellsBarsApart(const items::ItemSchema& item) {
+  return item.name == "Diameter" || item.name == "SteelGrade" || item.name == "Reference" ||
+         item.name == "Hidden";
+}
+
 // What is counted element by element.
 void countElements(const TransferFile& file, ItemReader& reader, FileSummary& summary) {
   std::map<std::pair<double, std::string>, BarCount> bars;
   std::set<std::int64_t> references;
   RepeatedBars repeated(file);
+  const ItemSelection identity(tellsBarsApart);
   for (const Element& element : file.elements()) {
-    if (const auto shape = barShapeOf(element)) {
-      const Bar bar = toBar(*shape, reader.read(element));
-      ++bars[{bar.diameter, bar.grade}].elements;
-      references.insert(bar.reference);
-      summary.hidden += bar.isHidden ? 1U : 0U;
+    if (barShapeOf(element)) {
+      const std::vector<ItemValue>& items = reader.read(element, identity);
+      ++bars[{findItem(items, "Diameter")->number, findItem(items, "SteelGrade")->text}].elements;
+      references.insert(findItem(items, "Reference")->integer);
+      summary.hidden += findItem(items, "Hidden")->flag ? 1U : 0U;
     } else if (element.is(items::ElementClass::kRepartition)) {
       summary.repartitions.push_back(summarizeSeries(file, element, repeated, reader));
       summary.hidden += summary.repartitions.back().isHidden ? 1U : 0U;
     }
   }
-  for (const BarRow& row : makeBarList({&file}, {}).rows) {
+  ListOptions options;
+  options.angles = summary.angles.unit;
+  for (const BarRow& row : makeBarList({&file}, options).rows) {
     bars[{row.diameter, row.grade}].number += row.number;
   }
   for (auto& [key, count] : bars) {
@@ -88,9 +96,9 @@ FileSummary summarize(const TransferFile& file) {
   FileSummary summary;
   summary.control = summarizeControl(file, reader);
   summary.classes = countClasses(file);
+  summary.angles = guessAngleUnit(file);
   countElements(file, reader, summary);
   summary.extents = extentsOf(file);
-  summary.angles = guessAngleUnit(file);
   return summary;
 }
 

@@ -1,8 +1,10 @@
 #include <tools/model/angle_unit.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
-#include <set>
+#include <vector>
 
 #include <tools/model/item_reader.h>
 
@@ -20,18 +22,26 @@ bool isUsualInRadians(double angle) {
 
 // For and against radians.
 struct Votes {
-  std::set<double> seen;  // each angle counts once, however often it comes
-  int usual = 0;
-  int others = 0;
+  std::vector<double> angles;
 
-  void add(double angle) {
-    if (seen.insert(std::abs(angle)).second) {
-      ++(isUsualInRadians(angle) ? usual : others);
-    }
+  void add(double angle) { angles.push_back(std::abs(angle)); }
+
+  // Each angle counts once, however often it comes.
+  [[nodiscard]] bool areRadians() {
+    std::ranges::sort(angles);
+    angles.erase(std::unique(angles.begin(), angles.end()), angles.end());
+    const auto usual = std::ranges::count_if(angles, isUsualInRadians);
+    return 2 * usual > std::ssize(angles);
   }
-  [[nodiscard]] bool areRadians() const { return usual > others; }
-  [[nodiscard]] bool isEmpty() const { return seen.empty(); }
 };
+
+bool isHookAngle(std::string_view item) {
+  return item == "HookAngle1" || item == "HookAngle2";
+}
+
+bool isAngle(const items::ItemSchema& item) {
+  return item.name == "Angle" || isHookAngle(item.name);
+}
 
 }  // namespace
 
@@ -40,31 +50,28 @@ std::string_view angleUnitName(AngleUnit unit) noexcept {
 }
 
 AngleGuess guessAngleUnit(const TransferFile& file) {
+  const ItemSelection angles(isAngle);
   ItemReader reader(file);
   AngleGuess guess;
   Votes hooks;
   Votes texts;
   bool isBeyondATurn = false;
   for (const Element& element : file.elements()) {
-    if (element.schema == nullptr) {
+    if (element.schema == nullptr || angles.holdsNone(*element.schema)) {
       continue;
     }
-    const auto& schemas = element.schema->items;
-    for (std::size_t i = 0; i < schemas.size(); ++i) {
-      const std::string_view name = schemas[i].name;
-      const bool isHook = name == "HookAngle1" || name == "HookAngle2";
-      if (!isHook && name != "Angle") {
+    const std::vector<ItemValue>& items = reader.read(element, angles);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      const ItemValue& item = items[i];
+      if (!angles.holds(*element.schema, i) || item.number == 0.0) {
         continue;
       }
-      const double angle = reader.readOne(element, i).number;
-      if (angle != 0.0) {
-        ++guess.angles;
-        isBeyondATurn = isBeyondATurn || !(std::abs(angle) <= kFullTurn);
-        (isHook ? hooks : texts).add(angle);
-      }
+      ++guess.angles;
+      isBeyondATurn = isBeyondATurn || !(std::abs(item.number) <= kFullTurn);
+      (isHookAngle(item.schema->name) ? hooks : texts).add(item.number);
     }
   }
-  const Votes& deciding = hooks.isEmpty() ? texts : hooks;
+  Votes& deciding = hooks.angles.empty() ? texts : hooks;
   if (!isBeyondATurn && deciding.areRadians()) {
     guess.unit = AngleUnit::kRadians;
   }

@@ -71,6 +71,12 @@ void addPoints(const std::vector<ItemValue>& items, Box& box) {
   }
 }
 
+// What has a place, and what says whether a repartition has one.
+bool isPlaced(const items::ItemSchema& item) {
+  return item.kind == items::Kind::kPoint || isList(item.kind) || item.name == "Radius" ||
+         item.name == "FrameRadius";
+}
+
 }  // namespace
 
 void Extents::include(const Coordinates& point) {
@@ -87,12 +93,13 @@ void includeElement(std::optional<Extents>& extents, const std::vector<ItemValue
 
 std::optional<Extents> extentsOf(const TransferFile& file) {
   std::optional<Extents> extents;
+  const ItemSelection placed(isPlaced);
   ItemReader reader(file);
   for (const Element& element : file.elements()) {
     if (element.schema == nullptr) {
       continue;
     }
-    const std::vector<ItemValue>& items = reader.read(element);
+    const std::vector<ItemValue>& items = reader.read(element, placed);
     if (element.is(items::ElementClass::kRepartition) && !toRepartition(items).hasLine()) {
       continue;
     }

@@ -16,17 +16,17 @@ namespace {
 constexpr std::string_view kTypes[] = {filer::kDoubleKind.text(), filer::kLongKind.text(),
                                        filer::kStringKind.text()};
 
-// The one attribute that is named for a type; null where there is none or more than one.
-const Attribute* typedAttribute(const DocumentTree& tree, const Node& item) {
-  const Attribute* typed = nullptr;
+// The one attribute that is named for a type; nothing where there is none or more than one.
+std::optional<Attribute> typedAttribute(const DocumentTree& tree, const Node& item) {
+  std::optional<Attribute> typed;
   for (const Attribute& attribute : tree.attributes(item)) {
     if (std::ranges::find(kTypes, attribute.name) == std::end(kTypes)) {
       continue;
     }
-    if (typed != nullptr) {
-      return nullptr;
+    if (typed) {
+      return std::nullopt;
     }
-    typed = &attribute;
+    typed = attribute;
   }
   return typed;
 }
@@ -85,8 +85,8 @@ std::optional<AttributeMend> mendText(std::string_view attribute, std::string_vi
 
 std::optional<AttributeMend> mendType(const DocumentTree& tree, const Node& item,
                                       std::string_view attribute, RightText right) {
-  const Attribute* const typed = typedAttribute(tree, item);
-  if (typed == nullptr) {
+  const auto typed = typedAttribute(tree, item);
+  if (!typed) {
     return std::nullopt;
   }
   auto value = right(typed->value);
@@ -102,9 +102,9 @@ std::optional<AttributeMend> mendType(const DocumentTree& tree, const Node& item
 AttributeMend mendCount(const DocumentTree& tree, const Node& item, std::string_view attribute,
                         std::size_t count) {
   AttributeMend mend{{}, std::string(attribute), std::to_string(count)};
-  if (tree.attribute(item, attribute) != nullptr) {
+  if (tree.attribute(item, attribute)) {
     mend.from = attribute;
-  } else if (const Attribute* const typed = typedAttribute(tree, item)) {
+  } else if (const auto typed = typedAttribute(tree, item)) {
     mend.from = typed->name;
   }
   return mend;

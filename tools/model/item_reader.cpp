@@ -44,35 +44,42 @@ double filedNumber(std::string_view text, double number) {
 }  // namespace
 
 NamedChildren::NamedChildren(const DocumentTree& tree, const Node& parent)
-    : m_tree(tree), m_parent(parent) {
-  std::size_t count = 0;
-  for (const Node* child = tree.firstChild(parent); child != nullptr;
-       child = tree.nextSibling(*child)) {
-    ++count;
-  }
-  m_hasMany = count > kFewChildren;
-  if (!m_hasMany) {
-    return;
-  }
-  m_byName.reserve(count);
-  for (const Node* child = tree.firstChild(parent); child != nullptr;
-       child = tree.nextSibling(*child)) {
-    m_byName.emplace(child->name, child);
-  }
-}
+    : m_tree(tree), m_next(tree.firstChild(parent)) {}
 
-const Node* NamedChildren::find(std::string_view name) const {
+const Node* NamedChildren::find(std::string_view name) {
+  if (m_next != nullptr && m_tree.name(*m_next) == name) {
+    return std::exchange(m_next, m_tree.nextSibling(*m_next));
+  }
   if (m_hasMany) {
     const auto found = m_byName.find(name);
     return found == m_byName.end() ? nullptr : found->second;
   }
-  for (const Node* child = m_tree.firstChild(m_parent); child != nullptr;
-       child = m_tree.nextSibling(*child)) {
-    if (child->name == name) {
+  std::size_t count = 0;
+  for (const Node* child = m_next; child != nullptr; child = m_tree.nextSibling(*child)) {
+    if (m_tree.name(*child) == name) {
       return child;
     }
+    if (++count == kFewChildren) {
+      break;
+    }
   }
-  return nullptr;
+  if (count < kFewChildren) {
+    return nullptr;
+  }
+  m_hasMany = true;
+  for (const Node* child = m_next; child != nullptr; child = m_tree.nextSibling(*child)) {
+    m_byName.emplace(m_tree.name(*child), child);
+  }
+  return find(name);
+}
+
+ItemSelection::ItemSelection(bool (*isWanted)(const items::ItemSchema& item)) {
+  for (const items::ElementSchema& schema : items::allElements()) {
+    std::uint32_t& wanted = m_items[static_cast<std::size_t>(schema.id)];
+    for (std::size_t i = 0; i < schema.items.size(); ++i) {
+      wanted |= isWanted(schema.items[i]) ? std::uint32_t{1} << i : 0U;
+    }
+  }
 }
 
 // The reading of one element.
@@ -86,10 +93,20 @@ class ItemReader::Reading {
         m_children(tree, *element.node),
         m_problems(problems) {}
 
+  // Passes over an item; those that follow are found sooner.
+  void pass(const items::ItemSchema& schema, ItemValue& value) {
+    reset(schema, value);
+    value.node = nullptr;
+    m_children.find(schema.name);
+  }
+
   void read(const items::ItemSchema& schema, ItemValue& value) {
     reset(schema, value);
     value.node = m_children.find(schema.name);
     if (value.node == nullptr) {
+      if (m_problems == nullptr) {
+        return;
+      }
       if (!schema.optional || isRequiredList(schema)) {
         report(ProblemKind::kMissing, m_element.node, schema.name, "", "the item " + name(schema));
       }
@@ -104,16 +121,20 @@ class ItemReader::Reading {
 
   // Children that are no items, and items that come again.
   void reportStrangers() {
+    if (m_children.isExhausted()) {
+      return;
+    }
     std::unordered_set<std::string_view, KeyedHash> seen;
     for (const Node* child = m_tree.firstChild(*m_element.node); child != nullptr;
          child = m_tree.nextSibling(*child)) {
-      if (!isItem(child->name)) {
+      const std::string_view item = m_tree.name(*child);
+      if (!isItem(item)) {
         if (child->isElement()) {
-          report(ProblemKind::kUnknownItem, child, child->name, name(child->name),
+          report(ProblemKind::kUnknownItem, child, item, name(item),
                  "only items of " + std::string(m_element.className()));
         }
-      } else if (!seen.insert(child->name).second) {
-        report(ProblemKind::kRepeatedItem, child, child->name, "a second " + name(child->name),
+      } else if (!seen.insert(item).second) {
+        report(ProblemKind::kRepeatedItem, child, item, "a second " + name(item),
                "one item of each name");
       }
     }
@@ -156,10 +177,11 @@ class ItemReader::Reading {
     return false;
   }
 
-  // The text of the attribute, null (and reported) when the item does not have it.
-  const std::string_view* text(const Node& node, std::string_view attribute, RightText right) {
-    const std::string_view* const found = m_tree.attribute(node, attribute);
-    if (found == nullptr && m_problems != nullptr) {
+  // The text of the attribute, nothing (and reported) when the item does not have it.
+  std::optional<std::string_view> text(const Node& node, std::string_view attribute,
+                                       RightText right) {
+    const auto found = m_tree.attribute(node, attribute);
+    if (!found && m_problems != nullptr) {
       reportNoAttribute(node, attribute, right);
     }
     return found;
@@ -169,9 +191,10 @@ class ItemReader::Reading {
     // A point that lacks one coordinate is not of another type.
     const auto others = m_tree.attributes(node);
     const bool lacksOne = isCoordinate(attribute);
-    const bool isIncomplete = others.empty() || (lacksOne && isCoordinate(others.front().name));
-    report(isIncomplete ? ProblemKind::kMissing : ProblemKind::kMistyped, &node, node.name,
-           others.empty() ? "no attribute" : quoted(others.front().name, others.front().value),
+    const auto first = others.begin();
+    const bool isIncomplete = others.empty() || (lacksOne && isCoordinate(first->name));
+    report(isIncomplete ? ProblemKind::kMissing : ProblemKind::kMistyped, &node, m_tree.name(node),
+           others.empty() ? "no attribute" : quoted(first->name, first->value),
            "the attribute " + name(attribute),
            lacksOne  ? std::nullopt
            : m_count ? *m_count
@@ -181,24 +204,27 @@ class ItemReader::Reading {
   // Blanks around a number are no fault to readers.
   void reportNumber(const Node& node, std::string_view attribute, std::string_view text,
                     bool isNumber, RightText right, const char* expected) {
-    if (isNumber || m_problems == nullptr) {
+    if (isNumber) {
       return;
     }
     auto mend = m_count ? *m_count : mendText(attribute, text, right);
     const bool isBlank = mend && !m_count && *mend->value == withoutBlanks(text);
     std::string wanted = isBlank ? quoted(attribute, *mend->value) : std::string(expected);
-    report(isBlank ? ProblemKind::kBlanks : ProblemKind::kNoNumber, &node, node.name,
+    report(isBlank ? ProblemKind::kBlanks : ProblemKind::kNoNumber, &node, m_tree.name(node),
            quoted(attribute, text), std::move(wanted), std::move(mend));
   }
 
   void readDouble(const Node& node, std::string_view attribute, double& value) {
-    const std::string_view* const found = text(node, attribute, rightDecimal);
-    if (found == nullptr) {
+    const auto found = text(node, attribute, rightDecimal);
+    if (!found) {
       return;
     }
     value = parseDouble(*found);
     if (m_values == Values::kAsFiled) {
       value = filedNumber(*found, value);
+    }
+    if (m_problems == nullptr) {
+      return;
     }
     const bool isDecimal = isDecimalNumber(*found);
     reportNumber(
@@ -207,31 +233,34 @@ class ItemReader::Reading {
   }
 
   void readLong(const Node& node, std::string_view attribute, std::int64_t& value) {
-    const std::string_view* const found = text(node, attribute, rightWhole);
-    if (found == nullptr) {
+    const auto found = text(node, attribute, rightWhole);
+    if (!found) {
       return;
     }
     value = parseLong(*found);
-    reportNumber(node, attribute, *found, exactLong(*found).has_value(), rightWhole,
-                 "a whole number of 32 bits");
+    if (m_problems != nullptr) {
+      reportNumber(node, attribute, *found, exactLong(*found).has_value(), rightWhole,
+                   "a whole number of 32 bits");
+    }
   }
 
   void readFlag(const Node& node, bool& value) {
-    const std::string_view* const found = text(node, filer::kStringKind.text(), rightFlag);
-    if (found == nullptr) {
+    const auto found = text(node, filer::kStringKind.text(), rightFlag);
+    if (!found) {
       return;
     }
     const auto flag = flagOf(*found);
     value = flag.value_or(false);
-    if (!flag) {
-      report(ProblemKind::kNoFlag, &node, node.name, quoted(filer::kStringKind.text(), *found),
+    if (!flag && m_problems != nullptr) {
+      report(ProblemKind::kNoFlag, &node, m_tree.name(node),
+             quoted(filer::kStringKind.text(), *found),
              name(items::kTrue) + " or " + name(items::kFalse),
              mendText(filer::kStringKind.text(), *found, rightFlag));
     }
   }
 
   void readString(const Node& node, std::string& value) {
-    if (const std::string_view* const found = text(node, filer::kStringKind.text(), rightString)) {
+    if (const auto found = text(node, filer::kStringKind.text(), rightString)) {
       value = *found;
     }
   }
@@ -239,15 +268,18 @@ class ItemReader::Reading {
   void readAdherence(const Node& node, std::string& value) {
     constexpr std::string_view kText = filer::kStringKind.text();
     constexpr std::string_view kCode = filer::kLongKind.text();
-    if (const std::string_view* const code = m_tree.attribute(node, kCode)) {
+    if (const auto code = m_tree.attribute(node, kCode)) {
       value = items::adherenceOf(parseLong(*code));
+      if (m_problems == nullptr) {
+        return;
+      }
       // With a text beside it, it is not certain which of the two is meant.
-      const bool isCertain = m_tree.attribute(node, kText) == nullptr;
-      report(ProblemKind::kNumericAdherence, &node, node.name, quoted(kCode, *code),
+      const bool isCertain = !m_tree.attribute(node, kText);
+      report(ProblemKind::kNumericAdherence, &node, m_tree.name(node), quoted(kCode, *code),
              quoted(kText, value),
              isCertain ? std::optional(AttributeMend{std::string(kCode), std::string(kText), value})
                        : std::nullopt);
-    } else if (const std::string_view* const found = text(node, kText, rightString)) {
+    } else if (const auto found = text(node, kText, rightString)) {
       value = *found;
     }
   }
@@ -297,8 +329,10 @@ class ItemReader::Reading {
     ListEntries entries(m_tree, parent, schema.stem);
     ListEntries bulges(m_tree, parent, hasSegments ? items::kBulgeStem : std::string_view());
     const std::size_t held = entries.all().size();
-    m_count.emplace();
-    if (entries.isGapless() && (isNumbered || held <= kLargestSize)) {
+    if (m_problems != nullptr) {
+      m_count.emplace();
+    }
+    if (m_count && entries.isGapless() && (isNumbered || held <= kLargestSize)) {
       *m_count = mendCount(m_tree, *value.node, attribute, held);
     }
     std::int64_t count = 0;
@@ -337,22 +371,22 @@ class ItemReader::Reading {
     const bool isNumbered = schema.kind == items::Kind::kNumberedPoints;
     const std::string_view attribute = countName(isNumbered);
     const std::size_t held = entries.all().size();
-    const std::string_view* const announced = m_tree.attribute(node, attribute);
-    if (announced == nullptr) {
+    const auto announced = m_tree.attribute(node, attribute);
+    if (!announced) {
       return;
     }
     if (!isNumbered && held > kLargestSize) {
-      report(ProblemKind::kCountOutOfRange, &node, node.name,
+      report(ProblemKind::kCountOutOfRange, &node, m_tree.name(node),
              entriesFound(attribute, *announced, held),
              "at most " + std::to_string(kLargestSize) + " entries");
     } else if (count < 0 || static_cast<std::size_t>(count) != held || !entries.isGapless()) {
-      report(ProblemKind::kCountDisagrees, &node, node.name,
+      report(ProblemKind::kCountDisagrees, &node, m_tree.name(node),
              entriesFound(attribute, *announced, held), countExpected(schema, entries), *m_count);
     } else if (bulges != nullptr && held % 2 != 0) {
-      report(ProblemKind::kOddCount, &node, node.name, entriesFound(attribute, *announced, held),
-             "two points a segment");
+      report(ProblemKind::kOddCount, &node, m_tree.name(node),
+             entriesFound(attribute, *announced, held), "two points a segment");
     } else if (bulges != nullptr && (bulges->all().size() != held / 2 || !bulges->isGapless())) {
-      report(ProblemKind::kCountDisagrees, &node, node.name,
+      report(ProblemKind::kCountDisagrees, &node, m_tree.name(node),
              plural(held, "point") + " and " + plural(bulges->all().size(), "bulge"),
              "Bulge1 to Bulge" + std::to_string(held / 2));
     }
@@ -424,6 +458,21 @@ const std::vector<ItemValue>& ItemReader::read(const Element& element,
   }
   if (problems != nullptr && strangers == Strangers::kReported) {
     reading.reportStrangers();
+  }
+  return m_items;
+}
+
+const std::vector<ItemValue>& ItemReader::read(const Element& element,
+                                               const ItemSelection& selection) {
+  m_items.resize(element.schema->items.size());
+  Reading reading(m_tree, element, m_values, nullptr);
+  for (std::size_t i = 0; i < m_items.size(); ++i) {
+    const items::ItemSchema& schema = element.schema->items[i];
+    if (selection.holds(*element.schema, i)) {
+      reading.read(schema, m_items[i]);
+    } else {
+      reading.pass(schema, m_items[i]);
+    }
   }
   return m_items;
 }

@@ -1,6 +1,7 @@
 // Reads the items of elements after the item tables, as the library does.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -20,15 +21,38 @@ class NamedChildren {
  public:
   NamedChildren(const DocumentTree& tree, const Node& parent);
 
-  [[nodiscard]] const Node* find(std::string_view name) const;
+  /// Null where there is none. No name is asked for twice. Costs least in the order of the file.
+  const Node* find(std::string_view name);
+
+  /// Whether every child was found, and in the order of the file.
+  [[nodiscard]] bool isExhausted() const noexcept { return m_next == nullptr; }
 
  private:
   static constexpr std::size_t kFewChildren = 24;
 
   const DocumentTree& m_tree;
-  const Node& m_parent;
+  const Node* m_next;  // those before it were asked for
   std::unordered_map<std::string_view, const Node*, KeyedHash> m_byName;  // where there are many
   bool m_hasMany = false;
+};
+
+/// Some of the items of each class.
+class ItemSelection {
+ public:
+  explicit ItemSelection(bool (*isWanted)(const items::ItemSchema& item));
+
+  [[nodiscard]] bool holds(const items::ElementSchema& schema, std::size_t item) const noexcept {
+    return (m_items[static_cast<std::size_t>(schema.id)] >> item & 1U) != 0;
+  }
+  [[nodiscard]] bool holdsNone(const items::ElementSchema& schema) const noexcept {
+    return m_items[static_cast<std::size_t>(schema.id)] == 0;
+  }
+
+ private:
+  static constexpr std::size_t kClasses =
+      static_cast<std::size_t>(items::ElementClass::kDrawingControl) + 1;
+
+  std::array<std::uint32_t, kClasses> m_items{};  // a bit an item
 };
 
 /// Whether children that are no items, and items that come again, are problems as well.
@@ -48,6 +72,9 @@ class ItemReader {
   const std::vector<ItemValue>& read(const Element& element,
                                      std::vector<ItemProblem>* problems = nullptr,
                                      Strangers strangers = Strangers::kReported);
+
+  /// The same, but only those of the selection are read; the others are as if missing.
+  const std::vector<ItemValue>& read(const Element& element, const ItemSelection& selection);
 
   /// One item alone, by its place in the schema; valid until the next call.
   const ItemValue& readOne(const Element& element, std::size_t place);

@@ -12,7 +12,7 @@ ListEntries::ListEntries(const DocumentTree& tree, const Node& parent, std::stri
   }
   for (const Node* child = tree.firstChild(parent); child != nullptr;
        child = tree.nextSibling(*child)) {
-    if (const auto number = entryNumber(child->name, stem)) {
+    if (const auto number = entryNumber(tree.name(*child), stem)) {
       m_entries.push_back({*number, child});
     }
   }

@@ -75,18 +75,26 @@ std::string spacingText(const std::vector<double>& spacings) {
 }
 
 ElementIndex::ElementIndex(const TransferFile& file) {
-  m_elements.reserve(file.elements().size());
   for (const Element& element : file.elements()) {
     const std::string_view index = file.indexOf(element);
     if (!index.empty()) {
-      m_elements.emplace(std::pair(element.className(), parseLong(index)), &element);
+      m_classes[element.className()].push_back({parseLong(index), &element});
+    }
+  }
+  for (auto& [className, entries] : m_classes) {
+    if (!std::ranges::is_sorted(entries, {}, &Entry::index)) {
+      std::ranges::stable_sort(entries, {}, &Entry::index);
     }
   }
 }
 
 const Element* ElementIndex::find(std::string_view className, std::int64_t index) const {
-  const auto found = m_elements.find({className, index});
-  return found == m_elements.end() ? nullptr : found->second;
+  const auto entries = m_classes.find(className);
+  if (entries == m_classes.end()) {
+    return nullptr;
+  }
+  const auto first = std::ranges::lower_bound(entries->second, index, {}, &Entry::index);
+  return first == entries->second.end() || first->index != index ? nullptr : first->element;
 }
 
 }  // namespace quorvan::tool

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include <tools/files/transfer_file.h>
@@ -52,13 +51,13 @@ class ElementIndex {
   [[nodiscard]] const Element* find(std::string_view className, std::int64_t index) const;
 
  private:
-  struct Hash {
-    std::size_t operator()(const std::pair<std::string_view, std::int64_t>& key) const noexcept {
-      return KeyedHash()(key.first) * 31U + KeyedHash()(key.second);
-    }
+  struct Entry {
+    std::int64_t index;
+    const Element* element;
   };
 
-  std::unordered_map<std::pair<std::string_view, std::int64_t>, const Element*, Hash> m_elements;
+  // By ascending index.
+  std::unordered_map<std::string_view, std::vector<Entry>, KeyedHash> m_classes;
 };
 
 }  // namespace quorvan::tool

@@ -14,6 +14,8 @@ class RepeatedBars {
  public:
   explicit RepeatedBars(const TransferFile& file) : m_index(file), m_reader(file) {}
 
+  [[nodiscard]] const ElementIndex& index() const noexcept { return m_index; }
+
   /// The bar; null where the file does not have it. Valid as long as this lives.
   const Bar* find(const Repartition& series);
 

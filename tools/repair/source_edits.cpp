@@ -1,5 +1,6 @@
 #include <tools/repair/source_edits.h>
 
+#include <optional>
 #include <string>
 
 #include <quorvan/filer/vocabulary.h>
@@ -13,12 +14,12 @@ namespace quorvan::tool {
 namespace {
 
 // What gives the attribute the number; nothing where it has it already.
-std::optional<AttributeMend> mendNumber(const std::string_view* text, std::string_view attribute,
-                                        std::int64_t number) {
-  if (text != nullptr && exactLong(*text) == number) {
+std::optional<AttributeMend> mendNumber(std::optional<std::string_view> text,
+                                        std::string_view attribute, std::int64_t number) {
+  if (text && exactLong(*text) == number) {
     return std::nullopt;
   }
-  return AttributeMend{text == nullptr ? "" : std::string(attribute), std::string(attribute),
+  return AttributeMend{text ? std::string(attribute) : std::string(), std::string(attribute),
                        std::to_string(number)};
 }
 
@@ -28,11 +29,11 @@ std::optional<AttributeMend> mendReference(const DocumentTree& tree,
                                            const ElementPlan& plan) {
   const Repartition series = toRepartition(items);
   const ItemValue* const index = findItem(items, "Index");
-  const std::string_view* const text = index == nullptr || index->isMissing()
-                                           ? nullptr
-                                           : tree.attribute(*index->node, filer::kLongKind.text());
+  const auto text = index == nullptr || index->isMissing()
+                        ? std::nullopt
+                        : tree.attribute(*index->node, filer::kLongKind.text());
   const std::int64_t reference = plan.newReference(series.className, series.index);
-  if (text == nullptr || reference == series.index) {
+  if (!text || reference == series.index) {
     return std::nullopt;
   }
   return mendNumber(text, filer::kLongKind.text(), reference);
@@ -78,16 +79,16 @@ void SourceEdits::number(const TransferFile& file, const std::vector<Finding>& f
       continue;
     }
     if (plan.isNumbered(element.className())) {
-      const std::string_view* const text =
-          file.tree().attribute(*element.node, filer::kIndexName.text());
+      const auto text = file.tree().attribute(*element.node, filer::kIndexName.text());
       if (auto mend = mendNumber(text, filer::kIndexName.text(), plan.newIndex(element))) {
-        edit(element.node->position).attributes.push_back(*std::move(mend));
+        edit(file.tree().position(*element.node)).attributes.push_back(*std::move(mend));
       }
     }
     if (element.is(items::ElementClass::kRepartition)) {
       const std::vector<ItemValue>& items = reader.read(element);
       if (auto mend = mendReference(file.tree(), items, plan)) {
-        edit(findItem(items, "Index")->node->position).attributes.push_back(*std::move(mend));
+        edit(file.tree().position(*findItem(items, "Index")->node))
+            .attributes.push_back(*std::move(mend));
       }
     }
   }

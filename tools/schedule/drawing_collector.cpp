@@ -82,7 +82,6 @@ void DrawingCollector::collect() {
 }
 
 void DrawingCollector::collectSeries() {
-  const ElementIndex index(m_file);
   ViewTwins twins;
   RepeatedBars bars(m_file);
   for (const Element& element : m_file.elements()) {
@@ -91,8 +90,9 @@ void DrawingCollector::collectSeries() {
     }
     const Repartition series = toRepartition(m_reader.read(element));
     const auto shape = barShapeOf(series.className);
-    const Element* const target =
-        shape && series.index != kNoIndex ? index.find(series.className, series.index) : nullptr;
+    const Element* const target = shape && series.index != kNoIndex
+                                      ? bars.index().find(series.className, series.index)
+                                      : nullptr;
     if (target == nullptr || series.number() == 0) {
       leaveOut(element, series.number(),
                target == nullptr ? LeftOutReason::kBarNotThere : LeftOutReason::kNoBars);

@@ -1,3 +1,5 @@
+#include <charconv>
+#include <cstdint>
 #include <numbers>
 
 #include <tools/schedule/list_tables.h>
@@ -14,7 +16,15 @@ constexpr int kBentDecimals = 1;
 
 // Rounded to what the list shows.
 Json number(double value, int decimals) {
-  return Json::parse(rounded(value, decimals));
+  const std::string text = rounded(value, decimals);
+  const char* const end = text.data() + text.size();
+  std::int64_t whole = 0;
+  if (std::from_chars(text.data(), end, whole).ptr == end) {
+    return whole;
+  }
+  double shown = 0.0;
+  std::from_chars(text.data(), end, shown);
+  return shown;
 }
 
 std::string_view scheduleName(Schedule schedule) {
@@ -34,27 +44,27 @@ class ListJson {
   ListJson(const BarList& list, const ListWording& words)
       : m_list(list), m_words(words), m_unit(*list.options.unit) {}
 
-  [[nodiscard]] Json whole() const {
-    Json result = Json::object();
-    result["drawings"] = drawings();
-    result["schedule"] = scheduleName(m_list.options.cutting.schedule);
-    result["conventions"] = conventionsOf(m_list, m_words);
-    result["unit"] = m_unit.name;
-    result["density"] = kSteelDensity;
-    result["bars"] = Json::array();
+  void write(std::ostream& out) const {
+    JsonStream stream(out);
+    stream.add("drawings", drawings());
+    stream.add("schedule", scheduleName(m_list.options.cutting.schedule));
+    stream.add("conventions", conventionsOf(m_list, m_words));
+    stream.add("unit", m_unit.name);
+    stream.add("density", kSteelDensity);
+    stream.beginList("bars");
     for (const BarRow& row : m_list.rows) {
-      result["bars"].push_back(bar(row));
+      stream.addEntry(bar(row));
     }
-    result["sums"] = Json::array();
-    for (const BarSum& sum : m_list.sums) {
-      Json one = {{"diameter", number(sum.diameter, kDiameterDecimals)}, {"grade", sum.grade}};
-      addSum(one, sum);
-      result["sums"].push_back(std::move(one));
+    stream.endList();
+    stream.add("sums", sums());
+    stream.add("mass", number(m_list.mass, kMassDecimals));
+    stream.add("meshes", meshes());
+    stream.beginList("notInSums");
+    for (const LeftOut& one : m_list.leftOut) {
+      stream.addEntry(leftOut(one));
     }
-    result["mass"] = number(m_list.mass, kMassDecimals);
-    result["meshes"] = meshes();
-    result["notInSums"] = leftOut();
-    return result;
+    stream.endList();
+    stream.end();
   }
 
  private:
@@ -68,6 +78,16 @@ class ListJson {
     result["number"] = sum.number;
     result["totalLength"] = number(sum.length, kMetreDecimals);
     result["mass"] = number(sum.mass, kMassDecimals);
+  }
+
+  [[nodiscard]] Json sums() const {
+    Json all = Json::array();
+    for (const BarSum& sum : m_list.sums) {
+      Json one = {{"diameter", number(sum.diameter, kDiameterDecimals)}, {"grade", sum.grade}};
+      addSum(one, sum);
+      all.push_back(std::move(one));
+    }
+    return all;
   }
 
   [[nodiscard]] Json drawings() const {
@@ -189,17 +209,13 @@ class ListJson {
     return all;
   }
 
-  [[nodiscard]] Json leftOut() const {
-    Json all = Json::array();
-    for (const LeftOut& one : m_list.leftOut) {
-      Json json = Json::object();
-      addOrigin(json, one.drawing);
-      json.update(reference(one.drawing, *one.element));
-      json["number"] = one.number;
-      json["reason"] = reasonText(m_words, one);
-      all.push_back(std::move(json));
-    }
-    return all;
+  [[nodiscard]] Json leftOut(const LeftOut& one) const {
+    Json json = Json::object();
+    addOrigin(json, one.drawing);
+    json.update(reference(one.drawing, *one.element));
+    json["number"] = one.number;
+    json["reason"] = reasonText(m_words, one);
+    return json;
   }
 
   const BarList& m_list;
@@ -210,7 +226,7 @@ class ListJson {
 }  // namespace
 
 void writeListJson(const BarList& list, const ListWriting& writing, std::ostream& out) {
-  out << indentedJson(ListJson(list, *writing.words).whole());
+  ListJson(list, *writing.words).write(out);
 }
 
 }  // namespace quorvan::tool

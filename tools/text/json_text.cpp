@@ -131,6 +131,45 @@ std::string inlineJson(const Json& value) {
   return out;
 }
 
+void JsonStream::beginValue(std::string_view key) {
+  m_text = m_isFirst ? "{\n" : ",\n";
+  m_isFirst = false;
+  m_text.append(kIndent, ' ');
+  appendText(m_text, std::string(key));
+  m_text += ": ";
+}
+
+void JsonStream::add(std::string_view key, const Json& value) {
+  beginValue(key);
+  appendIndented(m_text, value, kIndent);
+  m_out << m_text;
+}
+
+void JsonStream::beginList(std::string_view key) {
+  beginValue(key);
+  m_out << m_text << '[';
+  m_isFirstEntry = true;
+}
+
+void JsonStream::addEntry(const Json& entry) {
+  m_text = m_isFirstEntry ? "\n" : ",\n";
+  m_isFirstEntry = false;
+  m_text.append(2 * kIndent, ' ');
+  appendIndented(m_text, entry, 2 * kIndent);
+  m_out << m_text;
+}
+
+void JsonStream::endList() {
+  if (!m_isFirstEntry) {
+    m_out << '\n' << std::string(kIndent, ' ');
+  }
+  m_out << ']';
+}
+
+void JsonStream::end() {
+  m_out << "\n}\n";
+}
+
 std::string indentedJson(const Json& value) {
   std::string out;
   appendIndented(out, value, 0);

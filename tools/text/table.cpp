@@ -33,6 +33,9 @@ bool turnsText(char32_t character) {
 }  // namespace
 
 std::string printable(std::string_view text) {
+  if (std::ranges::all_of(text, [](char unit) { return unit >= ' ' && unit <= '~'; })) {
+    return std::string(text);
+  }
   std::string out;
   out.reserve(text.size());
   const char* at = text.data();

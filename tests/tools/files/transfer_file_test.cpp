@@ -128,9 +128,9 @@ TEST(ToolFile, KeepsItemsAndEntriesOfListsAndNothingDeeper) {
   const auto* const vector = tree.firstChild(*loaded.element(0).node);
   const auto* const point = tree.firstChild(*vector);
   EXPECT_EQ(tree.firstChild(*point), nullptr);
-  EXPECT_EQ(tree.nextSibling(*point)->name, "Point2");
-  EXPECT_EQ(tree.nextSibling(*vector)->name, "Color");
-  EXPECT_EQ(loaded.element(1).node->position.line, 2U);
+  EXPECT_EQ(tree.name(*tree.nextSibling(*point)), "Point2");
+  EXPECT_EQ(tree.name(*tree.nextSibling(*vector)), "Color");
+  EXPECT_EQ(loaded.tree().position(*loaded.element(1).node).line, 2U);
 }
 
 TEST(ToolFile, KnowsWhereEachNodeStands) {
@@ -138,14 +138,14 @@ TEST(ToolFile, KnowsWhereEachNodeStands) {
       "<Document>\n  <CKtZantoLine>\n    <Point1 X='0'/>\n  </CKtZantoLine>\n  "
       "<CKtZantoMesh><Vector>\n<Point1><x/></Point1></Vector></CKtZantoMesh></Document>";
   const LoadedFile loaded(bytes);
-  EXPECT_EQ(loaded.element(0).node->position.line, 2U);
-  EXPECT_EQ(loaded.element(0).node->position.column, 3U);
+  EXPECT_EQ(loaded.tree().position(*loaded.element(0).node).line, 2U);
+  EXPECT_EQ(loaded.tree().position(*loaded.element(0).node).column, 3U);
   const auto* const mesh = loaded.element(1).node;
-  EXPECT_EQ(mesh->position.line, 5U);
-  EXPECT_EQ(mesh->position.column, 3U);
+  EXPECT_EQ(loaded.tree().position(*mesh).line, 5U);
+  EXPECT_EQ(loaded.tree().position(*mesh).column, 3U);
   const auto* const vector = loaded.tree().firstChild(*mesh);
-  EXPECT_EQ(vector->position.column, 17U);
-  EXPECT_EQ(loaded.tree().firstChild(*vector)->position.line, 6U);
+  EXPECT_EQ(loaded.tree().position(*vector).column, 17U);
+  EXPECT_EQ(loaded.tree().position(*loaded.tree().firstChild(*vector)).line, 6U);
 }
 
 TEST(ToolFile, HoldsTheSameInEveryEncoding) {
@@ -162,7 +162,8 @@ TEST(ToolFile, HoldsTheSameInEveryEncoding) {
     ASSERT_EQ(loaded.file().elements().size(), 2U);
     EXPECT_EQ(loaded.items(0)[0].text, "\u00E9\u20AC");
     EXPECT_EQ(loaded.file().indexOf(loaded.element(1)), "2");
-    EXPECT_EQ(loaded.element(1).node->position.column, content.find("<CKtZantoLine") + 1);
+    EXPECT_EQ(loaded.tree().position(*loaded.element(1).node).column,
+              content.find("<CKtZantoLine") + 1);
   }
 }
 

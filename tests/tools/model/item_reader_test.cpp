@@ -154,6 +154,35 @@ TEST(ToolItemReader, HasDefaultsForWhatIsMissingAndTheRestAsItIs) {
   });
 }
 
+// In whatever order the items stand in the file.
+TEST(ToolItemReader, ReadsTheItemsOfASelectionAndLeavesTheOthers) {
+  const auto isWanted = [](const items::ItemSchema& item) { return item.name.size() % 2 == 0; };
+  const quorvan::tool::ItemSelection selection(isWanted);
+  std::mt19937 random(kSeed);
+  for (const items::ElementSchema& schema : items::allElements()) {
+    std::vector<ItemValue> written = randomItems(schema, random);
+    for (const bool isInOrder : {true, false}) {
+      const LoadedFile loaded = loadedElements(elementText(schema, written));
+      quorvan::tool::ItemReader reader(loaded.file());
+      const std::vector<ItemValue>& read = reader.read(loaded.element(0), selection);
+      ASSERT_EQ(read.size(), schema.items.size());
+      for (std::size_t i = 0; i < read.size(); ++i) {
+        SCOPED_TRACE(std::string(schema.className) + ' ' + std::string(schema.items[i].name));
+        ItemValue expected = *findItem(written, schema.items[i].name);
+        if (!isWanted(schema.items[i])) {
+          expected = ItemValue();
+          expected.schema = &schema.items[i];
+        }
+        EXPECT_EQ(read[i].isMissing(), !isWanted(schema.items[i]));
+        EXPECT_TRUE(sameValue(read[i], expected));
+      }
+      if (isInOrder) {
+        std::shuffle(written.begin(), written.end(), random);
+      }
+    }
+  }
+}
+
 TEST(ToolItemReader, ReportsWhatIsMissingUnlessItMayBe) {
   std::mt19937 random(kSeed);
   forEveryItem([&](const items::ElementSchema& schema, const items::ItemSchema& item) {
@@ -493,7 +522,7 @@ TEST(ToolNamedChildren, AreTheFirstOfTheirNameHoweverManyThereAre) {
       children += "<c" + std::to_string(i) + " n='second'/>";
     }
     const LoadedFile loaded = loadedElements("<CKtZantoLine>" + children + "</CKtZantoLine>");
-    const quorvan::tool::NamedChildren named(loaded.tree(), *loaded.element(0).node);
+    quorvan::tool::NamedChildren named(loaded.tree(), *loaded.element(0).node);
     for (int i = 0; i < count; ++i) {
       const auto* const found = named.find("c" + std::to_string(i));
       ASSERT_NE(found, nullptr) << i << " of " << count;

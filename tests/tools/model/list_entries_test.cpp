@@ -12,17 +12,19 @@ namespace {
 using quorvan::tool::DocumentTree;
 using quorvan::tool::ListEntries;
 using quorvan::tool::ListEntry;
+using quorvan::tool::Position;
+using quorvan::tool::TagCopy;
 
 // A list with children of these names; the value of each tells its place.
 DocumentTree entryList(const std::vector<std::string>& names) {
   DocumentTree tree;
-  tree.addNode("Vector", {});
-  std::uint32_t before = 0;
-  for (const std::string& name : names) {
-    const std::uint32_t number = tree.addNode(name, {});
-    tree.addAttribute("place", std::to_string(number - 1));
-    (before == 0 ? tree.node(0).firstChild : tree.node(before).nextSibling) = number;
-    before = number;
+  TagCopy tag;
+  tree.begin("Vector", tag, Position());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    tag.clear();
+    tag.add("place", std::to_string(i));
+    tree.begin(names[i], tag, Position());
+    tree.end();
   }
   return tree;
 }
@@ -109,7 +111,7 @@ TEST(ToolListEntries, DoNotDependOnTheOrderInTheFile) {
     EXPECT_TRUE(entries.isGapless());
     for (std::size_t i = 0; i < numbers.size(); ++i) {
       EXPECT_EQ(entries.all()[i].number, i + 1);
-      EXPECT_EQ(entries.all()[i].node->name, "P" + std::to_string(i + 1));
+      EXPECT_EQ(tree.name(*entries.all()[i].node), "P" + std::to_string(i + 1));
     }
   }
 }

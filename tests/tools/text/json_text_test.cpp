@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <sstream>
 
 #include <tools/text/json_text.h>
 
@@ -50,6 +51,35 @@ TEST(ToolJson, IsLaidOutForPeople) {
   EXPECT_EQ(
       indentedJson(Json::parse(R"({"a":[{"b":1},{"b":2}],"c":[1,2],"d":[]})")),
       "{\n  \"a\": [\n    {\"b\": 1},\n    {\"b\": 2}\n  ],\n  \"c\": [1, 2],\n  \"d\": []\n}\n");
+}
+
+TEST(ToolJson, IsTheSameWrittenValueByValue) {
+  std::mt19937 random(8);
+  for (int round = 0; round < 200; ++round) {
+    Json whole = Json::object();
+    std::ostringstream out;
+    quorvan::tool::JsonStream stream(out);
+    for (int i = 0; i < 4; ++i) {
+      const std::string key = "key \"" + std::to_string(i);
+      if (i % 2 == 0) {
+        whole[key] = randomJson(random, 3);
+        stream.add(key, whole[key]);
+        continue;
+      }
+      whole[key] = Json::array();
+      stream.beginList(key);
+      for (auto entries = random() % 4; entries > 0; --entries) {
+        const Json entry = {{"value", randomJson(random, 2)}, {"other", 1}};
+        whole[key].push_back(entry);
+        stream.addEntry(entry);
+      }
+      stream.endList();
+    }
+    whole["last"] = Json::array({Json::object()});
+    stream.add("last", whole["last"]);
+    stream.end();
+    ASSERT_EQ(out.str(), indentedJson(whole));
+  }
 }
 
 TEST(ToolJson, WritesPlainValuesAsTheyAre) {

@@ -278,8 +278,8 @@ class DataWriter {
   static std::string markText(const TransferFile& file, const LeftOut& one) {
     for (const Node* item = file.tree().firstChild(*one.element->node); item != nullptr;
          item = file.tree().nextSibling(*item)) {
-      const std::string_view* const mark = file.tree().attribute(*item, "long");
-      if (item->name == "Reference" && mark != nullptr) {
+      const auto mark = file.tree().attribute(*item, "long");
+      if (mark && file.tree().name(*item) == "Reference") {
         return "mark " + std::string(*mark) + ", ";
       }
     }

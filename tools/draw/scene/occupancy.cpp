@@ -163,9 +163,9 @@ void Occupancy::fill(const std::vector<PlanePoint>& outline, Kind kind) {
   }
 }
 
-double Occupancy::cost(const SheetBox& box) const {
+double Occupancy::cost(const SheetBox& box, double most) const {
   double sum = 0.0;
-  for (int y = row(box.least.y); y <= row(box.most.y); ++y) {
+  for (int y = row(box.least.y); y <= row(box.most.y) && sum < most; ++y) {
     for (int x = column(box.least.x); x <= column(box.most.x); ++x) {
       sum += costAt(x, y);
     }

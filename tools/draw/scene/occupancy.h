@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include <tools/draw/scene/scene.h>
@@ -27,8 +28,9 @@ class Occupancy {
   void fill(const std::vector<PlanePoint>& outline, Kind kind);
 
   /// 0 where nothing is covered; else the more, the worse it is to cover: texts count most, then
-  /// lines, then concrete.
-  [[nodiscard]] double cost(const SheetBox& box) const;
+  /// lines, then concrete. Of a box that costs `most` or more, any number from there on.
+  [[nodiscard]] double cost(const SheetBox& box,
+                            double most = std::numeric_limits<double>::infinity()) const;
   [[nodiscard]] double cost(const Lettering& text) const;
   /// Of a thin line, which may cross others and concrete, but no text.
   [[nodiscard]] double cost(PlanePoint from, PlanePoint to) const;

@@ -1,6 +1,8 @@
 #include <tools/draw/shapes/callout.h>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include <tools/draw/scene/text_width.h>
@@ -83,7 +85,7 @@ CalloutPlace placeOf(const Callout& callout, double lettering, const SheetBox& r
                      const Occupancy& taken, bool isQuick) {
   const CalloutSize size = calloutSize(callout, lettering);
   CalloutPlace best;
-  double least = -1.0;
+  double least = std::numeric_limits<double>::infinity();
   const int directions = isQuick ? kFewDirections : kDirections;
   for (const double ring : kRings) {
     bool isFree = false;
@@ -91,12 +93,15 @@ CalloutPlace placeOf(const Callout& callout, double lettering, const SheetBox& r
       for (int i = 0; i < directions; ++i) {
         const double angle = (i + 0.5) * 2.0 * std::numbers::pi / directions;
         const SheetBox box = boxAt(anchor, turned({1.0, 0.0}, angle), ring * lettering, size, room);
-        const double covered = taken.cost(box.grown(0.25 * lettering));
+        const double covered = taken.cost(box.grown(0.25 * lettering), least);
+        if (covered >= least) {
+          continue;
+        }
         const CalloutPlace place = placeIn(box, anchor, size, lettering);
         const double leader = taken.cost(place.anchor, place.leaderEnd);
         const double cost = covered + leader + kAwayShare * lengthOf(place.leaderEnd - anchor);
         isFree = isFree || (covered == 0.0 && leader < Occupancy::kTextCost);
-        if (least < 0.0 || cost < least - kAsGood) {
+        if (cost < least - kAsGood) {
           least = cost;
           best = place;
         }
