@@ -29,8 +29,14 @@ constexpr bool kIsSanitized = false;
 constexpr bool kIsSanitized = false;
 #endif
 
-// A sanitizer's own memory outweighs ours, and its time is not ours either.
-constexpr bool kMeasures = !kIsSanitized;
+#ifdef QUORVAN_EMULATED
+constexpr bool kIsEmulated = true;
+#else
+constexpr bool kIsEmulated = false;
+#endif
+
+// A sanitizer's own memory outweighs ours, and its time is not ours either; so with an emulator's.
+constexpr bool kMeasures = !kIsSanitized && !kIsEmulated;
 constexpr std::size_t kDivisor = kIsSanitized ? 10 : 1;
 
 constexpr const char* kFile = "hostile.xml";
@@ -81,7 +87,7 @@ TEST(HostileInput, CostsNoMoreMemoryThanItsSizeAllows) {
 
 TEST(HostileInput, TakesTimeInProportionToItsSize) {
   if (!kMeasures) {
-    GTEST_SKIP() << "measures the sanitizer";
+    GTEST_SKIP() << "measures the sanitizer or the emulator";
   }
   for (const HostileFile& hostile : hostileFiles()) {
     // The best of a few: another program's load makes a run longer, never shorter.
