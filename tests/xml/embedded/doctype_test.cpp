@@ -2,7 +2,9 @@
 // parser.
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 
@@ -29,7 +31,9 @@ void* run(void* action) {
 void onSmallStack(const std::function<void()>& action) {
   pthread_attr_t attributes;
   ASSERT_EQ(::pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(::pthread_attr_setstacksize(&attributes, kStack), 0);
+  // On some processors no thread has less than 128 KiB.
+  const auto least = static_cast<std::size_t>(std::max(::sysconf(_SC_THREAD_STACK_MIN), 0L));
+  ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::max(kStack, least)), 0);
   pthread_t thread = {};
   ASSERT_EQ(::pthread_create(&thread, &attributes, run,
                              const_cast<void*>(static_cast<const void*>(&action))),
