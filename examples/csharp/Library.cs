@@ -39,7 +39,9 @@ namespace Quorvan
         private static readonly WideText Instance = new WideText();
 
         private static readonly Encoding Encoding =
-            Environment.OSVersion.Platform == PlatformID.Win32NT ? Encoding.Unicode : Encoding.UTF32;
+            Environment.OSVersion.Platform == PlatformID.Win32NT
+                ? Encoding.Unicode
+                : (Encoding)new UTF32Encoding(!BitConverter.IsLittleEndian, false);
 
         public static ICustomMarshaler GetInstance(string cookie)
         {
