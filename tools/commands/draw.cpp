@@ -198,7 +198,7 @@ double dotsPerInchOf(const Scene& scene, const DrawArguments& arguments, Console
 
 // Every form but the page, which needs the drawing itself.
 void writeScene(const Scene& scene, const DrawArguments& arguments,
-                const std::filesystem::path& path, Console& console) {
+                const std::filesystem::path& path, [[maybe_unused]] Console& console) {
   const std::string form = formOf(arguments);
   if (form == ".svg") {
     std::ofstream out(path, std::ios::binary);
