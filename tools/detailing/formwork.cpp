@@ -184,7 +184,7 @@ void Formwork::enter(std::uint32_t line) {
     const double other = std::lerp(from.x, to.x, end);
     const int column = cellOf(std::max(one, other) + margin, m_box.least.x);
     for (int at = cellOf(std::min(one, other) - margin, m_box.least.x); at <= column; ++at) {
-      m_grid[static_cast<std::size_t>(row * m_cells + at)].push_back(line);
+      m_grid[placeOf(row, at)].push_back(line);
     }
   }
 }

@@ -53,6 +53,10 @@ class Formwork {
   void buildGrid();
   void enter(std::uint32_t line);
   [[nodiscard]] int cellOf(double value, double least) const noexcept;
+  [[nodiscard]] std::size_t placeOf(int row, int column) const noexcept {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_cells) +
+           static_cast<std::size_t>(column);
+  }
   void spend(std::size_t cost) const noexcept { m_effort -= cost < m_effort ? cost : m_effort; }
 
   LengthUnit m_unit;
@@ -79,7 +83,7 @@ void Formwork::visit(const PlaneBox& box, const Look& look) const {
   const int rows = cellOf(box.most.y, m_box.least.y);
   for (int row = cellOf(box.least.y, m_box.least.y); row <= rows; ++row) {
     for (int column = cellOf(box.least.x, m_box.least.x); column <= columns; ++column) {
-      const auto& cell = m_grid[static_cast<std::size_t>(row * m_cells + column)];
+      const auto& cell = m_grid[placeOf(row, column)];
       spend(1 + cell.size());
       for (const std::uint32_t line : cell) {
         if (m_visits[line] != m_question) {

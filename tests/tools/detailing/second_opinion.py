@@ -139,7 +139,7 @@ class Drawing:
         self.bars = []
         self.series = []
         self.outlines = []  # lists of points; closed where the first comes again
-        self.arcs = False
+        self.has_arcs = False
 
     def add(self, name):
         self.counts[name] = self.counts.get(name, 0) + 1
@@ -216,6 +216,7 @@ class Drawing:
         if kind == 0:
             sides = sides[:3]
         bulge = height / 2 if kind == 1 else 0.0  # a half circle for the right side
+        self.has_arcs = self.has_arcs or kind == 1
         groups = [[side] for side in sides] if chance.random() < 0.5 else [sides]
         for group in groups:
             element = self.add("CKtZantoFormwork")
@@ -341,6 +342,7 @@ class Opinion:
     def __init__(self, options):
         self.options = options
         self.found = []  # (code, class, index, item, mark, value, limit)
+        self.is_cover_known = True
         self.left_out = {}
 
     def say(self, code, bar, item_name, value, limit):
@@ -469,6 +471,8 @@ class Opinion:
                 outside.append(bar)
                 continue
             inside.add(bar.mark)
+            # Which chords of an arc are drawn on through a bar depends on how the arc is cut.
+            self.is_cover_known = self.is_cover_known and not (passing and drawing.has_arcs)
             if "cover" not in self.options:
                 continue
             cover = min((gap for line in lines for gap in body.gaps(line, passing)),
@@ -621,8 +625,10 @@ def hold(program, path, drawing, options):
     marks = {(bar.name, str(bar.index)): bar.mark for bar in drawing.bars}
     marks.update({("CKtZantoRepartition", str(index)): bar.mark for bar, index, _ in drawing.series})
     said, times = [], 0
+    codes = [code for code in range(801, 811) if code != 807 or opinion.is_cover_known]
+    opinion.found = [one for one in opinion.found if one[0] in codes]
     for one in file["findings"]:
-        if 801 <= one["code"] <= 810:
+        if one["code"] in codes:
             said.append((one["code"], one["class"], one["index"], one["item"],
                          marks[one["class"], one["index"]], one["value"], one["limit"]))
             more = re.search(r"so with (\d+) more of mark", one["found"])
