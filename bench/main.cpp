@@ -10,6 +10,7 @@
 #include <bench/hosts.h>
 #include <bench/measure.h>
 #include <bench/peers.h>
+#include <bench/program.h>
 #include <bench/report.h>
 #include <bench/small_files.h>
 
@@ -25,6 +26,7 @@ struct Options {
   std::vector<std::string> only;
   std::vector<std::string> parts{"peers", "growth", "hidden", "files"};
   std::vector<std::string> hosts;
+  std::string program;
   bool processorTime = false;
   bool warm = false;
 };
@@ -146,11 +148,12 @@ Options parse(int argc, char** argv) {
   app.add_option("--json", options.json, "also write the results to this file");
   app.add_option("--only", options.only, "measure only the peers whose names begin so");
   app.add_option("--part", options.parts,
-                 "measure only these of: peers, growth, hidden, files; windows, for which "
-                 "scripts/bench builds what it takes")
-      ->check(CLI::IsMember({"peers", "growth", "hidden", "files", "windows"}));
+                 "measure only these of: peers, growth, hidden, files; program and windows, for "
+                 "which scripts/bench builds what it takes")
+      ->check(CLI::IsMember({"peers", "growth", "hidden", "files", "program", "windows"}));
   app.add_option("--host", options.hosts,
                  "for the part windows: NAME=COMMAND of a quorvan-bench-host");
+  app.add_option("--program", options.program, "for the part program: its path");
   app.add_flag("--processor-time", options.processorTime,
                "measure processor time: for a machine that does other work as well");
   app.add_flag("--warm", options.warm, "leave each run the memory that others have freed");
@@ -188,6 +191,10 @@ int main(int argc, char** argv) {
     if (isWantedPart("files")) {
       const std::size_t files = std::min<std::size_t>(kSmallFiles, options.elements);
       report.smallFiles = bench::measureSmallFiles(files, options.rounds, options.folder);
+    }
+    if (isWantedPart("program")) {
+      report.program =
+          bench::measureProgram(options.program, options.elements, options.rounds, options.folder);
     }
     if (isWantedPart("windows")) {
       report.hosts = bench::measureHosts(options.hosts, options.rounds, options.folder);

@@ -95,6 +95,17 @@ void printHosts(const Report& report) {
   std::printf("\nservice: the part of the time inside Windows' document service\n");
 }
 
+void printProgram(const Report& report) {
+  const ProgramRow& library = report.program.front();
+  std::printf("\nThe program, processor time and peak memory\n%-16s %10s %8s %14s\n", "", "seconds",
+              "ratio", "B/B of file");
+  for (const ProgramRow& row : report.program) {
+    std::printf("%-16s %10.3f %8.2f %14.2f\n", row.name.c_str(), row.seconds,
+                row.seconds / library.seconds, row.peakBytes / row.fileBytes);
+  }
+  std::printf("\nratio: time against that of the library's own reading\n");
+}
+
 }  // namespace
 
 void printTable(const Report& report) {
@@ -112,6 +123,9 @@ void printTable(const Report& report) {
   }
   if (!report.hosts.empty()) {
     printHosts(report);
+  }
+  if (!report.program.empty()) {
+    printProgram(report);
   }
 }
 
@@ -148,6 +162,12 @@ void writeJson(const Report& report, const std::string& path) {
                              {"elements", row.elements},
                              {"secondsAnElement", row.seconds},
                              {"serviceShare", row.serviceShare}});
+  }
+  for (const ProgramRow& row : report.program) {
+    json["program"].push_back({{"command", row.name},
+                               {"seconds", row.seconds},
+                               {"peakBytes", row.peakBytes},
+                               {"fileBytes", row.fileBytes}});
   }
   std::ofstream(path) << json.dump(2) << '\n';
 }

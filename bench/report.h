@@ -41,6 +41,14 @@ struct HostRow {
       -1;  // of the time, inside Windows' document service; -1 where there is none
 };
 
+// A command of the program, or the library's own reading of the same file.
+struct ProgramRow {
+  std::string name;
+  double seconds = 0;    // of the processor
+  double peakBytes = 0;  // of the whole process
+  double fileBytes = 0;
+};
+
 struct Report {
   double elements = 0;
   int rounds = 0;
@@ -49,6 +57,7 @@ struct Report {
   std::vector<HiddenRow> hidden;
   std::vector<SmallFilesRow> smallFiles;
   std::vector<HostRow> hosts;
+  std::vector<ProgramRow> program;  // the library first
 };
 
 void printTable(const Report& report);
