@@ -237,6 +237,58 @@ def in_chromium(chromium, shop, page):
     return dom
 
 
+# Goes from a note to its cloud, and from the cloud back to the note.
+REVIEW_PROBE = """
+<script>
+//<![CDATA[
+window.addEventListener('load', function () {
+  const result = {};
+  const svg = document.querySelector('main svg');
+  const notes = document.querySelectorAll('#notes button');
+  const box = function () { return svg.getAttribute('viewBox'); };
+  const chosen = function () { return document.querySelectorAll('#notes .found').length; };
+  const whole = box();
+  result.notes = notes.length;
+  notes[0].click();
+  result.zoomed = box() !== whole;
+  result.cloud = getComputedStyle(svg.querySelector('g[data-layer=marks] path.found')).stroke;
+  document.getElementById('whole').click();
+  document.querySelectorAll('.found').forEach(function (one) { one.classList.remove('found'); });
+  const around = svg.querySelector('g[data-layer=marks] path').getBoundingClientRect();
+  document.getElementById('view').dispatchEvent(new MouseEvent('click', {
+    bubbles: true, clientX: around.left + around.width / 2, clientY: around.top + around.height / 2}));
+  result.chosen = chosen();
+  result.focus = document.activeElement === notes[0];
+  result.resources = performance.getEntriesByType('resource').length;
+  document.body.setAttribute('data-result', JSON.stringify(result));
+});
+//]]>
+</script>
+</body>"""
+
+
+def check_review(shop):
+    chromium = shutil.which("chromium") or need("google-chrome")
+    sample = [file for file in shop.files if file.stem == "sample"][0]
+    revised = sample.with_name("revised.xml")
+    revised.write_bytes(re.sub(rb"<CKtZantoPin .*?</CKtZantoPin>", b"", sample.read_bytes(), count=1, flags=re.DOTALL))
+    page = sample.with_name("review.html")
+    subprocess.run([shop.program, "diff", sample, revised, "-o", page], check=False, capture_output=True)
+    run(need("xmllint"), "--noout", "--nonet", page)
+    page.write_text(page.read_text(encoding="utf-8").replace("</body>", REVIEW_PROBE), encoding="utf-8")
+    result = probed_result(in_chromium(chromium, shop, page))
+    expected = {"notes": 1, "zoomed": True, "cloud": "rgb(255, 138, 0)", "chosen": 1, "focus": True, "resources": 0}
+    if result != expected:
+        sys.exit(f"{result}, expected {expected}")
+
+
+def probed_result(dom):
+    match = re.search(r'data-result="([^"]*)"', dom)
+    if match is None:
+        sys.exit("the page did not come to its end:\n" + dom[-2000:])
+    return json.loads(match.group(1).replace("&quot;", '"').replace("&amp;", "&"))
+
+
 def check_page(shop):
     chromium = shutil.which("chromium") or need("google-chrome")
     sample = [file for file in shop.files if file.stem == "sample"][0]
@@ -245,11 +297,7 @@ def check_page(shop):
     probed = page.with_name("probed.html")
     probed.write_text(
         page.read_text(encoding="utf-8").replace("</body>", PROBE), encoding="utf-8")
-    dom = in_chromium(chromium, shop, probed)
-    match = re.search(r'data-result="([^"]*)"', dom)
-    if match is None:
-        sys.exit("the page did not come to its end:\n" + dom[-2000:])
-    result = json.loads(match.group(1).replace("&quot;", '"').replace("&amp;", "&"))
+    result = probed_result(in_chromium(chromium, shop, probed))
     print(json.dumps(result, indent=2, ensure_ascii=False))
     expected = {
         "rows": 8, "strokes": ["rgb(255, 138, 0)"] * 2, "layers": 13, "markMessage": "2 elements of mark 6.", "off": "none",
@@ -345,7 +393,7 @@ def check_printed_list(shop):
 def main():
     check, program, project, folder = sys.argv[1:]
     checks = {
-        "json": check_json, "xml": check_xml, "pdf": check_pdf, "page": check_page,
+        "json": check_json, "xml": check_xml, "pdf": check_pdf, "page": check_page, "review": check_review,
         "workbook": check_workbook, "printed_list": check_printed_list,
     }
     checks[check](Workshop(program, project, folder))

@@ -1,13 +1,18 @@
 // quorvan diff: what two drawings differ by.
 
 #include <algorithm>
+#include <fstream>
 #include <memory>
+#include <optional>
 
 #include <tools/commands/command_table.h>
+#include <tools/commands/picture_file.h>
 #include <tools/diff/difference.h>
-#include <tools/model/class_names.h>
-#include <tools/model/description.h>
-#include <tools/model/item_reader.h>
+#include <tools/diff/difference_text.h>
+#include <tools/draw/page/review_page.h>
+#include <tools/draw/review_scene.h>
+#include <tools/files/input_file.h>
+#include <tools/files/work_folder.h>
 #include <tools/text/json_text.h>
 #include <tools/text/table.h>
 
@@ -22,6 +27,7 @@ struct DiffArguments {
   std::string before;
   std::string after;
   double tolerance = 0.001;
+  std::string output;
   bool asJson = false;
 };
 
@@ -29,14 +35,14 @@ class Report {
  public:
   Report(const TransferFile& before, const TransferFile& after,
          const std::vector<Difference>& differences)
-      : m_before(before), m_after(after), m_differences(differences), m_old(before), m_new(after) {}
+      : m_before(before), m_after(after), m_differences(differences), m_texts(before, after) {}
 
   void print(std::ostream& out) {
     if (m_differences.empty()) {
       return;
     }
-    for (const Difference& one : m_differences) {
-      print(one, out);
+    for (const DifferenceGroup& group : groupsOf(m_differences)) {
+      print(group, out);
     }
     out << '\n';
     const char* separator = "";
@@ -61,37 +67,12 @@ class Report {
   }
 
  private:
-  // Of the old element where there is one.
-  std::string describe(const Difference& one) {
-    const Element& element = one.before != nullptr ? *one.before : *one.after;
-    if (element.schema == nullptr) {
-      return std::string(element.className()) + " (not known)";
-    }
-    return tool::describe(element,
-                          one.before != nullptr ? m_old.read(element) : m_new.read(element));
-  }
-
-  [[nodiscard]] std::string source(const Difference& one) const {
-    const auto name = [](const TransferFile& file, const Element& element) {
-      return std::string(shortClassName(element.className())) + ' ' +
-             std::string(file.indexOf(element));
-    };
-    if (one.before == nullptr) {
-      return name(m_after, *one.after);
-    }
-    if (one.after == nullptr || m_before.indexOf(*one.before) == m_after.indexOf(*one.after)) {
-      return name(m_before, *one.before);
-    }
-    return name(m_before, *one.before) + ", now " + std::string(m_after.indexOf(*one.after));
-  }
-
-  void print(const Difference& one, std::ostream& out) {
-    out << differenceName(one.kind) << ": " << printable(describe(one));
-    if (one.kind == DifferenceKind::kMoved) {
-      out << ", by " << placeText(one.by);
-    }
-    out << "  [" << printable(source(one)) << "]\n";
-    for (const ItemChange& change : one.items) {
+  void print(const DifferenceGroup& group, std::ostream& out) {
+    const Difference& first = *group.front();
+    out << printable(m_texts.lineOf(group)) << "  ["
+        << printable(group.size() == 1 ? m_texts.source(first) : DifferenceTexts::classesOf(group))
+        << "]\n";
+    for (const ItemChange& change : first.items) {
       out << "    " << change.item << ": " << printable(change.before) << " \u2192 "
           << printable(change.after) << '\n';
     }
@@ -105,7 +86,7 @@ class Report {
     const Element& element = one.before != nullptr ? *one.before : *one.after;
     Json result = {{"kind", differenceName(one.kind)},
                    {"class", element.className()},
-                   {"description", describe(one)}};
+                   {"description", m_texts.describe(one)}};
     result["indexBefore"] = nullptr;
     result["indexAfter"] = nullptr;
     if (one.before != nullptr) {
@@ -130,20 +111,44 @@ class Report {
   const TransferFile& m_before;
   const TransferFile& m_after;
   const std::vector<Difference>& m_differences;
-  ItemReader m_old;
-  ItemReader m_new;
+  DifferenceTexts m_texts;
 };
+
+// The drawings over each other; the page has the list beside them, the other forms in the picture.
+void writeReview(const Review& review, const std::string& output, Console& console) {
+  const WorkFolder folder(output, console);
+  if (formOf(output) == ".html") {
+    std::ofstream out(folder.file(), std::ios::binary);
+    writeReviewPage(review.scene, review.lines, review.notes, out);
+    closeWritten(out, output);
+  } else {
+    writeScene(withList(review), {output, std::nullopt}, folder.file(), console);
+  }
+  folder.moveToTarget();
+}
 
 int diff(const DiffArguments& arguments, Console& console) {
   if (!(arguments.tolerance >= 0.0)) {
     throw Failure("the tolerance must not be below 0");
   }
+  if (!arguments.output.empty()) {
+    if (formOf(arguments.output) == ".dxf") {
+      throw Failure(arguments.output + ": a review is drawn as .svg, .html, .png or .pdf");
+    }
+    refuseSameFile(arguments.before, arguments.output);
+    refuseSameFile(arguments.after, arguments.output);
+  }
   const TransferFile before(arguments.before, console);
   const TransferFile after(arguments.after, console);
   const std::vector<Difference> differences =
       compareFiles(before, after, arguments.tolerance, console);
+  if (!arguments.output.empty()) {
+    writeReview(reviewOf(before, after, differences, {}), arguments.output, console);
+  }
   Report report(before, after, differences);
-  if (arguments.asJson) {
+  if (arguments.output == kStandardStream) {
+    // The picture is all that goes there.
+  } else if (arguments.asJson) {
     console.out << indentedJson(report.toJson(arguments.tolerance));
   } else {
     report.print(console.out);
@@ -158,6 +163,9 @@ void addDiffOptions(CLI::App& command, Run& run) {
   command
       .add_option("--tolerance", arguments->tolerance, "Numbers that differ by no more are equal")
       ->capture_default_str();
+  command.add_option("-o,--output", arguments->output,
+                     "Picture of both drawings over each other; its ending says the form: .svg "
+                     ".html .png .pdf");
   command.add_flag("--json", arguments->asJson, "As JSON (docs/schema/diff.schema.json)");
   command.callback([arguments, &run] { run.status = diff(*arguments, run.console); });
 }
@@ -169,9 +177,11 @@ constinit const Command kDiffCommand = {
     .summary = "What two drawings differ by",
     .description =
         "What two drawings differ by: deleted, added, moved and changed elements. They are "
-        "compared by content, not by index.",
+        "compared by content, not by index. With -o, also a picture of both over each other, with "
+        "clouds round the changes and a list of them.",
     .examples =
         "quorvan diff beam-a.xml beam-b.xml\n"
+        "quorvan diff beam-a.xml beam-b.xml -o review.html   a page that leads to each change\n"
         "quorvan diff --tolerance 0.5 --json old.xml new.xml",
     .exitCodes = {"equal", "different", "a file that cannot be read"},
     .addOptions = addDiffOptions,

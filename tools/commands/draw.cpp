@@ -11,20 +11,16 @@
 #include <tools/bvbs/sheet/shape_sheet.h>
 #include <tools/commands/command_table.h>
 #include <tools/commands/draw_dxf.h>
+#include <tools/commands/picture_file.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/page/html_page.h>
 #include <tools/draw/scene/sheet.h>
 #include <tools/draw/scene_builder.h>
-#include <tools/draw/writers/svg_writer.h>
 #include <tools/files/input_file.h>
 #include <tools/files/work_folder.h>
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
-#include <tools/text/number_text.h>
 #include <tools/text/table.h>
-#ifdef QUORVAN_HAS_CAIRO
-#include <tools/draw/writers/cairo_writer.h>
-#endif
 
 namespace quorvan::tool {
 
@@ -167,64 +163,10 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   return result;
 }
 
-std::string formOf(const DrawArguments& arguments) {
-  return arguments.output == kStandardStream ? ".svg"
-                                             : toUtf8(toPath(arguments.output).extension());
-}
-
-void closeWritten(std::ofstream& out, const std::string& name) {
-  out.close();
-  if (!out) {
-    throw Failure(name + ": cannot be written");
-  }
-}
-
-#ifdef QUORVAN_HAS_CAIRO
-// What is asked for, or what is usual, but for sheets so large that the picture would be as well.
-double dotsPerInchOf(const Scene& scene, const DrawArguments& arguments, Console& console) {
-  constexpr double kUsual = 150.0;
-  if (arguments.dotsPerInch) {
-    return *arguments.dotsPerInch;
-  }
-  const double most = mostDotsPerInch(scene);
-  if (most >= kUsual) {
-    return kUsual;
-  }
-  console.err << printable(arguments.output) << ": note: drawn with " << rounded(most, 1)
-              << " dots an inch, because the sheet is large (--dpi asks for more)\n";
-  return most;
-}
-#endif
-
-// Every form but the page, which needs the drawing itself.
-void writeScene(const Scene& scene, const DrawArguments& arguments,
-                const std::filesystem::path& path, [[maybe_unused]] Console& console) {
-  const std::string form = formOf(arguments);
-  if (form == ".svg") {
-    std::ofstream out(path, std::ios::binary);
-    writeSvg(scene, {}, out);
-    return closeWritten(out, arguments.output);
-  }
-#ifdef QUORVAN_HAS_CAIRO
-  if (form == ".png") {
-    return writePng(scene, dotsPerInchOf(scene, arguments, console), path);
-  }
-  if (form == ".pdf") {
-    return writePdf(scene, path);
-  }
-#else
-  if (form == ".png" || form == ".pdf") {
-    throw Failure(arguments.output +
-                  ": this build writes .svg, .html and .dxf only; it has no cairo");
-  }
-#endif
-  throw Failure(arguments.output + ": the name must end in .svg, .html, .png, .pdf or .dxf");
-}
-
 void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
                   const DrawOptions& drawing, const std::filesystem::path& path, Console& console) {
-  if (formOf(arguments) != ".html") {
-    return writeScene(scene, arguments, path, console);
+  if (formOf(arguments.output) != ".html") {
+    return writeScene(scene, {arguments.output, arguments.dotsPerInch}, path, console);
   }
   std::ofstream out(path, std::ios::binary);
   writeHtmlPage(file, scene, *drawing.unit, out);
@@ -280,7 +222,7 @@ void report(const TransferFile& file, const SceneResult& result, const DrawOptio
 // The shapes of bending data, on one sheet.
 void drawBendingData(const DrawArguments& arguments, Console& console) {
   refuseSameFile(arguments.file, arguments.output);
-  if (formOf(arguments) == ".html" || formOf(arguments) == ".dxf") {
+  if (formOf(arguments.output) == ".html" || formOf(arguments.output) == ".dxf") {
     throw Failure(arguments.output + ": bending data is drawn as .svg, .png or .pdf");
   }
   const std::string bytes = bvbs::bendingDataBytes(arguments.file);
@@ -300,7 +242,8 @@ void drawBendingData(const DrawArguments& arguments, Console& console) {
     throw Failure(arguments.file + ": there is no record that can be drawn");
   }
   const WorkFolder folder(arguments.output, console);
-  writeScene(bvbs::shapeSheet(records), arguments, folder.file(), console);
+  writeScene(bvbs::shapeSheet(records), {arguments.output, arguments.dotsPerInch}, folder.file(),
+             console);
   folder.moveToTarget();
 }
 
@@ -311,7 +254,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   const DrawOptions drawing = drawOptions(arguments);
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
-  if (formOf(arguments) == ".dxf") {
+  if (formOf(arguments.output) == ".dxf") {
     const WorkFolder folder(arguments.output, console);
     drawDxf(file, drawing,
             {named(kDxfVersions, arguments.dxf).value_or(DxfVersion::kR12),

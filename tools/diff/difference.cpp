@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <tools/diff/candidates.h>
+#include <tools/diff/common_shift.h>
 #include <tools/diff/element_content.h>
 #include <tools/model/bar.h>
 #include <tools/text/table.h>
@@ -11,6 +12,8 @@
 namespace quorvan::tool {
 
 namespace {
+
+constexpr double kRounding = 0.001;  // of the vector by which all is moved
 
 // What makes an element the one it is although its content changed: the mark of a bar, the
 // reference of a mesh, the contents of a text. Empty where nothing but its place does.
@@ -58,10 +61,14 @@ class Comparison {
         m_isOpenAfter(after.elements().size(), true) {}
 
   std::vector<Difference> compare(Progress& progress) {
-    pairEqual(progress);
+    if (const auto by = commonShift(m_before, m_readBefore, m_after, m_readAfter, m_tolerance)) {
+      m_shift = *by;
+      pairAlike(m_shift, progress);
+    }
+    pairAlike({}, progress);
     pairMoved();
-    pairChanged(&Comparison::placeKey);
-    pairChanged(&Comparison::identityKey);
+    pairChanged(&Comparison::placeKey, true);
+    pairChanged(&Comparison::identityKey, false);
     collectRest();
     std::ranges::stable_sort(m_differences, {}, [](const Difference& one) {
       return std::pair(one.kind, (one.before != nullptr ? one.before : one.after)->place);
@@ -98,7 +105,9 @@ class Comparison {
     return [this](std::uint32_t place) { return static_cast<bool>(m_isOpenAfter[place]); };
   }
 
-  void pairEqual(Progress& progress) {
+  // Pairs what is the same once all is moved by the vector.
+  void pairAlike(const Coordinates& by, Progress& progress) {
+    const bool isMoved = isBeyond(by, m_tolerance);
     const auto keyOf = [](ContentReader& reader, const Element& element) {
       const Content& content = reader.read(element);
       return Key(content.discrete, anchorOf(content));
@@ -106,16 +115,37 @@ class Comparison {
     Candidates candidates = candidatesBy(keyOf);
     for (const Element& element : m_before.elements()) {
       progress.report(element.place, m_before.elements().size());
+      if (!m_isOpenBefore[element.place]) {
+        continue;
+      }
       const Content& content = m_readBefore.read(element);
-      candidates.visit(content.discrete, anchorOf(content), isFree(), [&](std::uint32_t place) {
+      const Coordinates anchor = anchorOf(content);
+      const Coordinates there{anchor.x + by.x, anchor.y + by.y, anchor.z + by.z};
+      candidates.visit(content.discrete, there, isFree(), [&](std::uint32_t place) {
         const Element& other = m_after.elements()[place];
-        if (!areEqual(content, m_readAfter.read(other), m_tolerance)) {
+        if (!isMoved ? !areEqual(content, m_readAfter.read(other), m_tolerance)
+                     : !isMovedBy(by, content, m_readAfter.read(other))) {
           return false;
         }
         take(element, other);
+        if (isMoved) {
+          m_differences.push_back({DifferenceKind::kMoved, &element, &other, by, {}});
+        }
         return true;
       });
     }
+  }
+
+  // A place of the old drawing in the new one.
+  [[nodiscard]] Coordinates shifted(const Coordinates& point) const {
+    return {point.x + m_shift.x, point.y + m_shift.y, point.z + m_shift.z};
+  }
+
+  [[nodiscard]] bool isMovedBy(const Coordinates& by, const Content& before,
+                               const Content& after) const {
+    Coordinates found;
+    return areMoved(before, after, m_tolerance, found) &&
+           distance(found, by) <= std::max(m_tolerance, kRounding);
   }
 
   void pairMoved() {
@@ -157,10 +187,13 @@ class Comparison {
     if (element.schema == nullptr) {
       return {};
     }
-    return {identityOf(element, reader.items(element)), {}};
+    return {element.is(items::ElementClass::kRepartition)
+                ? reader.repeatedMark(element)
+                : identityOf(element, reader.items(element)),
+            {}};
   }
 
-  void pairChanged(KeyOf keyOf) {
+  void pairChanged(KeyOf keyOf, bool isByPlace) {
     Candidates candidates = candidatesBy([&](ContentReader& reader, const Element& element) {
       return (this->*keyOf)(reader, element);
     });
@@ -168,9 +201,12 @@ class Comparison {
       if (!m_isOpenBefore[element.place]) {
         continue;
       }
-      const Key key = (this->*keyOf)(m_readBefore, element);
+      Key key = (this->*keyOf)(m_readBefore, element);
       if (key.first.empty()) {
         continue;
+      }
+      if (isByPlace) {
+        key.second = shifted(key.second);
       }
       Difference closest{DifferenceKind::kChanged, &element, nullptr, {}, {}};
       candidates.visit(key.first, key.second, isFree(), [&](std::uint32_t place) {
@@ -219,6 +255,7 @@ class Comparison {
   ContentReader m_readBefore;
   ContentReader m_readAfter;
   double m_tolerance;
+  Coordinates m_shift;  // of the drawing as a whole
   std::vector<bool> m_isOpenBefore;
   std::vector<bool> m_isOpenAfter;
   std::vector<Difference> m_differences;

@@ -4,6 +4,8 @@
 
 #include <tools/listing/item_cells.h>
 #include <tools/model/bar.h>
+#include <tools/model/series_layout.h>
+#include <tools/model/series_spans.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -33,6 +35,14 @@ bool haveEqualNumbers(const Content& a, const Content& b, double tolerance) {
     }
   }
   return true;
+}
+
+std::string lengthText(const Repartition& series, const Bar& bar) {
+  const std::vector<double> spans = seriesSpans(series, bar);
+  if (!spans.empty()) {
+    return spacingText(spans);
+  }
+  return bar.hasLength() ? rounded(lengthOf(bar), 1) : "-";
 }
 
 void addDirection(const Coordinates& vector, std::vector<double>& numbers) {
@@ -100,21 +110,48 @@ void ContentReader::add(const ItemValue& item) {
   }
 }
 
-std::vector<std::pair<std::string, std::string>> ContentReader::texts(const Element& element) {
-  std::vector<std::pair<std::string, std::string>> texts;
+ContentReader::Texts ContentReader::texts(const Element& element) {
+  Texts texts;
   if (element.schema == nullptr) {
     return texts;
   }
   const std::vector<ItemValue>& items = m_reader.read(element);
-  const bool isSeries = element.is(items::ElementClass::kRepartition);
+  if (element.is(items::ElementClass::kRepartition)) {
+    addSeriesTexts(items, texts);
+    return texts;
+  }
   for (const ItemValue& item : items) {
-    if (isSeries && item.schema->name == kIndexItem) {
+    texts.emplace_back(displayName(*item.schema), item.isMissing() ? "-" : itemCell(item));
+  }
+  return texts;
+}
+
+// Number, spacing and length in the place of the lists, as people speak of a series.
+void ContentReader::addSeriesTexts(const std::vector<ItemValue>& items, Texts& texts) {
+  const Repartition series = toRepartition(items);
+  const Bar* const bar = m_repeated.find(series);
+  texts.emplace_back("number", std::to_string(series.number()));
+  texts.emplace_back("spacing", spacingText(statedSpacings(series, bar)));
+  texts.emplace_back("length", bar == nullptr ? "-" : lengthText(series, *bar));
+  for (const ItemValue& item : items) {
+    const std::string_view name = item.schema->name;
+    if (name == kIndexItem) {
       texts.emplace_back("repeated bar", repeatedBar(items));
+    } else if (item.schema->kind == items::Kind::kDoubleList) {
+      if (name != "Positions") {
+        texts.emplace_back(displayName(*item.schema), spacingText(item.numbers));
+      }
     } else {
       texts.emplace_back(displayName(*item.schema), item.isMissing() ? "-" : itemCell(item));
     }
   }
-  return texts;
+}
+
+std::string ContentReader::repeatedMark(const Element& series) {
+  const Repartition repartition = toRepartition(m_reader.read(series));
+  const Bar* const bar = m_repeated.find(repartition);
+  return bar == nullptr ? std::string()
+                        : repartition.className + kSeparator + std::to_string(bar->reference);
 }
 
 std::string ContentReader::repeatedBar(const std::vector<ItemValue>& items) {

@@ -25,14 +25,21 @@ class ContentReader {
   /// Valid until the next call.
   const Content& read(const Element& element);
 
-  /// The items as people read them; what a repartition repeats in words in the place of its index.
-  std::vector<std::pair<std::string, std::string>> texts(const Element& element);
+  using Texts = std::vector<std::pair<std::string, std::string>>;
+
+  /// The items as people read them. A repartition has what it repeats in words in the place of its
+  /// index, and first of all its number, spacing and length.
+  Texts texts(const Element& element);
+
+  /// What a repartition repeats, by class and mark; empty where the bar is not there.
+  std::string repeatedMark(const Element& series);
 
   /// The items of an element; valid until the next call of any function.
   const std::vector<ItemValue>& items(const Element& element) { return m_reader.read(element); }
 
  private:
   void add(const ItemValue& item);
+  void addSeriesTexts(const std::vector<ItemValue>& items, Texts& texts);
   [[nodiscard]] std::string repeatedBar(const std::vector<ItemValue>& items);
 
   ItemReader m_reader;

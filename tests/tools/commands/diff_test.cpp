@@ -2,12 +2,15 @@
 
 #include <nlohmann/json.hpp>
 
+#include <tests/support/saved_file.h>
+#include <tests/tools/drawn_elements.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
 namespace {
 
 using nlohmann::json;
+using quorvan::test::fileBytes;
 using quorvan::test::replaced;
 using quorvan::test::runTool;
 using quorvan::test::sampleBytes;
@@ -121,6 +124,76 @@ TEST(ToolDiff, ComparesRepartitionsByTheBarThatTheyRepeat) {
   EXPECT_EQ(diff(renumbered).out, "");
   const std::string lost = replaced(sampleBytes(), R"(<Index long="1"/>)", R"(<Index long="5"/>)");
   EXPECT_NE(diff(lost).out.find("    repeated bar: mark 6, diameter 8 B500B \u2192 none\n"),
+            std::string::npos);
+}
+
+TEST(ToolDiff, SaysAShiftOfEverythingInOneLine) {
+  const auto drawing = [](double by) {
+    std::string elements;
+    for (int i = 0; i < 6; ++i) {
+      elements += quorvan::test::circleOf({by, 100.0 * i, 0}, 10.0 + i);
+    }
+    return quorvan::test::documentOf(elements + quorvan::test::lineOf({by, 0, 0}, {by + 50, 0, 0}));
+  };
+  writeFile("before.xml", drawing(0));
+  writeFile("after.xml", drawing(250));
+  EXPECT_EQ(runTool({"diff", "before.xml", "after.xml"}).out,
+            "moved: everything, 7 elements, by (250, 0, 0)  [6 Circle, 1 Line]\n\n"
+            "0 deleted, 0 added, 7 moved, 0 changed\n");
+}
+
+TEST(ToolDiff, SaysNumberSpacingAndLengthOfASeriesThatChanged) {
+  const auto drawing = [](int count, double step, double high) {
+    return quorvan::test::documentOf(
+        quorvan::test::barOf({.points = {{0, 0, 0}, {0, high, 0}}, .mark = 3}) +
+        quorvan::test::seriesOf(quorvan::test::uprightBars(0, 0, high, count, step)));
+  };
+  writeFile("before.xml", drawing(26, 150, 1000));
+  writeFile("after.xml", drawing(31, 125, 1200));
+  const std::string report = runTool({"diff", "before.xml", "after.xml"}).out;
+  const std::size_t begin = report.find("changed: repartition of 26 StraightBar, spacing 150");
+  ASSERT_NE(begin, std::string::npos) << report;
+  EXPECT_NE(report.find("    number: 26 \u2192 31\n    spacing: 150 \u2192 125\n"
+                        "    length: 1000 \u2192 1200\n",
+                        begin),
+            std::string::npos)
+      << report;
+  EXPECT_EQ(report.find("Positions"), std::string::npos);
+  EXPECT_EQ(report.find("150, 150"), std::string::npos);
+}
+
+// The list stands beside the drawing; what goes out of the standard output stays what it was.
+TEST(ToolDiff, DrawsBothDrawingsOverEachOther) {
+  const std::string changed = without("CKtZantoPin");
+  const std::string report = diff(changed).out;
+  const auto run = diff(changed, {"-o", "review.svg"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, report);
+  const std::string picture = fileBytes("review.svg");
+  EXPECT_NE(picture.find("<title>sample.xml \u2192 after.xml</title>"), std::string::npos);
+  EXPECT_NE(picture.find(">1 \u2212</text>"), std::string::npos);
+  EXPECT_NE(picture.find("deleted: pin, mark 4, diameter 8 B500B, length 340"), std::string::npos);
+  EXPECT_NE(picture.find("mark 4: gone, 1 bar, \u22120.1 kg"), std::string::npos);
+}
+
+TEST(ToolDiff, WritesAPageWithAButtonForEachCloud) {
+  EXPECT_EQ(diff(without("CKtZantoPin"), {"-o", "review.html"}).status, 1);
+  const std::string page = fileBytes("review.html");
+  EXPECT_NE(page.find("<button type=\"button\"><b>1 \u2212</b><span>deleted: pin, mark 4"),
+            std::string::npos);
+  EXPECT_NE(page.find("data-e=\"0\""), std::string::npos);
+  EXPECT_EQ(page.find("{{"), std::string::npos);
+}
+
+TEST(ToolDiff, DrawsEqualDrawingsWithoutAnyCloud) {
+  EXPECT_EQ(diff(sampleBytes(), {"-o", "review.svg"}).status, 0);
+  EXPECT_EQ(fileBytes("review.svg").find("data-e="), std::string::npos);
+}
+
+TEST(ToolDiff, RefusesToWriteAReviewOverADrawingOrInAnotherForm) {
+  EXPECT_EQ(diff(sampleBytes(), {"-o", "sample.xml"}).status, 2);
+  EXPECT_EQ(fileBytes("sample.xml"), sampleBytes());
+  EXPECT_NE(diff(sampleBytes(), {"-o", "review.dxf"}).err.find("is drawn as .svg"),
             std::string::npos);
 }
 

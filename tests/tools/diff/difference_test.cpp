@@ -82,6 +82,36 @@ TEST(ToolDiffPairs, OfMovedElementsAreTheNearest) {
   EXPECT_EQ(result.all().back().by, (Coordinates{-30, 0, 0}));
 }
 
+// Bars at even distances would find each other's neighbours instead.
+TEST(ToolDiffPairs, FollowADrawingThatWasMovedAsAWhole) {
+  const auto drawing = [](double by) {
+    std::string elements;
+    for (int i = 0; i < 9; ++i) {
+      elements += lineAt(by + 10.0 * i);
+    }
+    return elements + circleOf({by + 3, 5, 0}, 7) + textOf({.contents = "A", .at = {by, 9, 0}}) +
+           textOf({.contents = "B", .at = {by, 19, 0}});
+  };
+  const Compared result(drawing(0), drawing(10));
+  EXPECT_EQ(result.count(DifferenceKind::kMoved), 12);
+  ASSERT_EQ(result.all().size(), 12U);
+  for (const Difference& one : result.all()) {
+    EXPECT_EQ(one.by, (Coordinates{10, 0, 0}));
+    EXPECT_EQ(one.before->place, one.after->place);
+  }
+}
+
+// A frame that stays while its contents are moved has no majority.
+TEST(ToolDiffPairs, StayWhereMostOfADrawingDid) {
+  const std::string texts = textOf({.contents = "A", .at = {0, 9, 0}}) +
+                            textOf({.contents = "B", .at = {0, 19, 0}}) +
+                            textOf({.contents = "C", .at = {0, 29, 0}});
+  EXPECT_EQ(Compared(texts + lineAt(0) + circleOf({5, 5, 0}, 7),
+                     texts + lineAt(10) + circleOf({15, 5, 0}, 7))
+                .texts(),
+            (Texts{"moved 3>3", "moved 4>4"}));
+}
+
 TEST(ToolDiffPairs, OfMovedElementsAreAlikeInEverythingElse) {
   EXPECT_EQ(Compared(lineAt(0), lineAt(500, 101)).texts(), (Texts{"deleted 0>-", "added ->0"}));
   EXPECT_EQ(Compared(lineAt(0), lineOf({500, 0, 0}, {600, 0, 0}, 3)).texts(),

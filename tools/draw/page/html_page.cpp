@@ -1,6 +1,7 @@
 #include <tools/draw/page/html_page.h>
 
 #include <tools/draw/page/page_parts.h>
+#include <tools/draw/page/page_template.h>
 #include <tools/draw/writers/svg_writer.h>
 #include <tools/listing/item_cells.h>
 #include <tools/model/description.h>
@@ -132,29 +133,20 @@ void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& o
 
 void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
                    std::ostream& out) {
-  std::string_view rest = kPageTemplate;
-  while (!rest.empty()) {
-    const std::size_t begin = rest.find("{{");
-    const std::size_t end = rest.find("}}", begin);
-    out << rest.substr(0, begin);
-    if (begin == std::string_view::npos || end == std::string_view::npos) {
-      break;
-    }
-    const std::string_view part = rest.substr(begin + 2, end - begin - 2);
-    rest.remove_prefix(end + 2);
+  fillTemplate(kPageTemplate, out, [&](std::string_view part) {
     if (part == "title") {
       out << xmlText(scene.title);
     } else if (part == "style") {
       out << kPageStyle;
     } else if (part == "script") {
-      out << kPageScript;
+      out << kMovingScript << kPageScript;
     } else if (part == "drawing") {
       writeSvg(scene, {true}, out);
     } else if (part == "data") {
       writeElements(file, out);
       writeBars(file, unit, out);
     }
-  }
+  });
 }
 
 }  // namespace quorvan::tool

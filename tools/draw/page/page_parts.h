@@ -1,12 +1,15 @@
-// The fixed parts of the page, from the files in page/.
+// The fixed parts of the pages, from the files in page/.
 #pragma once
 
 #include <string_view>
 
 namespace quorvan::tool {
 
-extern const std::string_view kPageTemplate;  // page.html
-extern const std::string_view kPageStyle;     // page.css
-extern const std::string_view kPageScript;    // page.js
+extern const std::string_view kPageTemplate;    // page.html
+extern const std::string_view kPageStyle;       // page.css
+extern const std::string_view kPageScript;      // page.js
+extern const std::string_view kMovingScript;    // moving.js, of both pages
+extern const std::string_view kReviewTemplate;  // review.html
+extern const std::string_view kReviewScript;    // review.js
 
 }  // namespace quorvan::tool
