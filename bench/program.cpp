@@ -75,6 +75,7 @@ int runCommand(const std::string& program, const std::vector<std::string>& comma
   std::vector<std::string> words{program, command.front(), file};
   words.insert(words.end(), command.begin() + 1, command.end());
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) {
     arguments.push_back(word.data());
   }
