@@ -12,16 +12,16 @@ namespace bench {
 
 namespace {
 
-constexpr std::array kTexts = {
+constexpr std::array kJobTexts = {
     "Coupe A-A \xE9"
     "ch. 1:25",
     "4 \xD8"
     "20 e=15",
     "Enrobage 30 mm", "&#8960; 16 &lt; 200", "Niveau fini +3.25"};
-constexpr std::array kGrades = {"B500A", "B500B", "B500C"};
-constexpr std::array kDiameters = {8.0, 10.0, 12.0, 16.0, 20.0, 25.0, 32.0};
-constexpr std::array kShapes = {"CKtZantoStraightBar", "CKtZantoLBar", "CKtZantoUBar",
-                                "CKtZantoStirrup", "CKtZantoFrameRect"};
+constexpr std::array kJobGrades = {"B500A", "B500B", "B500C"};
+constexpr std::array kJobDiameters = {8.0, 10.0, 12.0, 16.0, 20.0, 25.0, 32.0};
+constexpr std::array kJobBars = {"CKtZantoStraightBar", "CKtZantoLBar", "CKtZantoUBar",
+                                 "CKtZantoStirrup", "CKtZantoFrameRect"};
 constexpr unsigned int kMarks = 400;  // of a class
 
 class JobWriter {
@@ -100,7 +100,7 @@ class JobWriter {
       end("CKtZantoCircle");
     } else if (kind < 42) {
       begin("CKtZantoText");
-      text("Contents", kTexts[below(kTexts.size())]);
+      text("Contents", kJobTexts[below(kJobTexts.size())]);
       anyPoint("Location");
       number("Angle", below(36000) / 100.0);
       whole("JustificationX", 1);
@@ -132,7 +132,7 @@ class JobWriter {
     const double x = place();
     const double y = place();
     const unsigned int shape = kind < 68 ? 0 : kind < 75 ? 1 : kind < 82 ? 2 : kind < 90 ? 3 : 4;
-    const std::string name = kShapes[shape];
+    const std::string name = kJobBars[shape];
     const bool isStraight = kind < 68;
     const bool hasThree = !isStraight && name != "CKtZantoStirrup";
     const bool hasTwoHooks = kind < 82;
@@ -155,9 +155,9 @@ class JobWriter {
     if (hasTwoHooks) {
       number("HookAngle2", 135);
     }
-    text("SteelGrade", kGrades[mark % kGrades.size()]);
+    text("SteelGrade", kJobGrades[mark % kJobGrades.size()]);
     text("Adherence", "Ha");
-    number("Diameter", kDiameters[mark % kDiameters.size()]);
+    number("Diameter", kJobDiameters[mark % kJobDiameters.size()]);
     whole("Reference", mark + kMarks * shape);
     text("Hidden", below(20) == 0 ? "True" : "False");
     end(name);

@@ -43,7 +43,7 @@ Cost costOf(const std::function<int()>& child) {
 }
 
 template <class Element>
-void readClass(CKtFiler& filer) {
+void readEach(CKtFiler& filer) {
   Element element;
   while (element.fileIn(&filer) != 0) {}
 }
@@ -53,17 +53,17 @@ int readAll(const std::string& file) {
   if (filer.newFiler(std::filesystem::path(file).wstring().c_str()) == 0) {
     return 3;
   }
-  readClass<CKtZantoLine>(filer);
-  readClass<CKtZantoCircle>(filer);
-  readClass<CKtZantoText>(filer);
-  readClass<CKtFilledPolygon>(filer);
-  readClass<CKtZantoStraightBar>(filer);
-  readClass<CKtZantoLBar>(filer);
-  readClass<CKtZantoUBar>(filer);
-  readClass<CKtZantoStirrup>(filer);
-  readClass<CKtZantoFrameRect>(filer);
-  readClass<CKtZantoRepartition>(filer);
-  readClass<CKtDrawingControl>(filer);
+  readEach<CKtZantoLine>(filer);
+  readEach<CKtZantoCircle>(filer);
+  readEach<CKtZantoText>(filer);
+  readEach<CKtFilledPolygon>(filer);
+  readEach<CKtZantoStraightBar>(filer);
+  readEach<CKtZantoLBar>(filer);
+  readEach<CKtZantoUBar>(filer);
+  readEach<CKtZantoStirrup>(filer);
+  readEach<CKtZantoFrameRect>(filer);
+  readEach<CKtZantoRepartition>(filer);
+  readEach<CKtDrawingControl>(filer);
   filer.newFiler(L"");  // nothing to save
   return 0;
 }

@@ -252,6 +252,7 @@ class ReviewBuilder {
   // the differences.
   void addNotes(std::vector<Shape>& shapes) {
     std::vector<SheetBox> boxes;
+    boxes.reserve(shapes.size());
     for (const Shape& shape : shapes) {
       boxes.push_back(paintedBox(shape));
     }
