@@ -189,7 +189,7 @@ void refuseScheduling(const BarsArguments& arguments) {
 }
 
 int listBars(const BarsArguments& arguments, Console& console) {
-  const ListOptions options = listOptions(arguments);
+  ListOptions options = listOptions(arguments);
   ListWriting writing = listWriting(arguments);
   writing.csv.isShown = arguments.output.empty() && console.outIsTerminal;
   std::vector<std::unique_ptr<const TransferFile>> files;
@@ -205,6 +205,8 @@ int listBars(const BarsArguments& arguments, Console& console) {
     return writeBendingData(drawings, options, arguments.bendingData, arguments.output, console);
   }
   refuseWithoutBendingData(arguments.bendingData);
+  // Text and CSV show no shapes.
+  options.hasShapes = !arguments.output.empty() || !arguments.sketches.empty() || arguments.asJson;
   const BarList list = makeBarList(drawings, options);
   if (!arguments.sketches.empty()) {
     writeSketches(list, writing, arguments.sketches, console);

@@ -80,6 +80,7 @@ void countElements(const TransferFile& file, ItemReader& reader, FileSummary& su
   }
   ListOptions options;
   options.angles = summary.angles.unit;
+  options.hasShapes = false;
   for (const BarRow& row : makeBarList({&file}, options).rows) {
     bars[{row.diameter, row.grade}].number += row.number;
   }

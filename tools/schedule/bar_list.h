@@ -50,8 +50,9 @@ struct BarRow {
   std::vector<SourceElements> sources;  // elements of the row, then their series
   std::vector<const Element*> endOn;    // bars of the mark seen end-on, which do not count
   std::vector<std::vector<const Element*>> twins;  // series that look like the same bars, counted
-  BentBar bent;                                    // of the longest
-  Cutting cutting;                                 // of the longest
+  // Of the longest; none where the list is of bars as filed and without shapes.
+  BentBar bent;
+  Cutting cutting;
 
   [[nodiscard]] bool varies() const noexcept { return shortest != longest; }
 };

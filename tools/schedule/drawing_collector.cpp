@@ -68,11 +68,17 @@ void DrawingCollector::collect() {
       addMesh(element);
     }
   }
-  for (auto& [key, row] : m_rows) {
-    addOrMerge(std::move(row));
+  // Each goes as it is settled: there may be as many as bars.
+  m_settled.reserve(m_rows.size());
+  while (!m_rows.empty()) {
+    addOrMerge(std::move(m_rows.extract(m_rows.begin()).mapped()));
   }
   settleEndOn();
-  std::ranges::move(m_settled, std::back_inserter(m_list.rows));
+  if (m_list.rows.empty()) {
+    m_list.rows = std::move(m_settled);
+  } else {
+    std::ranges::move(m_settled, std::back_inserter(m_list.rows));
+  }
   for (auto& [key, mesh] : m_meshes) {
     m_list.meshes.push_back(std::move(mesh));
   }
@@ -269,8 +275,10 @@ BarRow DrawingCollector::newRow(const Measured& longest, double shortest) const 
   row.isLowerBound = bar.shape == BarShape::kStirrup;
   row.shortest = shortest;
   row.longest = longest.length;
-  row.bent = m_isAsFiled ? bend(bar, m_unit, m_bending) : longest.bent;
-  row.cutting = cut(row.bent, m_list.options.cutting);
+  if (!m_isAsFiled || m_list.options.hasShapes) {
+    row.bent = m_isAsFiled ? bend(bar, m_unit, m_bending) : longest.bent;
+    row.cutting = cut(row.bent, m_list.options.cutting);
+  }
   return row;
 }
 

@@ -17,6 +17,7 @@ struct ListOptions {
   const LengthUnit* unit = kLengthUnits;
   TwinSeries twins = TwinSeries::kAll;
   bool byLength = false;                 // a row for each length of a series
+  bool hasShapes = true;                 // rows of bars as filed say how these are bent
   BendingRules bending = {};             // its angle unit holds only if `angles` does
   std::optional<AngleUnit> angles = {};  // guessed for each drawing unless given
   CuttingRules cutting = {};

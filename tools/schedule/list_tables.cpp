@@ -24,25 +24,23 @@ Cell shortCell(double value, int most) {
                     point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1));
 }
 
-// Rows are made column by column, so that a column and its cells stand in one place.
+// Rows are told column by column, so that a column and its cells stand in one place.
 class TableBuilder {
  public:
   TableBuilder(std::string_view title, std::size_t rows) {
     m_table.title = title;
-    m_table.rows.resize(rows);
+    m_table.rows = ListRows(rows);
   }
 
   template <class CellOf>
   void add(std::string_view title, std::string_view unit, bool isNumeric, const CellOf& cellOf) {
     m_table.columns.push_back({title, unit, isNumeric});
-    for (std::size_t i = 0; i < m_table.rows.size(); ++i) {
-      m_table.rows[i].push_back(cellOf(i));
-    }
+    m_table.rows.addColumn(cellOf);
   }
 
   template <class CellOf>
   void addText(std::string_view title, const CellOf& textOf) {
-    add(title, "", false, [&textOf](std::size_t i) { return textCell(std::string(textOf(i))); });
+    add(title, "", false, [textOf](std::size_t i) { return textCell(std::string(textOf(i))); });
   }
 
   [[nodiscard]] ListTable take() { return std::move(m_table); }
@@ -212,6 +210,14 @@ class BarColumns {
     return textCell("");
   }
 
+  [[nodiscard]] std::string remarkText(const BarRow& row) const {
+    std::string text;
+    for (const std::string& remark : remarksOn(fileOf(row), row, m_words)) {
+      text += (text.empty() ? "" : "; ") + remark;
+    }
+    return text;
+  }
+
   void addSources() {
     m_builder.addText(m_words.columns.elements, [this](std::size_t i) {
       const BarRow& one = row(i);
@@ -221,17 +227,12 @@ class BarColumns {
       }
       return text;
     });
-    std::vector<std::string> remarks;
-    for (const BarRow& one : m_list.rows) {
-      std::string text;
-      for (const std::string& remark : remarksOn(fileOf(one), one, m_words)) {
-        text += (text.empty() ? "" : "; ") + remark;
-      }
-      remarks.push_back(std::move(text));
-    }
-    const bool isAny = std::ranges::any_of(remarks, [](const auto& text) { return !text.empty(); });
+    const bool isAny = std::ranges::any_of(m_list.rows, [this](const BarRow& one) {
+      return !remarksOn(fileOf(one), one, m_words).empty();
+    });
     if (isAny || !isForPeople()) {
-      m_builder.addText(m_words.columns.remarks, [&remarks](std::size_t i) { return remarks[i]; });
+      m_builder.addText(m_words.columns.remarks,
+                        [this](std::size_t i) { return remarkText(row(i)); });
     }
     if (m_options.explain && !isForPeople()) {
       m_builder.addText(m_words.columns.explanation, [this](std::size_t i) {
@@ -261,6 +262,15 @@ Cell wholeCell(std::uint64_t number) {
   return {{}, static_cast<double>(number), 0};
 }
 
+std::vector<Cell> ListRows::operator[](std::size_t row) const {
+  std::vector<Cell> cells;
+  cells.reserve(m_columns.size());
+  for (const CellOf& cellOf : m_columns) {
+    cells.push_back(cellOf(row));
+  }
+  return cells;
+}
+
 std::string cellText(const Cell& cell, char decimalMark) {
   if (!cell.isNumber()) {
     return cell.text;
@@ -275,7 +285,10 @@ const std::string& nameOf(const ListedDrawing& drawing) noexcept {
 }
 
 ListTable barTable(const BarList& list, const ListWording& words, const TableOptions& options) {
-  return BarColumns(list, words, options).build();
+  const auto columns = std::make_shared<BarColumns>(list, words, options);
+  ListTable table = columns->build();
+  table.rows.keep(columns);
+  return table;
 }
 
 ListTable explanationTable(const BarList& list, const ListWording& words) {
@@ -283,13 +296,13 @@ ListTable explanationTable(const BarList& list, const ListWording& words) {
   const auto row = [&list](std::size_t i) -> const BarRow& { return list.rows[i]; };
   if (list.drawings.size() > 1) {
     builder.addText(words.columns.drawing,
-                    [&](std::size_t i) { return nameOf(list.drawings[row(i).drawing]); });
+                    [&list, row](std::size_t i) { return nameOf(list.drawings[row(i).drawing]); });
   }
   builder.add(words.columns.mark, "", true,
-              [&](std::size_t i) { return numberCell(static_cast<double>(row(i).mark), 0); });
+              [row](std::size_t i) { return numberCell(static_cast<double>(row(i).mark), 0); });
   builder.addText(words.columns.shape,
-                  [&](std::size_t i) { return shapeName(words, row(i).shape); });
-  builder.addText(words.columns.explanation, [&](std::size_t i) {
+                  [&words, row](std::size_t i) { return shapeName(words, row(i).shape); });
+  builder.addText(words.columns.explanation, [&list, &words, row](std::size_t i) {
     return explanationOf(*list.drawings[row(i).drawing].file, row(i), words);
   });
   return builder.take();
@@ -297,29 +310,33 @@ ListTable explanationTable(const BarList& list, const ListWording& words) {
 
 ListTable sumTable(const BarList& list, const ListWording& words) {
   TableBuilder builder(words.titles.sums, list.sums.size());
-  builder.add(words.columns.diameter, "mm", true,
-              [&](std::size_t i) { return shortCell(list.sums[i].diameter, kDiameterDecimals); });
-  builder.addText(words.columns.grade, [&](std::size_t i) { return list.sums[i].grade; });
+  builder.add(words.columns.diameter, "mm", true, [&list](std::size_t i) {
+    return shortCell(list.sums[i].diameter, kDiameterDecimals);
+  });
+  builder.addText(words.columns.grade, [&list](std::size_t i) { return list.sums[i].grade; });
   builder.add(words.columns.number, "", true,
-              [&](std::size_t i) { return wholeCell(list.sums[i].number); });
+              [&list](std::size_t i) { return wholeCell(list.sums[i].number); });
   builder.add(words.columns.total, "m", true,
-              [&](std::size_t i) { return numberCell(list.sums[i].length, kMetreDecimals); });
+              [&list](std::size_t i) { return numberCell(list.sums[i].length, kMetreDecimals); });
   builder.add(words.columns.mass, "kg", true,
-              [&](std::size_t i) { return numberCell(list.sums[i].mass, kMassDecimals); });
+              [&list](std::size_t i) { return numberCell(list.sums[i].mass, kMassDecimals); });
   return builder.take();
 }
 
 ListTable drawingTable(const BarList& list, const ListWording& words) {
   TableBuilder builder(words.titles.drawings, list.drawings.size());
-  builder.addText(words.columns.drawing, [&](std::size_t i) { return nameOf(list.drawings[i]); });
-  builder.addText(words.columns.file, [&](std::size_t i) { return list.drawings[i].file->name(); });
+  builder.addText(words.columns.drawing,
+                  [&list](std::size_t i) { return nameOf(list.drawings[i]); });
+  builder.addText(words.columns.file,
+                  [&list](std::size_t i) { return list.drawings[i].file->name(); });
   builder.add(words.columns.number, "", true,
-              [&](std::size_t i) { return wholeCell(list.drawings[i].sum.number); });
-  builder.add(words.columns.total, "m", true, [&](std::size_t i) {
+              [&list](std::size_t i) { return wholeCell(list.drawings[i].sum.number); });
+  builder.add(words.columns.total, "m", true, [&list](std::size_t i) {
     return numberCell(list.drawings[i].sum.length, kMetreDecimals);
   });
-  builder.add(words.columns.mass, "kg", true,
-              [&](std::size_t i) { return numberCell(list.drawings[i].sum.mass, kMassDecimals); });
+  builder.add(words.columns.mass, "kg", true, [&list](std::size_t i) {
+    return numberCell(list.drawings[i].sum.mass, kMassDecimals);
+  });
   return builder.take();
 }
 
@@ -328,20 +345,22 @@ ListTable meshTable(const BarList& list, const ListWording& words, Audience audi
   TableBuilder builder(words.titles.meshes, list.meshes.size());
   const auto mesh = [&list](std::size_t i) -> const MeshRow& { return list.meshes[i]; };
   if (audience == Audience::kPrograms || list.drawings.size() > 1) {
-    builder.addText(words.columns.drawing,
-                    [&](std::size_t i) { return nameOf(list.drawings[mesh(i).drawing]); });
+    builder.addText(words.columns.drawing, [&list, mesh](std::size_t i) {
+      return nameOf(list.drawings[mesh(i).drawing]);
+    });
   }
-  builder.addText(words.columns.reference, [&](std::size_t i) { return mesh(i).reference; });
-  builder.addText(words.columns.type, [&](std::size_t i) { return mesh(i).type; });
+  builder.addText(words.columns.reference, [mesh](std::size_t i) { return mesh(i).reference; });
+  builder.addText(words.columns.type, [mesh](std::size_t i) { return mesh(i).type; });
   builder.add(words.columns.pieces, "", true,
-              [&](std::size_t i) { return wholeCell(mesh(i).number); });
+              [mesh](std::size_t i) { return wholeCell(mesh(i).number); });
   builder.add(words.columns.width, unit.name, true,
-              [&](std::size_t i) { return numberCell(mesh(i).width, unit.decimals); });
+              [mesh, &unit](std::size_t i) { return numberCell(mesh(i).width, unit.decimals); });
   builder.add(words.columns.height, unit.name, true,
-              [&](std::size_t i) { return numberCell(mesh(i).height, unit.decimals); });
-  builder.add(words.columns.area, "m2", true,
-              [&](std::size_t i) { return numberCell(areaOf(mesh(i), unit), kAreaDecimals); });
-  builder.add(words.columns.totalArea, "m2", true, [&](std::size_t i) {
+              [mesh, &unit](std::size_t i) { return numberCell(mesh(i).height, unit.decimals); });
+  builder.add(words.columns.area, "m2", true, [mesh, &unit](std::size_t i) {
+    return numberCell(areaOf(mesh(i), unit), kAreaDecimals);
+  });
+  builder.add(words.columns.totalArea, "m2", true, [mesh, &unit](std::size_t i) {
     return numberCell(areaOf(mesh(i), unit) * static_cast<double>(mesh(i).number), kAreaDecimals);
   });
   return builder.take();
@@ -354,34 +373,42 @@ ListTable leftOutTable(const BarList& list, const ListWording& words, Audience a
     const LeftOut* first = nullptr;
   };
   using Key = std::tuple<std::size_t, std::string_view, LeftOutReason, std::string_view>;
-  std::map<Key, Group> groups;
-  std::vector<const Group*> inOrder;
+  struct Groups {
+    std::map<Key, Group> byKey;
+    std::vector<const Group*> inOrder;
+  };
+  const auto groups = std::make_shared<Groups>();
   for (const LeftOut& one : list.leftOut) {
-    Group& group = groups[{one.drawing, one.element->className(), one.reason, one.item}];
+    Group& group = groups->byKey[{one.drawing, one.element->className(), one.reason, one.item}];
     if (group.first == nullptr) {
       group.first = &one;
-      inOrder.push_back(&group);
+      groups->inOrder.push_back(&group);
     }
     group.elements.push_back(one.element);
     group.number += one.number;
   }
+  const std::vector<const Group*>& inOrder = groups->inOrder;
   TableBuilder builder(words.titles.leftOut, inOrder.size());
-  const auto drawing = [&](std::size_t i) -> const ListedDrawing& {
+  const auto drawing = [&list, &inOrder](std::size_t i) -> const ListedDrawing& {
     return list.drawings[inOrder[i]->first->drawing];
   };
   if (audience == Audience::kPrograms || list.drawings.size() > 1) {
-    builder.addText(words.columns.drawing, [&](std::size_t i) { return nameOf(drawing(i)); });
+    builder.addText(words.columns.drawing, [drawing](std::size_t i) { return nameOf(drawing(i)); });
   }
-  builder.addText(words.columns.className, [&](std::size_t i) {
+  builder.addText(words.columns.className, [&inOrder](std::size_t i) {
     return shortClassName(inOrder[i]->first->element->className());
   });
-  builder.addText(words.columns.index,
-                  [&](std::size_t i) { return indexesOf(*drawing(i).file, inOrder[i]->elements); });
+  builder.addText(words.columns.index, [drawing, &inOrder](std::size_t i) {
+    return indexesOf(*drawing(i).file, inOrder[i]->elements);
+  });
   builder.add(words.columns.number, "", true,
-              [&](std::size_t i) { return wholeCell(inOrder[i]->number); });
-  builder.addText(words.columns.reason,
-                  [&](std::size_t i) { return reasonText(words, *inOrder[i]->first); });
-  return builder.take();
+              [&inOrder](std::size_t i) { return wholeCell(inOrder[i]->number); });
+  builder.addText(words.columns.reason, [&words, &inOrder](std::size_t i) {
+    return reasonText(words, *inOrder[i]->first);
+  });
+  ListTable table = builder.take();
+  table.rows.keep(groups);
+  return table;
 }
 
 }  // namespace quorvan::tool

@@ -1,9 +1,13 @@
 // A bar list as tables, whatever they are written as.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <tools/schedule/bar_list.h>
@@ -38,10 +42,49 @@ struct ListColumn {
   bool isNumeric = false;
 };
 
+/// Rows that are made when they are asked for: a list may have a hundred thousand of them.
+class ListRows {
+ public:
+  using CellOf = std::function<Cell(std::size_t row)>;
+
+  class Iterator {
+   public:
+    Iterator(const ListRows& rows, std::size_t at) : m_rows(rows), m_at(at) {}
+    std::vector<Cell> operator*() const { return m_rows[m_at]; }
+    Iterator& operator++() {
+      ++m_at;
+      return *this;
+    }
+    friend bool operator==(const Iterator& a, const Iterator& b) { return a.m_at == b.m_at; }
+
+   private:
+    const ListRows& m_rows;
+    std::size_t m_at;
+  };
+
+  explicit ListRows(std::size_t size = 0) : m_size(size) {}
+
+  void addColumn(CellOf cellOf) { m_columns.push_back(std::move(cellOf)); }
+  /// What the columns refer to lives as long as this.
+  void keep(std::shared_ptr<const void> owner) { m_owner = std::move(owner); }
+
+  [[nodiscard]] std::size_t size() const noexcept { return m_size; }
+  [[nodiscard]] bool empty() const noexcept { return m_size == 0; }
+  std::vector<Cell> operator[](std::size_t row) const;
+  [[nodiscard]] Iterator begin() const { return {*this, 0}; }
+  [[nodiscard]] Iterator end() const { return {*this, m_size}; }
+
+ private:
+  std::size_t m_size;
+  std::vector<CellOf> m_columns;
+  std::shared_ptr<const void> m_owner;
+};
+
+/// Refers to its list.
 struct ListTable {
   std::string_view title;
   std::vector<ListColumn> columns;
-  std::vector<std::vector<Cell>> rows;
+  ListRows rows;
 };
 
 /// For people: columns that say nothing are left out, lengths from and to stand together. For

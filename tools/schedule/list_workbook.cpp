@@ -59,8 +59,9 @@ class Book {
     }
     worksheet_freeze_panes(sheet, 1, 0);
     for (std::size_t r = 0; r < table.rows.size(); ++r) {
-      for (std::size_t i = 0; i < table.rows[r].size(); ++i) {
-        write(sheet, r + 1, i, table.rows[r][i], nullptr);
+      const std::vector<Cell> row = table.rows[r];
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        write(sheet, r + 1, i, row[i], nullptr);
       }
     }
   }

@@ -150,19 +150,23 @@ class Sheets {
     TableLayout result;
     result.sketch = hasSketches ? kSketchWidth * kSketchShare : 0.0;
     std::vector<double> least;
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-      const std::string head = headOf(table.columns[i]);
-      double width = textWidth(head, kListLettering);
-      double word = widestWord(head);
-      for (const std::vector<Cell>& row : table.rows) {
+    for (const ListColumn& column : table.columns) {
+      const std::string head = headOf(column);
+      result.widths.push_back(textWidth(head, kListLettering));
+      least.push_back(widestWord(head));
+    }
+    for (const std::vector<Cell>& row : table.rows) {
+      for (std::size_t i = 0; i < row.size(); ++i) {
         const std::string text = cellText(row[i], m_words.decimalMark);
-        width = std::max(width, textWidth(text, kListLettering));
-        word = std::max(
-            word, table.columns[i].isNumeric ? textWidth(text, kListLettering) : widestWord(text));
+        const double width = textWidth(text, kListLettering);
+        result.widths[i] = std::max(result.widths[i], width);
+        least[i] = std::max(least[i], table.columns[i].isNumeric ? width : widestWord(text));
       }
-      least.push_back(word + 2.0 * kPadding);
-      result.widths.push_back(
-          std::max(least.back(), std::min(width + 2.0 * kPadding, kMostColumn)));
+    }
+    for (std::size_t i = 0; i < least.size(); ++i) {
+      least[i] += 2.0 * kPadding;
+      result.widths[i] =
+          std::max(least[i], std::min(result.widths[i] + 2.0 * kPadding, kMostColumn));
     }
     fit(result.widths, least, kSheetWidth - 2.0 * kSheetMargin - result.sketch);
     return result;
@@ -192,9 +196,10 @@ class Sheets {
     addRow(table, columns, head, 0.0);
     for (std::size_t r = 0; r < table.rows.size(); ++r) {
       Lines cells;
+      const std::vector<Cell> row = table.rows[r];
       for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        cells.push_back(wrapped(cellText(table.rows[r][i], m_words.decimalMark),
-                                columns.widths[i] - 2.0 * kPadding));
+        cells.push_back(
+            wrapped(cellText(row[i], m_words.decimalMark), columns.widths[i] - 2.0 * kPadding));
       }
       const double sketch = hasSketches ? kSketchHeight * kSketchShare : 0.0;
       const double height = std::max(sketch, static_cast<double>(heightOf(cells)) * kLineFeed);

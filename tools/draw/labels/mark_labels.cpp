@@ -17,7 +17,9 @@ MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks
     m_texts.emplace(file, sheet);
   }
   if (marks != Marks::kNone) {
-    for (const BarRow& row : makeBarList({&file}, {}).rows) {
+    ListOptions options;
+    options.hasShapes = false;
+    for (const BarRow& row : makeBarList({&file}, options).rows) {
       m_numbers[row.mark] += row.number;
     }
   }
