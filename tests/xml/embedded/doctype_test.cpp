@@ -22,6 +22,15 @@ constexpr std::size_t kStack = std::size_t{1024} * 1024;  // its frames are larg
 constexpr std::size_t kStack = std::size_t{64} * 1024;
 #endif
 
+// On some processors no thread has less than 128 KiB.
+std::size_t leastStack() {
+#ifdef _SC_THREAD_STACK_MIN
+  return static_cast<std::size_t>(std::max(::sysconf(_SC_THREAD_STACK_MIN), 0L));
+#else
+  return 0;
+#endif
+}
+
 void* run(void* action) {
   (*static_cast<const std::function<void()>*>(action))();
   return nullptr;
@@ -31,9 +40,7 @@ void* run(void* action) {
 void onSmallStack(const std::function<void()>& action) {
   pthread_attr_t attributes;
   ASSERT_EQ(::pthread_attr_init(&attributes), 0);
-  // On some processors no thread has less than 128 KiB.
-  const auto least = static_cast<std::size_t>(std::max(::sysconf(_SC_THREAD_STACK_MIN), 0L));
-  ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::max(kStack, least)), 0);
+  ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::max(kStack, leastStack())), 0);
   pthread_t thread = {};
   ASSERT_EQ(::pthread_create(&thread, &attributes, run,
                              const_cast<void*>(static_cast<const void*>(&action))),
