@@ -134,7 +134,7 @@ const std::vector<DrawingShape>& programShapes() {
        [](std::size_t n) {
          return repeated(n, [](std::size_t i) { return straightBar(i, 0, 1, false); });
        }},
-      {"bars among formwork", 150,
+      {"bars among formwork", 300,
        [](std::size_t n) {
          return repeated(n, [](std::size_t i) {
            return formwork(i, 40 * i, 0) + straightBar(i, 40 * i + 20, i, false);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kMeeting = 0.1;  // mm
 constexpr double kChord = 0.05;   // mm that a chord may miss its arc by
-constexpr int kMostChords = 500;
+constexpr double kMostChords = 500.0;
 constexpr double kFarthest = 1e12;  // mm: beyond it nothing is concrete
 
 PlanePoint planePoint(const Coordinates& point, const LengthUnit& unit) {
@@ -31,7 +31,8 @@ std::vector<PlanePoint> chordsOf(PlanePoint from, const PathStep& step) {
   if (step.kind == PathStep::Kind::kArc) {
     const double radius = lengthOf(from - step.center);
     const double most = 2.0 * std::acos(std::max(0.0, 1.0 - kChord / std::max(radius, kChord)));
-    const int parts = std::min(kMostChords, static_cast<int>(std::abs(step.sweep) / most) + 1);
+    const double wanted = std::abs(step.sweep) / most;
+    const int parts = static_cast<int>(wanted < kMostChords ? wanted + 1.0 : kMostChords);
     for (int i = 1; i < parts; ++i) {
       points.push_back(step.center + turned(from - step.center, step.sweep * i / parts));
     }
