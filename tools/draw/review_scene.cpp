@@ -5,6 +5,7 @@
 #include <set>
 #include <span>
 
+#include <tools/console/terminal.h>
 #include <tools/diff/difference_text.h>
 #include <tools/diff/list_change.h>
 #include <tools/draw/drawing_survey.h>
