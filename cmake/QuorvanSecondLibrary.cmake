@@ -23,5 +23,5 @@ ExternalProject_Add(
   BUILD_ALWAYS ON)
 
 # The documents are those of the package.
-install(DIRECTORY "${_embedded}/installed/" DESTINATION embedded COMPONENT library
+install(DIRECTORY "${_embedded}/installed/" DESTINATION embedded COMPONENT library USE_SOURCE_PERMISSIONS
         PATTERN "${CMAKE_INSTALL_DATAROOTDIR}" EXCLUDE)
