@@ -177,7 +177,7 @@ window.addEventListener('load', function () {
   const text = function (id) { return document.getElementById(id).textContent; };
   const view = document.getElementById('view');
   const found = function () { return svg.querySelectorAll('.found[data-e]').length; };
-  result.rows = document.querySelectorAll('#bars tbody tr').length;
+  result.rows = document.querySelectorAll('#bars .list tbody tr').length;
   result.layers = document.querySelectorAll('#layers input').length;
   document.getElementById('mark').value = '6';
   document.querySelector('#search button').click();
@@ -190,7 +190,7 @@ window.addEventListener('load', function () {
   document.querySelector('#search button').click();
   result.strokes = Array.from(svg.querySelectorAll('g[data-layer=bars] .found')).map(
       function (bar) { return getComputedStyle(bar).stroke; });
-  document.querySelector('#bars tbody tr:nth-child(2)').click();
+  document.querySelector('#bars .list tbody tr:nth-child(2)').click();
   result.rowFound = found();
   document.getElementById('whole').click();
   const bar = Array.from(document.querySelectorAll('g[data-layer=bars] path'))[5];

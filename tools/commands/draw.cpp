@@ -163,13 +163,14 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   return result;
 }
 
-void writePicture(const TransferFile& file, const Scene& scene, const DrawArguments& arguments,
-                  const DrawOptions& drawing, const std::filesystem::path& path, Console& console) {
+void writePicture(const TransferFile& file, const SceneResult& result,
+                  const DrawArguments& arguments, const DrawOptions& drawing,
+                  const std::filesystem::path& path, Console& console) {
   if (formOf(arguments.output) != ".html") {
-    return writeScene(scene, {arguments.output, arguments.dotsPerInch}, path, console);
+    return writeScene(result.scene, {arguments.output, arguments.dotsPerInch}, path, console);
   }
   std::ofstream out(path, std::ios::binary);
-  writeHtmlPage(file, scene, *drawing.unit, out);
+  writeHtmlPage(file, result.scene, *drawing.unit, result.unitsPerMillimetre, out);
   closeWritten(out, arguments.output);
 }
 
@@ -265,7 +266,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   const SceneResult result = buildScene(file, drawing, console);
   report(file, result, drawing, console);
   const WorkFolder folder(arguments.output, console);
-  writePicture(file, result.scene, arguments, drawing, folder.file(), console);
+  writePicture(file, result, arguments, drawing, folder.file(), console);
   folder.moveToTarget();
 }
 

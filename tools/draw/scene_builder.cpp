@@ -74,6 +74,7 @@ class Builder {
     result.scene.width = sheet.width();
     result.scene.height = sheet.height();
     result.scene.title = titleOf(m_file);
+    result.unitsPerMillimetre = 1.0 / sheet.factor();
     if (m_options.window) {
       result.scene.window = windowOn(sheet);
     }

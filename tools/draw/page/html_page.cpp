@@ -1,5 +1,7 @@
 #include <tools/draw/page/html_page.h>
 
+#include <sstream>
+
 #include <tools/draw/page/page_parts.h>
 #include <tools/draw/page/page_template.h>
 #include <tools/draw/writers/svg_writer.h>
@@ -9,6 +11,7 @@
 #include <tools/model/repartition.h>
 #include <tools/model/repeated_bars.h>
 #include <tools/schedule/list_tables.h>
+#include <tools/schedule/list_writers.h>
 #include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
 
@@ -106,6 +109,25 @@ std::string lengthText(const BarRow& row, const LengthUnit& unit) {
                        : shortest);
 }
 
+Json sumsOf(const BarList& list) {
+  Json sums = Json::array();
+  for (const BarSum& sum : list.sums) {
+    sums.push_back({{"diameter", rounded(sum.diameter, 2)},
+                    {"number", sum.number},
+                    {"grade", sum.grade},
+                    {"length", fixed(sum.length, kMetreDecimals)},
+                    {"mass", fixed(sum.mass, kMassDecimals)}});
+  }
+  return sums;
+}
+
+// The list as the page hands it on.
+std::string csvOf(const BarList& list) {
+  std::ostringstream out;
+  writeListCsv(list, {}, out);
+  return out.str();
+}
+
 void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& out) {
   ListOptions options;
   options.unit = &unit;
@@ -118,33 +140,44 @@ void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& o
                     {"diameter", rounded(row.diameter, 2)},
                     {"number", row.number},
                     {"length", lengthText(row, unit)},
-                    {"mass", row.hasLength ? fixed(massOf(row, unit), 2) : "\u2013"},
+                    {"mass", row.hasLength ? fixed(massOf(row, unit), kMassDecimals) : "\u2013"},
                     {"places", placesOf(row)}});
   }
   std::string convention;
   for (const std::string& paragraph : conventionsOf(list, kEnglishList)) {
     convention += (convention.empty() ? "" : " ") + paragraph;
   }
-  out << ",\n\"bars\": " << scriptJson(rows) << ",\n\"mass\": " << scriptJson(fixed(list.mass, 2))
-      << ",\n\"convention\": " << scriptJson(convention) << "}";
+  out << ",\n\"bars\": " << scriptJson(rows) << ",\n\"sums\": " << scriptJson(sumsOf(list))
+      << ",\n\"mass\": " << scriptJson(fixed(list.mass, kMassDecimals))
+      << ",\n\"convention\": " << scriptJson(convention)
+      << ",\n\"csv\": " << scriptJson(csvOf(list));
+}
+
+// What a millimetre of the sheet is in the drawing's unit.
+void writeUnit(const LengthUnit& unit, double unitsPerMillimetre, std::ostream& out) {
+  const Json text = {
+      {"name", unit.name}, {"decimals", unit.decimals}, {"perMillimetre", unitsPerMillimetre}};
+  out << ",\n\"unit\": " << scriptJson(text) << "}";
 }
 
 }  // namespace
 
 void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
-                   std::ostream& out) {
+                   double unitsPerMillimetre, std::ostream& out) {
   fillTemplate(kPageTemplate, out, [&](std::string_view part) {
     if (part == "title") {
       out << xmlText(scene.title);
     } else if (part == "style") {
       out << kPageStyle;
     } else if (part == "script") {
-      out << kMovingScript << kPageScript;
+      out << kMovingScript << kPanelScript << kSvgSurfaceScript << kMeasuringScript
+          << kBarTableScript << kPageScript;
     } else if (part == "drawing") {
       writeSvg(scene, {true}, out);
     } else if (part == "data") {
       writeElements(file, out);
       writeBars(file, unit, out);
+      writeUnit(unit, unitsPerMillimetre, out);
     }
   });
 }

@@ -11,8 +11,8 @@
 namespace quorvan::tool {
 
 /// Writes well-formed XHTML that is HTML as well. It loads nothing from anywhere, and forbids
-/// itself to.
+/// itself to. `unitsPerMillimetre` is what a millimetre of the sheet is in the drawing's unit.
 void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
-                   std::ostream& out);
+                   double unitsPerMillimetre, std::ostream& out);
 
 }  // namespace quorvan::tool

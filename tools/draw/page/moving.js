@@ -1,16 +1,30 @@
 'use strict';
 
-// Moves about in the drawing of the view by wheel, pointers, keys and the button for the whole sheet.
-// Gives what else needs it: to show shapes, and whether the last press moved the drawing.
+// The least x and y and the most of what the SVG shapes cover; null without any.
+function boundsOf(shapes) {
+  return shapes.reduce(function (around, shape) {
+    const one = shape.getBBox();
+    const edges = [one.x, one.y, one.x + one.width, one.y + one.height];
+    return around ? [Math.min(around[0], edges[0]), Math.min(around[1], edges[1]),
+                     Math.max(around[2], edges[2]), Math.max(around[3], edges[3])] : edges;
+  }, null);
+}
+
+// Moves about in the drawing of the view by wheel, pointers, keys and the button for the whole sheet:
+// what is shown is the SVG's viewBox. Calls the listeners that "onShow" is given when it changes.
 function movingAbout(view, svg) {
   const whole = svg.viewBox.baseVal;
   const sheet = {x: whole.x, y: whole.y, width: whole.width, height: whole.height};
+  const listeners = [];
   let box = Object.assign({}, sheet);
 
   function show(next) {
     box = next;
     svg.setAttribute('viewBox', [box.x, box.y, box.width, box.height].join(' '));
+    listeners.forEach(function (listener) { listener(); });
   }
+
+  function showWhole() { show(Object.assign({}, sheet)); }
 
   // Millimetres of the sheet for one pixel.
   function grain() {
@@ -78,11 +92,12 @@ function movingAbout(view, svg) {
   view.addEventListener('pointercancel', release);
 
   view.addEventListener('keydown', function (event) {
-    const step = 0.1;
+    if (event.ctrlKey || event.altKey || event.metaKey) { return; }
+    const step = event.shiftKey ? 0.01 : 0.1;
     const moves = {ArrowLeft: [-step, 0], ArrowRight: [step, 0], ArrowUp: [0, -step], ArrowDown: [0, step]};
     if (event.key === '+') { zoom(middle(), 0.8); }
     else if (event.key === '-') { zoom(middle(), 1.25); }
-    else if (event.key === '0') { show(Object.assign({}, sheet)); }
+    else if (event.key === '0') { showWhole(); }
     else if (moves[event.key]) {
       show(Object.assign({}, box, {
         x: box.x + box.width * moves[event.key][0],
@@ -91,19 +106,10 @@ function movingAbout(view, svg) {
     } else { return; }
     event.preventDefault();
   });
-  document.getElementById('whole').addEventListener('click', function () {
-    show(Object.assign({}, sheet));
-  });
+  document.getElementById('whole').addEventListener('click', showWhole);
 
-  // Shows the shapes with some room around them.
-  function showShapes(shapes) {
-    let around = null;
-    shapes.forEach(function (shape) {
-      const one = shape.getBBox();
-      const edges = [one.x, one.y, one.x + one.width, one.y + one.height];
-      around = around ? [Math.min(around[0], edges[0]), Math.min(around[1], edges[1]),
-                         Math.max(around[2], edges[2]), Math.max(around[3], edges[3])] : edges;
-    });
+  // Shows what lies within the bounds, with some room around it.
+  function showBounds(around) {
     if (!around) { return; }
     const width = Math.max(around[2] - around[0], sheet.width / 20) * 1.4;
     const height = Math.max(around[3] - around[1], sheet.height / 20) * 1.4;
@@ -111,5 +117,17 @@ function movingAbout(view, svg) {
           width: width, height: height});
   }
 
-  return {showShapes: showShapes, hasMoved: function () { return hasMoved; }};
+  return {
+    sheet: sheet,
+    box: function () { return box; },
+    show: show,
+    showWhole: showWhole,
+    showBounds: showBounds,
+    grain: grain,
+    toSheet: toSheet,
+    onShow: function (listener) { listeners.push(listener); },
+    isPressed: function () { return pointers.size > 0; },
+    // Whether the last press moved the drawing.
+    hasMoved: function () { return hasMoved; }
+  };
 }

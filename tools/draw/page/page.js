@@ -2,83 +2,24 @@
   const view = document.getElementById('view');
   const svg = view.querySelector('svg');
   const data = JSON.parse(document.getElementById('data').textContent);
-  const message = document.getElementById('message');
   const moving = movingAbout(view, svg);
+  const surface = svgSurface(svg);
+  const tape = measuring(view, svg, moving, surface, data.unit);
+  const input = document.getElementById('mark');
 
-  // --- what is found ---------------------------------------------------------------------------
+  // --- what stands out -------------------------------------------------------------------------
 
-  const shapesOf = new Map();
-  svg.querySelectorAll('[data-e]').forEach(function (shape) {
-    const place = Number(shape.dataset.e);
-    if (!shapesOf.has(place)) { shapesOf.set(place, []); }
-    shapesOf.get(place).push(shape);
-  });
-
-  // What is found lies on top as well, where no other bar covers it.
-  const above = document.createElementNS('http://www.w3.org/2000/svg', 'g');
-  svg.appendChild(above);
+  let current = null;  // the place of the element whose items are shown
 
   function clear() {
-    while (above.firstChild) { above.removeChild(above.firstChild); }
-    document.querySelectorAll('.found').forEach(function (one) {
-      one.classList.remove('found', 'filled');
-    });
-    message.textContent = '';
-  }
-
-  function mark(places) {
-    places.forEach(function (place) {
-      (shapesOf.get(place) || []).forEach(function (shape) {
-        if (getComputedStyle(shape).stroke === 'none') { shape.classList.add('filled'); }
-        shape.classList.add('found');
-        const copy = shape.cloneNode(true);
-        const layer = shape.closest('g[data-layer]');
-        copy.removeAttribute('data-e');
-        copy.setAttribute('data-of', layer.dataset.layer);
-        copy.setAttribute('pointer-events', 'none');
-        if (layer.classList.contains('off')) { copy.classList.add('off'); }
-        above.appendChild(copy);
-      });
-    });
-  }
-
-  function goTo(places) {
-    moving.showShapes(places.flatMap(function (place) { return shapesOf.get(place) || []; }));
-  }
-
-  function findMark(text) {
-    clear();
-    const wanted = text.trim();
-    if (wanted === '') { return; }
-    const places = [];
-    data.elements.forEach(function (element, place) {
-      if (element[3] !== null && String(element[3]) === wanted) { places.push(place); }
-    });
-    mark(places);
-    goTo(places);
-    message.textContent = places.length === 0 ? 'No bar has the mark ' + wanted + '.' :
-        places.length + (places.length === 1 ? ' element' : ' elements') + ' of mark ' + wanted + '.';
-  }
-
-  document.getElementById('search').addEventListener('submit', function (event) {
-    event.preventDefault();
-    findMark(document.getElementById('mark').value);
-  });
-  document.getElementById('clear').addEventListener('click', function () {
-    document.getElementById('mark').value = '';
-    clear();
+    surface.clear();
+    document.querySelectorAll('#bars .found').forEach(function (row) { row.classList.remove('found'); });
+    say('');
+    current = null;
     showElement(null);
-  });
-
-  // --- one element -----------------------------------------------------------------------------
-
-  function add(parent, name, text, className) {
-    const node = document.createElementNS('http://www.w3.org/1999/xhtml', name);
-    if (text !== undefined) { node.textContent = text; }
-    if (className) { node.className = className; }
-    parent.appendChild(node);
-    return node;
   }
+
+  function goTo(places) { moving.showBounds(surface.boundsOf(places)); }
 
   function showElement(place) {
     const section = document.getElementById('element');
@@ -90,115 +31,191 @@
     const element = data.elements[place];
     add(section, 'p', element[2]);
     const table = add(section, 'table');
-    const rows = [['class', element[0]], ['index', element[1]]].concat(element[4]);
-    rows.forEach(function (row) {
-      const line = add(table, 'tr');
-      add(line, 'th', row[0]);
-      add(line, 'td', row[1]);
+    [['class', element[0]], ['index', element[1]]].concat(element[4]).forEach(function (item) {
+      const row = add(table, 'tr');
+      add(row, 'th', item[0]);
+      add(row, 'td', item[1]);
     });
   }
 
   function select(place) {
     clear();
-    mark([place]);
+    current = place;
+    surface.mark([place]);
     showElement(place);
   }
 
-  // The element at the pointer, or a little beside it: lines are thin.
-  function elementAt(x, y) {
-    for (let radius = 0; radius <= 5; radius += 1) {
-      for (let turn = 0; turn < (radius === 0 ? 1 : 8); turn += 1) {
-        const under = document.elementFromPoint(x + radius * Math.cos(turn * Math.PI / 4),
-                                                y + radius * Math.sin(turn * Math.PI / 4));
-        const shape = under && under.closest('[data-e]');
-        if (shape && svg.contains(shape)) { return Number(shape.dataset.e); }
-      }
+  // --- search ----------------------------------------------------------------------------------
+
+  const marks = new Map();
+  data.elements.forEach(function (element, place) {
+    if (element[3] === null) { return; }
+    const mark = String(element[3]);
+    if (!marks.has(mark)) { marks.set(mark, []); }
+    marks.get(mark).push(place);
+  });
+
+  function contentsOf(element) {
+    const row = element[4].find(function (item) { return item[0] === 'Contents'; });
+    return row ? String(row[1]) : '';
+  }
+
+  function textsWith(wanted) {
+    const lower = wanted.toLowerCase();
+    const places = [];
+    data.elements.forEach(function (element, place) {
+      if (contentsOf(element).toLowerCase().includes(lower)) { places.push(place); }
+    });
+    return places;
+  }
+
+  function counted(number, name) { return number + ' ' + name + (number === 1 ? '' : 's'); }
+
+  // What was found last; asked for again, its elements are shown one by one.
+  let search = {wanted: '', places: [], at: -1, told: ''};
+
+  function find(text) {
+    const wanted = text.trim();
+    if (wanted !== '' && wanted === search.wanted && search.places.length > 1) {
+      return goOn();
     }
-    return null;
+    clear();
+    search = {wanted: wanted, places: [], at: -1, told: ''};
+    if (wanted === '') { return; }
+    // What is no mark, or stands in quotation marks, is looked for in the texts.
+    const quoted = /^"(.+?)"?$/.exec(wanted);
+    const isMark = !quoted && marks.has(wanted);
+    const words = quoted ? quoted[1] : wanted;
+    search.places = isMark ? marks.get(wanted) : textsWith(words);
+    search.told = isMark ? counted(search.places.length, 'element') + ' of mark ' + wanted + '.'
+        : search.places.length > 0 ? counted(search.places.length, 'text') + ' with \u201C' + words + '\u201D.'
+        : !quoted && /^-?[0-9]+$/.test(wanted) ? 'No bar has the mark ' + wanted + '.'
+        : 'No text has \u201C' + words + '\u201D.';
+    surface.mark(search.places);
+    goTo(search.places);
+    say(search.told);
+  }
+
+  function goOn() {
+    const at = (search.at + 1) % search.places.length;
+    select(search.places[at]);
+    goTo([search.places[at]]);
+    search.at = at;
+    say(search.told + ' This is number ' + (at + 1) + '.');
+  }
+
+  document.getElementById('search').addEventListener('submit', function (event) {
+    event.preventDefault();
+    find(input.value);
+  });
+  document.getElementById('clear').addEventListener('click', function () {
+    input.value = '';
+    search = {wanted: '', places: [], at: -1, told: ''};
+    clear();
+  });
+
+  // --- choosing --------------------------------------------------------------------------------
+
+  // Choosing again at the same place goes through the elements that lie on each other.
+  let chosen = {x: 0, y: 0, places: [], at: 0};
+
+  function choose(x, y) {
+    const point = moving.toSheet({clientX: x, clientY: y});
+    const isSame = chosen.places.length > 1 && chosen.places[chosen.at] === current &&
+        Math.hypot(point.x - chosen.x, point.y - chosen.y) < 3 * moving.grain();
+    chosen = isSame ? Object.assign(chosen, {at: (chosen.at + 1) % chosen.places.length})
+        : {x: point.x, y: point.y, places: surface.elementsAt(x, y), at: 0};
+    if (chosen.places.length === 0) { return clear(); }
+    select(chosen.places[chosen.at]);
+    if (chosen.places.length > 1) {
+      say((chosen.at + 1) + ' of ' + chosen.places.length + ' that lie here; choose again for the next.');
+    }
+  }
+
+  // The next element that is drawn, or the one before.
+  function step(by) {
+    const count = surface.places.length;
+    if (count === 0) { return; }
+    const at = surface.places.indexOf(current);
+    const place = surface.places[at < 0 ? (by > 0 ? 0 : count - 1) : (at + by + count) % count];
+    select(place);
+    goTo([place]);
+  }
+
+  function point(x, y) {
+    if (tape.isOn()) { tape.addPoint(x, y); } else { choose(x, y); }
   }
 
   view.addEventListener('click', function (event) {
-    if (moving.hasMoved()) { return; }
-    const place = elementAt(event.clientX, event.clientY);
-    if (place === null) {
-      clear();
-      showElement(null);
-    } else {
-      select(place);
-    }
+    if (!moving.hasMoved()) { point(event.clientX, event.clientY); }
+  });
+
+  view.addEventListener('keydown', function (event) {
+    if (event.ctrlKey || event.altKey || event.metaKey) { return; }
+    const key = event.key.toLowerCase();
+    if (key === 'm') { tape.switchOn(!tape.isOn()); }
+    else if (key === 'n') { step(1); }
+    else if (key === 'p') { step(-1); }
+    else if (key === '/') { input.focus(); }
+    else if (key === 'backspace' && tape.isOn()) { tape.takeBack(); }
+    else if (key === 'escape') {
+      if (tape.isOn()) { tape.switchOn(false); } else { clear(); }
+    } else if (key === 'enter') {
+      const edges = view.getBoundingClientRect();
+      point(edges.left + edges.width / 2, edges.top + edges.height / 2);
+    } else { return; }
+    event.preventDefault();
   });
 
   // --- layers ----------------------------------------------------------------------------------
 
-  const layers = document.getElementById('layers');
-
   function addSwitch(name, toggle) {
-    const label = add(layers, 'label');
-    const input = add(label, 'input');
-    input.type = 'checkbox';
-    input.checked = true;
-    input.name = name;
+    const label = add(document.getElementById('layers'), 'label');
+    const box = add(label, 'input');
+    box.type = 'checkbox';
+    box.checked = true;
+    box.name = name;
     label.appendChild(document.createTextNode(' ' + name));
-    input.addEventListener('change', function () { toggle(!input.checked); });
+    box.addEventListener('change', function () { toggle(!box.checked); });
   }
 
-  svg.querySelectorAll('g[data-layer]').forEach(function (group) {
-    addSwitch(group.dataset.layer, function (isOff) {
-      group.classList.toggle('off', isOff);
-      above.querySelectorAll('[data-of="' + group.dataset.layer + '"]').forEach(function (copy) {
-        copy.classList.toggle('off', isOff);
-      });
-    });
+  surface.layers.forEach(function (name) {
+    addSwitch(name, function (isOff) { surface.switchLayer(name, isOff); });
   });
-  if (svg.querySelector('.hidden-bar')) {
-    addSwitch('hidden bars', function (isOff) {
-      svg.querySelectorAll('.hidden-bar').forEach(function (shape) {
-        shape.classList.toggle('off', isOff);
-      });
-    });
+  if (surface.hasHidden) { addSwitch('hidden bars', surface.switchHidden); }
+
+  // --- list, panel, address --------------------------------------------------------------------
+
+  barTable(data, function (places, row) {
+    clear();
+    row.classList.add('found');
+    surface.mark(places);
+    goTo(places);
+  });
+  foldingPanel();
+  printingToScale(moving);
+
+  // "#mark=5", "#text=level" and "#element=12" show these; any other address does nothing.
+  function goToAddress() {
+    const address = /^#(mark|text|element)=(.+)$/.exec(location.hash);
+    let value = '';
+    try {
+      value = address ? decodeURIComponent(address[2]) : '';
+    } catch (error) {
+      return;
+    }
+    if (value === '') { return; }
+    if (address[1] === 'element') {
+      const place = /^[0-9]{1,9}$/.test(value) ? Number(value) : -1;
+      if (!data.elements[place]) { return; }
+      select(place);
+      goTo([place]);
+    } else {
+      input.value = address[1] === 'text' ? '"' + value + '"' : value;
+      find(input.value);
+    }
   }
-
-  // --- bar list --------------------------------------------------------------------------------
-
-  const bars = document.getElementById('bars');
-  if (data.bars.length === 0) {
-    add(bars, 'p', 'No bars.');
-  } else {
-    const table = add(bars, 'table');
-    const head = add(add(table, 'thead'), 'tr');
-    ['mark', '\u00D8', 'shape', 'number', 'length', 'kg'].forEach(function (title, column) {
-      add(head, 'th', title, column === 2 ? '' : 'number');
-    });
-    const body = add(table, 'tbody');
-    data.bars.forEach(function (bar) {
-      const row = add(body, 'tr');
-      row.title = bar.grade;
-      add(row, 'td', bar.mark, 'number');
-      add(row, 'td', bar.diameter, 'number');
-      add(row, 'td', bar.shape);
-      add(row, 'td', bar.number, 'number');
-      add(row, 'td', bar.length, 'number');
-      add(row, 'td', bar.mass, 'number');
-      row.addEventListener('click', function () {
-        clear();
-        row.classList.add('found');
-        mark(bar.places);
-        goTo(bar.places);
-      });
-    });
-    add(bars, 'p', 'Total ' + data.mass + ' kg. ' + data.convention);
-  }
-
-  // --- address ---------------------------------------------------------------------------------
-
-  // "#mark=5" and "#element=12" show these at once.
-  const wanted = /^#(mark|element)=(.+)$/.exec(decodeURIComponent(location.hash));
-  if (wanted && wanted[1] === 'mark') {
-    document.getElementById('mark').value = wanted[2];
-    findMark(wanted[2]);
-  } else if (wanted && data.elements[Number(wanted[2])]) {
-    select(Number(wanted[2]));
-    goTo([Number(wanted[2])]);
-  }
+  window.addEventListener('hashchange', goToAddress);
+  goToAddress();
   document.documentElement.setAttribute('data-ready', 'true');
 }());

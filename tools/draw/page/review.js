@@ -2,6 +2,8 @@
   const view = document.getElementById('view');
   const svg = view.querySelector('svg');
   const moving = movingAbout(view, svg);
+  foldingPanel();
+  printingToScale(moving);
   const notes = Array.from(document.querySelectorAll('#notes button'));
 
   function shapesOf(number) {
@@ -20,7 +22,7 @@
   notes.forEach(function (note, number) {
     note.addEventListener('click', function () {
       choose(number);
-      moving.showShapes(shapesOf(number));
+      moving.showBounds(boundsOf(shapesOf(number)));
     });
   });
 

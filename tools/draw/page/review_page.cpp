@@ -41,7 +41,7 @@ void writeReviewPage(const Scene& scene, const std::vector<std::string>& lines,
     } else if (part == "style") {
       out << kPageStyle;
     } else if (part == "script") {
-      out << kMovingScript << kReviewScript;
+      out << kMovingScript << kPanelScript << kReviewScript;
     } else if (part == "drawing") {
       writeSvg(scene, {true}, out);
     } else if (part == "lines") {
