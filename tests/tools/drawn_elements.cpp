@@ -9,6 +9,7 @@
 
 #include <tests/tools/loaded_file.h>
 #include <tests/tools/sample.h>
+#include <tools/bending/bent_bar.h>
 #include <tools/draw/element_painter.h>
 
 namespace quorvan::test {
@@ -212,6 +213,27 @@ std::vector<tool::Shape> bareShapesOf(const std::string& elements, tool::AngleUn
     painter.draw(element);
   }
   return sink.take();
+}
+
+double centreLineOf(const std::string& elements) {
+  const LoadedFile loaded(documentOf(elements));
+  const tool::Element& element = loaded.element(0);
+  return bend(tool::toBar(*barShapeOf(element), loaded.items(0)), tool::kLengthUnits[0], {})
+      .centreLine();
+}
+
+double lengthAlong(const tool::Path& path) {
+  double length = 0.0;
+  tool::PlanePoint at;
+  for (const tool::PathStep& step : path.steps()) {
+    if (step.kind == tool::PathStep::Kind::kLine) {
+      length += lengthOf(step.to - at);
+    } else if (step.kind == tool::PathStep::Kind::kArc) {
+      length += std::abs(step.sweep) * lengthOf(at - step.center);
+    }
+    at = step.to;
+  }
+  return length;
 }
 
 double distanceTo(const tool::Path& path, tool::PlanePoint point) {

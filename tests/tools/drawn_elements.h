@@ -92,6 +92,12 @@ tool::DrawOptions atFullSize();
 std::vector<tool::Shape> bareShapesOf(const std::string& elements,
                                       tool::AngleUnit angles = tool::AngleUnit::kDegrees);
 
+/// How long the bar of these elements is when it is cut, bent by the usual rules.
+double centreLineOf(const std::string& elements);
+
+/// The length along the path.
+double lengthAlong(const tool::Path& path);
+
 /// How far the point lies from the lines and arcs of the path.
 double distanceTo(const tool::Path& path, tool::PlanePoint point);
 

@@ -13,19 +13,12 @@ namespace {
 constexpr double kRightAngle = std::numbers::pi / 2.0;
 constexpr double kSharpest = std::numbers::pi * 0.999;  // a corner of the axis cannot turn back
 
-// How far the bend reaches from its corner along both legs. A hook beyond a right angle has no
-// corner in reach: it begins where the bend touches the line through the end of the bar.
-double reachOf(const Bend& bend) {
-  const double limit = bend.isHook ? kRightAngle : kSharpest;
-  return bend.radius * std::tan(std::min(bend.angle, limit) / 2.0);
-}
-
 // By how much the outermost point of the bend lies beyond the corner of the axis.
 double beyond(const Bend& bend, double diameter) {
   if (bend.angle <= kRightAngle) {
     return diameter / 2.0 * std::tan(bend.angle / 2.0);
   }
-  return bend.radius - reachOf(bend) + diameter / 2.0;
+  return bend.radius - bend.reach() + diameter / 2.0;
 }
 
 class Bender {
@@ -37,7 +30,7 @@ class Bender {
     for (std::size_t i = 0; i < m_bent.legs.size(); ++i) {
       m_bent.legs[i].room = m_bent.legs[i].axis;
       for (const Bend* const bend : around(i)) {
-        m_bent.legs[i].room -= reachOf(*bend);
+        m_bent.legs[i].room -= bend->reach();
       }
     }
     giveRoom();
@@ -46,7 +39,7 @@ class Bender {
       leg.straight = leg.axis;
       leg.outside = leg.axis;
       for (const Bend* const bend : around(i)) {
-        leg.straight -= reachOf(*bend);
+        leg.straight -= bend->reach();
         leg.outside += beyond(*bend, m_bent.diameter);
       }
     }
@@ -71,10 +64,10 @@ class Bender {
       return;
     }
     if (m_bent.beginsWithHook) {
-      m_bent.legs.front().axis += reachOf(m_bent.bends.front());
+      m_bent.legs.front().axis += m_bent.bends.front().reach();
     }
     if (m_bent.endsWithHook) {
-      m_bent.legs.back().axis += reachOf(m_bent.bends.back());
+      m_bent.legs.back().axis += m_bent.bends.back().reach();
     }
   }
 
@@ -114,6 +107,7 @@ void setLine(BentBar& bent, const Bar& bar, const LengthUnit& unit, const Bendin
   }
   bent.beginsWithHook = line.beginsWithHook;
   bent.endsWithHook = line.endsWithHook;
+  bent.axis = std::move(line.axis);
   bent.course = std::move(line.course);
 }
 
@@ -154,6 +148,7 @@ void turnOver(BentBar& bent) {
   if (bent.bends.empty() || bent.bends.front().isLeft) {
     return;
   }
+  bent.isTurnedOver = true;
   for (Bend& bend : bent.bends) {
     bend.isLeft = !bend.isLeft;
   }
@@ -163,6 +158,11 @@ void turnOver(BentBar& bent) {
 }
 
 }  // namespace
+
+double Bend::reach() const noexcept {
+  const double limit = isHook ? kRightAngle : kSharpest;
+  return radius * std::tan(std::min(angle, limit) / 2.0);
+}
 
 double BentBar::axisLength() const noexcept {
   double length = 0.0;

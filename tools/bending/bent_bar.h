@@ -19,6 +19,10 @@ struct Bend {
   bool isLeft = true;  // seen from the side from which the first bend goes to the left
   bool isHook = false;
   double radius = 0.0;  // of the axis
+
+  /// How far it reaches from its corner along both legs. A hook beyond a right angle has no corner
+  /// in reach: it begins where the bend touches the line through the end of the bar.
+  [[nodiscard]] double reach() const noexcept;
 };
 
 /// Between two bends, or a bend and an end.
@@ -35,12 +39,16 @@ struct Leg {
 struct BentBar {
   BarShape shape = BarShape::kStraight;
   double diameter = 0.0;
-  double roller = 0.0;              // diameter
-  std::vector<Leg> legs;            // none for a bar seen end-on
-  std::vector<Bend> bends;          // one fewer than legs
-  double ringRadius = 0.0;          // of the axis of a circular frame
-  double overlap = 0.0;             // of a circular frame
-  std::vector<Coordinates> course;  // corners of a bar that lies in no plane, its hooks included
+  double roller = 0.0;      // diameter
+  std::vector<Leg> legs;    // none for a bar seen end-on
+  std::vector<Bend> bends;  // one fewer than legs
+  double ringRadius = 0.0;  // of the axis of a circular frame
+  double overlap = 0.0;     // of a circular frame
+  /// Ends and corners as the file has them, in its unit and without hooks; of a stirrup the ends of
+  /// its long axis, of a circular frame none.
+  std::vector<Coordinates> axis;
+  std::vector<Coordinates> course;  // the same of a bar that lies in no plane, its hooks included
+  bool isTurnedOver = false;        // in the file the first bend goes to the right
   bool beginsWithHook = false;      // the first leg is a hook, and the last
   bool endsWithHook = false;
   bool fits = true;  // every leg has room for its bends; where not, they are bent closer

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace quorvan::tool {
 
@@ -145,6 +146,15 @@ void addTip(std::vector<Coordinates>& course, const End& end, bool atStart) {
   course.insert(atStart ? course.begin() : course.end(), tip);
 }
 
+// A hook without a bend goes on where the bar ends.
+void lengthen(std::vector<Coordinates>& axis, double length, bool atStart) {
+  if (axis.size() > 1) {
+    Coordinates& end = atStart ? axis.front() : axis.back();
+    const Coordinates& before = atStart ? axis[1] : axis[axis.size() - 2];
+    end = end + unit(end - before) * length;
+  }
+}
+
 // The hook at the first or last corner.
 void addHook(CornerLine& line, const End& end, bool atStart) {
   if (!end.isThere()) {
@@ -155,6 +165,7 @@ void addHook(CornerLine& line, const End& end, bool atStart) {
   }
   if (!end.isBent()) {
     (atStart ? line.legs.front() : line.legs.back()) += end.hook.length;
+    lengthen(line.axis, end.hook.length, atStart);
     return;
   }
   line.legs.insert(atStart ? line.legs.begin() : line.legs.end(), end.hook.length);
@@ -176,9 +187,10 @@ void addLegs(CornerLine& line, const std::vector<Coordinates>& corners, const Co
 
 CornerLine openLine(const Bar& bar) {
   CornerLine line;
-  const std::vector<Coordinates> corners = cornersOf(bar);
+  std::vector<Coordinates> corners = cornersOf(bar);
   if (corners.size() < 2) {
     line.legs = {0.0};
+    line.axis = std::move(corners);
     return line;
   }
   const Coordinates normal = normalOf(corners);
@@ -186,6 +198,7 @@ CornerLine openLine(const Bar& bar) {
   if (!liesInPlane(corners, normal)) {
     line.course = corners;
   }
+  line.axis = std::move(corners);
   return line;
 }
 
@@ -195,6 +208,7 @@ CornerLine frameLine(const Bar& bar) {
   std::vector<Coordinates> corners = bar.line;
   corners.push_back(bar.line.front());
   addLegs(line, corners, normalOf(corners));
+  line.axis = std::move(corners);
   return line;
 }
 
@@ -255,6 +269,7 @@ CornerLine stirrupLine(const Bar& bar) {
   CornerLine line;
   line.legs = {length, 0.0, length, 0.0};
   line.corners.assign(3, Corner{kQuarterTurn, true, false});
+  line.axis = bar.line;
   return line;
 }
 

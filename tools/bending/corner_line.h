@@ -20,7 +20,8 @@ struct CornerLine {
   std::vector<Corner> corners;  // one fewer than legs
   bool beginsWithHook = false;  // the first leg is a hook, and the last
   bool endsWithHook = false;
-  std::vector<Coordinates> course;  // of a bar that lies in no plane: its ends and corners
+  std::vector<Coordinates> axis;    // its ends and corners without hooks; a stirrup's long axis
+  std::vector<Coordinates> course;  // of a bar that lies in no plane: the same, hooks included
 };
 
 /// Of every class but the circular frame and the bar seen end-on. The stirrup runs around a

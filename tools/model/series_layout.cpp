@@ -4,62 +4,14 @@
 #include <cmath>
 #include <optional>
 
+#include <tools/model/base_line.h>
+
 namespace quorvan::tool {
 
 namespace {
 
-constexpr double kEven = 1e-6;        // of a length: below it two are equal
 constexpr double kSameLength = 0.02;  // of the repeated bar's length
 constexpr double kSteepest = 1e3;     // a bar along the base line has no crossing with it
-
-// The series in coordinates of its base line: `across` to its left, `along` in its direction.
-class BaseLine {
- public:
-  explicit BaseLine(const Repartition& series) : m_origin(series.start) {
-    const double x = series.end.x - series.start.x;
-    const double y = series.end.y - series.start.y;
-    const bool isPoint = std::hypot(x, y) < kEven;
-    m_isAlongX =
-        isPoint ? std::abs(series.axis.x) > std::abs(series.axis.y) : std::abs(x) > std::abs(y);
-    const double axis = m_isAlongX ? series.axis.x : series.axis.y;
-    m_length = m_isAlongX ? x : y;
-    // The axis of straight bars points to the right or upwards; that of others, of length 1, from
-    // bar to bar.
-    const bool isWay = std::hypot(series.axis.x, series.axis.y) < 2.0 && std::abs(axis) > kEven;
-    m_way = (isWay ? axis : m_length) < 0.0 ? -1.0 : 1.0;
-    m_side = axis < 0.0 ? -1.0 : 1.0;
-    m_drift = isWay ? (m_isAlongX ? series.axis.y : series.axis.x) / axis : 0.0;
-  }
-
-  // The distance of the file, positive to the left of the axis, as a coordinate.
-  [[nodiscard]] double across(double distance) const {
-    return m_side * (m_isAlongX ? distance : -distance);
-  }
-  [[nodiscard]] double way() const { return m_way; }
-  [[nodiscard]] double length() const { return m_length; }
-  // Whether the bars follow each other at an angle to the line, and then how far they move across
-  // it for each unit along it.
-  [[nodiscard]] bool isSlanted() const { return m_drift != 0.0; }
-  [[nodiscard]] double drift() const { return m_drift; }
-  [[nodiscard]] double acrossOf(const Coordinates& vector) const {
-    return m_isAlongX ? vector.y : vector.x;
-  }
-  [[nodiscard]] double alongOf(const Coordinates& vector) const {
-    return m_isAlongX ? vector.x : vector.y;
-  }
-  [[nodiscard]] Coordinates point(double along, double across) const {
-    return m_isAlongX ? Coordinates{m_origin.x + along, m_origin.y + across, m_origin.z}
-                      : Coordinates{m_origin.x + across, m_origin.y + along, m_origin.z};
-  }
-
- private:
-  Coordinates m_origin;
-  bool m_isAlongX = false;
-  double m_length = 0.0;
-  double m_way = 1.0;
-  double m_side = 1.0;
-  double m_drift = 0.0;
-};
 
 // The series bar by bar, in the coordinates of its base line.
 struct Course {
@@ -110,16 +62,12 @@ std::optional<double> slopeOfBar(const Course& course, const Bar* bar, const Bas
   }
   const Coordinates& from = bar->line.front();
   const Coordinates& to = bar->line.back();
-  const Coordinates way{to.x - from.x, to.y - from.y, 0.0};
-  if (!(std::abs(base.acrossOf(way)) > kEven)) {
-    return std::nullopt;
-  }
-  const double slope = base.alongOf(way) / base.acrossOf(way);
+  const auto slope = base.slopeOf({to.x - from.x, to.y - from.y, to.z - from.z});
   const double length = distance(from, to);
-  for (std::size_t i = 0; i < course.first.size(); ++i) {
-    const double there = std::abs(course.first[i] - course.second[i]) * std::hypot(1.0, slope);
+  for (std::size_t i = 0; slope && i < course.first.size(); ++i) {
+    const double there = std::abs(course.first[i] - course.second[i]) * slope->length;
     if (std::abs(there - length) <= kSameLength * length) {
-      return slope;
+      return slope->along;
     }
   }
   return std::nullopt;

@@ -13,7 +13,7 @@ namespace quorvan::tool {
 bool measuresEnds(const Repartition& series);
 
 /// From end to end, without hooks, one value a bar of the series; empty where the distances say
-/// nothing of it. The distances lie across the line of the series, the bars along the repeated bar:
+/// nothing of it. The distances lie across the base line, the bars along the repeated bar:
 /// one at an angle to the line's normal is longer than its distances are apart. A repeated bar that
 /// runs along the line itself was drawn in another view; the distances then count as they stand.
 std::vector<double> seriesSpans(const Repartition& series, const Bar& repeated);

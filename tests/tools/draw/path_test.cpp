@@ -77,14 +77,12 @@ TEST(ToolPath, RoundsEveryCornerOfAClosedOne) {
   EXPECT_EQ(path.steps().back().kind, PathStep::Kind::kClose);
 }
 
-HookShape hook(double angle, double length) {
+HookShape hook(double angle, double straight) {
   HookShape shape;
   shape.end = {10, 0};
   shape.direction = {1, 0};
-  shape.angle = angle;
-  shape.length = length;
-  shape.radius = 2;
-  shape.room = 5;
+  shape.bend = {angle, true, true, 2.0};
+  shape.straight = straight;
   return shape;
 }
 
@@ -96,17 +94,16 @@ Path withEndHook(const HookShape& shape) {
   return path;
 }
 
-TEST(ToolHooks, BendAndRunOnToTheirLength) {
-  expectPoint(withEndHook(hook(kPathPi / 2, 10)).end(), 10, 10);
-  expectPoint(withEndHook(hook(kPathPi, 10)).end(), 8 - (10 - 2), 4);
+TEST(ToolHooks, BendAndRunOnStraight) {
+  expectPoint(withEndHook(hook(kPathPi / 2, 8)).end(), 10, 10);
+  expectPoint(withEndHook(hook(kPathPi, 8)).end(), 8 - 8, 4);
   expectPoint(withEndHook(hook(0, 10)).end(), 20, 0);
 }
 
-TEST(ToolHooks, BendToTheOtherSideForTheOtherSideOrAnAngleBelowZero) {
-  HookShape shape = hook(kPathPi / 2, 10);
+TEST(ToolHooks, BendToTheOtherSide) {
+  HookShape shape = hook(kPathPi / 2, 8);
   shape.side = -1;
   expectPoint(withEndHook(shape).end(), 10, -10);
-  expectPoint(withEndHook(hook(-kPathPi / 2, 10)).end(), 10, -10);
 }
 
 TEST(ToolHooks, AreBentIntoTheCornerAtTheEndOfTheBar) {
@@ -116,23 +113,10 @@ TEST(ToolHooks, AreBentIntoTheCornerAtTheEndOfTheBar) {
   expectPoint(hookBegin(hook(0, 10)), 10, 0);
 }
 
-TEST(ToolHooks, AreBentCloserWhereTheyOrTheirBarAreShort) {
-  expectPoint(withEndHook(hook(kPathPi / 2, 1)).end(), 10, 1);
-  expectPoint(hookBegin(hook(kPathPi / 2, 1)), 9, 0);
-  HookShape shape = hook(kPathPi / 2, 10);
-  shape.room = 1.5;
-  expectPoint(hookBegin(shape), 8.5, 0);
-  expectPoint(withEndHook(shape).end(), 10, 10);
-}
-
-TEST(ToolHooks, AreNoneWithoutLength) {
-  expectPoint(withEndHook(hook(kPathPi / 2, 0)).end(), 10, 0);
-}
-
 // The same hook drawn from its tip ends at the bar and begins at the tip.
 TEST(ToolHooks, BeginAtTheTip) {
   Path path;
-  beginWithHook(path, hook(kPathPi / 2, 10));
+  beginWithHook(path, hook(kPathPi / 2, 8));
   expectPoint(path.steps().front().to, 10, 10);
   expectPoint(path.end(), 8, 0);
 }

@@ -7,6 +7,8 @@
 #include <limits>
 #include <random>
 
+#include <tools/model/series_spans.h>
+
 namespace {
 
 using quorvan::tool::Bar;
@@ -15,6 +17,7 @@ using quorvan::tool::layOut;
 using quorvan::tool::Repartition;
 using quorvan::tool::SeriesBar;
 using quorvan::tool::SeriesLayout;
+using quorvan::tool::seriesSpans;
 using quorvan::tool::statedSpacings;
 
 constexpr double kClose = 1e-6;
@@ -106,6 +109,29 @@ TEST(ToolSeriesLayout, EndsWithTheShorterOfItsLists) {
   Repartition series = uprightBars({100, 100, 100});
   series.bottom.resize(2);
   EXPECT_EQ(layOut(series, nullptr).bars.size(), 2U);
+}
+
+// The picture and the bar list measure from the same line, whatever a host files as the axis.
+TEST(ToolSeriesLayout, LaysBarsOutAsLongAsTheyAreListed) {
+  for (const double angle : {0.0, 0.2, -0.7, 1.2}) {
+    Bar bar;
+    bar.line = {{0, 0, 0}, {400 * std::sin(angle), 400 * std::cos(angle), 0}};
+    Repartition series = uprightBars({100, 150});
+    series.axis = {10 * std::cos(0.3), 10 * std::sin(0.3), 0};
+    series.viewPoint = 2;
+    for (std::size_t i = 0; i < 3; ++i) {
+      series.top[i] = -200 * std::cos(angle);
+      series.bottom[i] = 200 * std::cos(angle);
+    }
+    const SeriesLayout layout = layOut(series, &bar);
+    const std::vector<double> spans = seriesSpans(series, bar);
+    ASSERT_EQ(spans.size(), 3U);
+    ASSERT_EQ(layout.bars.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+      EXPECT_NEAR(spans[i], 400, kClose) << angle;
+      EXPECT_NEAR(distance(layout.bars[i].first, layout.bars[i].last), spans[i], kClose) << angle;
+    }
+  }
 }
 
 // Bars at 45 degrees, 100 apart along the base line, the first point of each moved up with it:

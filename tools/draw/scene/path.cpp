@@ -66,7 +66,10 @@ void Path::addRounded(const std::vector<PlanePoint>& points, bool isClosed, doub
   // A closed path begins in the middle of a side, so that every corner is between two others.
   moveTo(isClosed ? (points.back() + points.front()) * 0.5 : points.front());
   for (std::size_t i = isClosed ? 0 : 1; i + (isClosed ? 0 : 1) < count; ++i) {
-    addCorner(points[(i + count - 1) % count], points[i], points[(i + 1) % count], radius);
+    const PlanePoint before = points[(i + count - 1) % count];
+    const PlanePoint after = points[(i + 1) % count];
+    const double room = 0.5 * std::min(lengthOf(points[i] - before), lengthOf(after - points[i]));
+    addCorner(before, points[i], after, radius, room);
   }
   if (isClosed) {
     close();
@@ -75,11 +78,16 @@ void Path::addRounded(const std::vector<PlanePoint>& points, bool isClosed, doub
   }
 }
 
-void Path::addCorner(PlanePoint before, PlanePoint corner, PlanePoint after, double radius) {
+void Path::bendAt(PlanePoint corner, PlanePoint next, double radius) {
+  const double room = std::min(lengthOf(corner - end()), lengthOf(next - corner));
+  addCorner(end(), corner, next, radius, room);
+}
+
+void Path::addCorner(PlanePoint before, PlanePoint corner, PlanePoint after, double radius,
+                     double room) {
   const PlanePoint in = corner - before;
   const PlanePoint out = after - corner;
   const double turn = std::atan2(crossOf(in, out), in.x * out.x + in.y * out.y);
-  const double room = 0.5 * std::min(lengthOf(in), lengthOf(out));
   const double half = std::tan(std::abs(turn) / 2.0);
   if (!(std::abs(turn) > 1e-6) || !(half < 1e6) || !(room > 0.0)) {
     return lineTo(corner);

@@ -31,6 +31,9 @@ class Path {
   /// The points joined by lines, with corners rounded to `radius` as far as the lines allow.
   void addRounded(const std::vector<PlanePoint>& points, bool isClosed, double radius);
 
+  /// On to the corner, which is rounded to `radius`, in the direction of `next`.
+  void bendAt(PlanePoint corner, PlanePoint next, double radius);
+
   /// Goes on with the other path, which begins where this one is.
   void append(const Path& other);
 
@@ -39,7 +42,8 @@ class Path {
   [[nodiscard]] bool isFinite() const noexcept;
 
  private:
-  void addCorner(PlanePoint before, PlanePoint corner, PlanePoint after, double radius);
+  void addCorner(PlanePoint before, PlanePoint corner, PlanePoint after, double radius,
+                 double room);
 
   std::vector<PathStep> m_steps;
 };

@@ -31,8 +31,4 @@ std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSin
 /// grows with the diameter, the same wherever the bar is drawn. Without paper, always its own.
 double penOf(double diameter, const Sheet& sheet) noexcept;
 
-/// The radius, on its axis, to which a bar is bent: a mandrel of four diameters, of seven above
-/// 16 mm.
-double bendRadius(const Bar& bar, const Sheet& sheet) noexcept;
-
 }  // namespace quorvan::tool

@@ -14,6 +14,7 @@ namespace {
 
 using test::bareShapesOf;
 using test::BarParts;
+using test::lengthAlong;
 
 constexpr double kExactly = 1e-6;
 
@@ -31,21 +32,6 @@ void expectPlace(PlanePoint point, double x, double y, const std::string& what =
 
 PlanePoint beginOf(const Path& path) {
   return path.steps().front().to;
-}
-
-// The length along the path.
-double lengthAlong(const Path& path) {
-  double length = 0.0;
-  PlanePoint at;
-  for (const PathStep& step : path.steps()) {
-    if (step.kind == PathStep::Kind::kLine) {
-      length += lengthOf(step.to - at);
-    } else if (step.kind == PathStep::Kind::kArc) {
-      length += std::abs(step.sweep) * lengthOf(at - step.center);
-    }
-    at = step.to;
-  }
-  return length;
 }
 
 std::vector<double> radiiOf(const Path& path) {
@@ -160,14 +146,47 @@ TEST(ToolBarShapes, AreBentOverTheMandrelOfTheirDiameter) {
 }
 
 TEST(ToolBarShapes, OfABarInMetresAreBentByItsDiameterInMillimetres) {
-  DrawOptions options;
+  DrawOptions options = test::atFullSize();
   options.unit = &kLengthUnits[2];
-  const Sheet sheet = Sheet::natural(options);
-  Bar bar;
-  bar.diameter = 0.016;
-  EXPECT_NEAR(bendRadius(bar, sheet), 40, kExactly);
-  bar.diameter = 0.02;
-  EXPECT_NEAR(bendRadius(bar, sheet), 80, kExactly);
+  options.marks = Marks::kNone;
+  for (const auto& [diameter, radius] : {std::pair(0.016, 40.0), {0.02, 80.0}}) {
+    const Scene scene = test::sceneOf(test::barOf({.className = "LBar",
+                                                   .points = {{0, 0, 0}, {2, 0, 0}, {2, 1.5, 0}},
+                                                   .diameter = diameter}),
+                                      options)
+                            .scene;
+    const std::vector<Shape> bars = test::shapesOn(scene, Layer::kBars);
+    ASSERT_EQ(bars.size(), 1U);
+    ASSERT_EQ(radiiOf(bars[0].path).size(), 1U);
+    EXPECT_NEAR(radiiOf(bars[0].path)[0], radius, kExactly);
+  }
+}
+
+// What is drawn is as long as what is cut: one model of the bent bar serves both.
+TEST(ToolBarShapes, AreAsLongAsTheBarThatIsCut) {
+  const std::vector<BarParts> cases = {
+      {.points = {{0, 0, 0}, {900, 300, 0}},
+       .hookLength1 = 150,
+       .hookLength2 = 90,
+       .hookAngle1 = 135,
+       .hookAngle2 = 180,
+       .diameter = 20},
+      {.className = "LBar",
+       .points = {{0, 0, 0}, {900, 0, 0}, {900, 120, 0}},
+       .hookLength2 = 100,
+       .hookAngle2 = 135,
+       .diameter = 16},
+      {.className = "UBar", .points = {{0, 0, 0}, {500, 0, 0}, {500, 60, 0}}, .diameter = 25},
+      {.className = "PolygonBar",
+       .points = {{0, 0, 0}, {500, 0, 0}, {560, 40, 0}, {560, 90, 0}, {1600, 400, 0}},
+       .hookLength1 = 60,
+       .hookAngle1 = -90,
+       .side = true,
+       .diameter = 12}};
+  for (const BarParts& parts : cases) {
+    EXPECT_NEAR(lengthAlong(pathOf(parts)), test::centreLineOf(test::barOf(parts)), 1e-6)
+        << parts.className;
+  }
 }
 
 TEST(ToolBarShapes, OfLAndUBarsHaveTheirHooksInside) {

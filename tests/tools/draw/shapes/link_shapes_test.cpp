@@ -17,6 +17,7 @@ namespace {
 using test::bareShapesOf;
 using test::BarParts;
 using test::distanceTo;
+using test::lengthAlong;
 
 constexpr double kMeets = 0.02;
 constexpr double kStraightAngle = std::numbers::pi;
@@ -110,6 +111,26 @@ TEST(ToolFrameShapes, ShowRightAngledHooksBesideTheLegs) {
   }
 }
 
+TEST(ToolFrameShapes, RunStraightOnBeyondTheirFirstCornerWithHooksThatAreNotBent) {
+  const std::vector<Shape> shapes = linkShapes(frameWithHooks(0));
+  ASSERT_EQ(shapes.size(), 3U);
+  EXPECT_NEAR(lengthOf(shapes[1].path.end() - PlanePoint{-100, 0}), 0.0, 1e-6);
+  EXPECT_NEAR(lengthOf(shapes[2].path.end() - PlanePoint{0, -100}), 0.0, 1e-6);
+}
+
+// On paper a thin line is wider than its bar: there the hooks lie as far off as it needs.
+TEST(ToolFrameShapes, ShowRightAngledHooksOnPaper) {
+  DrawOptions options;
+  options.scale = 50;
+  options.marks = Marks::kNone;
+  const std::vector<Shape> shapes =
+      test::shapesOn(test::sceneOf(test::barOf(frameWithHooks(90)), options).scene, Layer::kLinks);
+  ASSERT_EQ(shapes.size(), 3U);
+  for (std::size_t i = 1; i < 3; ++i) {
+    EXPECT_GE(distanceTo(shapes[0].path, shapes[i].path.end()), 1.9 * shapes[0].style.width);
+  }
+}
+
 TEST(ToolFrameShapes, HaveNoHooksWithoutLength) {
   EXPECT_EQ(linkShapes(frameWithHooks(135, 0)).size(), 1U);
   EXPECT_EQ(linkShapes(frameWithHooks(135, -50)).size(), 1U);
@@ -163,30 +184,60 @@ TEST(ToolRingShapes, HaveTheirOverlapBesideTheRing) {
   EXPECT_NEAR((sweep - 2 * kStraightAngle) * inner, 300, 1e-6) << "as long as the file says";
 }
 
-TEST(ToolRingShapes, HaveBothHooksAtTheEndsOfTheRing) {
-  for (const double overlap : {0.0, 1.0, 150.0}) {
-    const std::vector<Shape> shapes = linkShapes(ringWithHooks(overlap, 80));
-    ASSERT_EQ(shapes.size(), 2U) << overlap;
-    // One hook is drawn with the ring, the other by itself from where the ring begins.
-    const Path& ring = shapes[1].path;
-    const Path& hook = shapes[0].path;
-    EXPECT_NEAR(lengthOf(hook.steps().front().to - ring.steps().front().to), 0.0, 1e-9);
-    for (const Path* const path : {&ring, &hook}) {
-      const double out = lengthOf(path->end() - PlanePoint{1000, 500});
-      EXPECT_LT(out, 200 - 20.0) << overlap << ": the tip lies inside";
+// Of the points along the path, which lies farthest back or on along the ring from its start,
+// square to the line from the centre.
+double leastAside(const Path& path) {
+  double least = 1e9;
+  for (const PlanePoint point : test::pointsAlong(path)) {
+    if (point.x > 1100) {
+      least = std::min(least, point.y - 500);
     }
-    // No piece of the ring goes beyond where its hook leaves it.
-    EXPECT_NEAR(ring.steps().front().to.x, 1200, 1e-9);
-    EXPECT_NEAR(ring.steps().front().to.y, 500, 1e-9);
+  }
+  return least;
+}
+
+TEST(ToolRingShapes, AreOneBarFromTipToTip) {
+  for (const double overlap : {0.0, 1.0, 30.0}) {
+    for (const double angle : {120.0, 135.0, 180.0}) {
+      const BarParts parts = ringWithHooks(overlap, 80, angle);
+      const std::vector<Shape> shapes = linkShapes(parts);
+      ASSERT_EQ(shapes.size(), 1U) << overlap;
+      const Path& ring = shapes[0].path;
+      EXPECT_NEAR(lengthAlong(ring), test::centreLineOf(test::barOf(parts)), 1e-6)
+          << "no piece more than is bent: " << overlap << ' ' << angle;
+      for (const PlanePoint tip : {ring.steps().front().to, ring.end()}) {
+        EXPECT_LT(lengthOf(tip - PlanePoint{1000, 500}), 200 - 20.0) << "the tip lies inside";
+      }
+    }
   }
 }
 
+// Both hooks go round their bends where the ring begins; none reaches beyond by more than the ring
+// is round there.
+TEST(ToolRingShapes, HaveBothHooksAtTheirStartPoint) {
+  const Path ring = linkShapes(ringWithHooks(0, 80))[0].path;
+  const std::vector<PathStep>& steps = ring.steps();
+  Path first;
+  first.moveTo(steps[0].to);
+  first.lineTo(steps[1].to);
+  first.arcTo(steps[2].center, steps[2].sweep);
+  EXPECT_NEAR(leastAside(first), 0.0, 2.5);
+}
+
+// Right-angled hooks lie side by side.
+TEST(ToolRingShapes, ShowBothRightAngledHooks) {
+  const Path ring = linkShapes(ringWithHooks(0, 80, 90))[0].path;
+  const double apart = lengthOf(ring.steps().front().to - ring.end());
+  EXPECT_GT(apart, 8.0);
+  EXPECT_LT(apart, 16.0);
+}
+
 TEST(ToolRingShapes, BeginAtTheirStartPoint) {
-  BarParts parts = ringWithHooks(100, 80);
+  BarParts parts = ringWithHooks(100, 0);
   for (const double angle : {0.5, 2.0, 4.0}) {
     const PlanePoint out = turned({350, 0}, angle);
     parts.points[1] = {1000 + out.x, 500 + out.y, 0};
-    const PlanePoint begin = linkShapes(parts)[1].path.steps().front().to;
+    const PlanePoint begin = linkShapes(parts)[0].path.steps().front().to;
     EXPECT_NEAR(lengthOf(begin - PlanePoint{1000, 500}), 200, 1e-6) << "on the circle";
     EXPECT_NEAR(crossOf(begin - PlanePoint{1000, 500}, out), 0.0, 1e-3) << "in its direction";
   }
@@ -207,6 +258,12 @@ BarParts stirrupWithHooks(double angle, double length = 90.0) {
           .hookLength1 = length,
           .hookAngle1 = angle,
           .diameter = 8};
+}
+
+TEST(ToolStirrupShapes, OfThickBarsAreAsWideAsTheirRoller) {
+  BarParts parts = stirrupWithHooks(135, 0);
+  parts.diameter = 20;
+  EXPECT_NEAR(boxOf(linkShapes(parts)[0].path).width(), 160, 1e-6) << "seven diameters and one";
 }
 
 TEST(ToolStirrupShapes, RunRoundTheirAxisAsNarrowAsTheyCanBeBent) {
