@@ -5,6 +5,8 @@
 #include <numbers>
 #include <utility>
 
+#include <tools/draw/bar_list/sketch_outline.h>
+#include <tools/draw/scene/occupancy.h>
 #include <tools/draw/scene/plain_shapes.h>
 #include <tools/draw/scene/text_width.h>
 #include <tools/text/number_text.h>
@@ -13,132 +15,15 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kShortLeg = 7.0;  // mm
-constexpr double kLongLeg = 42.0;
-constexpr double kSketchBend = 1.6;  // radius
 constexpr double kSketchBar = 0.7;
 constexpr double kSketchLettering = 2.0;
 constexpr double kSketchBeside = 1.1;  // of a dimension from its leg
+// Near the middle on either side, before near the ends.
+constexpr double kAlongLeg[][4] = {{0.5, 0.44, 0.56, 0.38}, {0.62, 0.25, 0.75, 0.88}};
 constexpr double kSketchMargin = 4.2;  // room for the dimensions above and below the bar
 constexpr double kSketchSide = 6.4;    // beside it, where angles stand, too
 constexpr double kSketchQuarter = std::numbers::pi / 2.0;
 constexpr Color kSketchInk{0, 0, 0};
-
-// A leg on the sketch.
-struct DrawnLeg {
-  PlanePoint begin;
-  PlanePoint end;
-};
-
-struct SketchBox {
-  PlanePoint least{1e9, 1e9};
-  PlanePoint most{-1e9, -1e9};
-
-  void add(PlanePoint point) {
-    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
-    most = {std::max(most.x, point.x), std::max(most.y, point.y)};
-  }
-  [[nodiscard]] PlanePoint middle() const { return (least + most) * 0.5; }
-};
-
-struct SketchOutline {
-  Path path;
-  std::vector<DrawnLeg> legs;
-  std::vector<PlanePoint> bends;  // the middle of each
-  SketchBox box;
-};
-
-// Long enough for a dimension, and longer where the bar's leg is longer.
-double shownLength(double leg, double longest) {
-  const double share = longest > 0.0 ? std::sqrt(std::max(leg, 0.0) / longest) : 1.0;
-  return kShortLeg + (kLongLeg - kShortLeg) * share;
-}
-
-std::vector<double> shownLengths(const BentBar& bent) {
-  double longest = 0.0;
-  for (const Leg& leg : bent.legs) {
-    longest = std::max(longest, leg.axis);
-  }
-  std::vector<double> lengths;
-  for (const Leg& leg : bent.legs) {
-    lengths.push_back(shownLength(leg.axis, longest));
-  }
-  return lengths;
-}
-
-// The angle of a hook is any number in a file.
-double drawnAngle(const Bend& bend) {
-  return std::isfinite(bend.angle) ? std::clamp(bend.angle, 0.0, 2.0 * std::numbers::pi) : 0.0;
-}
-
-// The direction of the first leg that makes the longest one level.
-double firstDirection(const BentBar& bent) {
-  double direction = 0.0;
-  double ofLongest = 0.0;
-  double longest = 0.0;
-  for (std::size_t i = 0; i < bent.legs.size(); ++i) {
-    if (bent.legs[i].axis > longest * 1.001) {
-      longest = bent.legs[i].axis;
-      ofLongest = direction;
-    }
-    if (i < bent.bends.size()) {
-      direction += bent.bends[i].isLeft ? drawnAngle(bent.bends[i]) : -drawnAngle(bent.bends[i]);
-    }
-  }
-  return -ofLongest;
-}
-
-SketchOutline planeOutline(const BentBar& bent, double factor) {
-  const std::vector<double> lengths = shownLengths(bent);
-  SketchOutline outline;
-  PlanePoint at;
-  PlanePoint way = turned({1.0, 0.0}, firstDirection(bent));
-  outline.path.moveTo(at);
-  for (std::size_t i = 0; i < lengths.size(); ++i) {
-    const PlanePoint end = at + way * (lengths[i] * factor);
-    outline.legs.push_back({at, end});
-    outline.box.add(at);
-    outline.box.add(end);
-    outline.path.lineTo(end);
-    at = end;
-    if (i == bent.bends.size()) {
-      break;
-    }
-    const double side = bent.bends[i].isLeft ? 1.0 : -1.0;
-    const double sweep = side * drawnAngle(bent.bends[i]);
-    const PlanePoint center = at + leftOf(way) * (side * kSketchBend * factor);
-    outline.path.arcTo(center, sweep);
-    outline.bends.push_back(center + turned(at - center, sweep / 2.0));
-    outline.box.add(outline.bends.back());
-    at = outline.path.end();
-    way = turned(way, sweep);
-  }
-  return outline;
-}
-
-// Seen from above at an angle, with sharp corners rounded a little.
-SketchOutline spatialOutline(const BentBar& bent, double factor) {
-  constexpr double kDepth = 0.5;
-  const std::vector<double> lengths = shownLengths(bent);
-  SketchOutline outline;
-  std::vector<PlanePoint> points{{}};
-  for (std::size_t i = 0; i < lengths.size() && i + 1 < bent.course.size(); ++i) {
-    const Coordinates& a = bent.course[i];
-    const Coordinates& b = bent.course[i + 1];
-    const double length = std::max(distance(a, b), 1e-9);
-    const PlanePoint way{(b.x - a.x + kDepth * (b.y - a.y)) / length,
-                         (b.z - a.z + kDepth * (b.y - a.y)) / length};
-    points.push_back(points.back() + way * (lengths[i] * factor));
-    outline.legs.push_back({points[i], points[i + 1]});
-    outline.bends.push_back(points.back());
-  }
-  outline.bends.pop_back();
-  for (const PlanePoint point : points) {
-    outline.box.add(point);
-  }
-  outline.path.addRounded(points, false, kSketchBend * factor);
-  return outline;
-}
 
 Path moved(const Path& path, PlanePoint by) {
   Path result;
@@ -177,16 +62,12 @@ class Sketch {
  private:
   static PlanePoint middle() { return {kSketchWidth / 2.0, kSketchHeight / 2.0}; }
 
-  [[nodiscard]] SketchOutline outline(double factor) const {
-    return m_bent.isPlane() ? planeOutline(m_bent, factor) : spatialOutline(m_bent, factor);
-  }
-
   void drawLegs() {
-    const SketchBox full = outline(1.0).box;
+    const SketchBox full = sketchOutline(m_bent, 1.0).box;
     const double factor = std::min(
         {1.0, (kSketchWidth - 2.0 * kSketchSide) / std::max(full.most.x - full.least.x, 1e-9),
          (kSketchHeight - 2.0 * kSketchMargin) / std::max(full.most.y - full.least.y, 1e-9)});
-    SketchOutline drawn = outline(factor);
+    const SketchOutline drawn = sketchOutline(m_bent, factor);
     const PlanePoint by = middle() - drawn.box.middle();
     addPath(moved(drawn.path, by));
     for (std::size_t i = 0; i < drawn.legs.size(); ++i) {
@@ -209,24 +90,33 @@ class Sketch {
     return lefts < 0 ? 1.0 : -1.0;
   }
 
+  // Outside and in the middle, or where it covers least.
   void addDimension(std::size_t leg, const DrawnLeg& drawn) {
     const PlanePoint way = directionOf(drawn.end - drawn.begin);
     // Texts read from below or from the right.
     const bool isTurned = way.x < -1e-6 || (std::abs(way.x) <= 1e-6 && way.y < 0.0);
     const PlanePoint reading = isTurned ? way * -1.0 : way;
-    const PlanePoint out = leftOf(way) * outerSide(leg);
-    const bool isAbove = out.x * leftOf(reading).x + out.y * leftOf(reading).y > 0.0;
     Lettering text;
     text.text = dimensionOf(leg);
     text.height = kSketchLettering;
     text.angle = std::atan2(reading.y, reading.x);
     text.alignX = AlignX::kCentre;
-    text.alignY = isAbove ? AlignY::kBase : AlignY::kTop;
-    text.at = (drawn.begin + drawn.end) * 0.5 + out * kSketchBeside;
-    addText(std::move(text));
+    std::vector<Lettering> places;
+    for (const auto& shares : kAlongLeg) {
+      for (const double side : {1.0, -1.0}) {
+        const PlanePoint out = leftOf(way) * (side * outerSide(leg));
+        const bool isAbove = out.x * leftOf(reading).x + out.y * leftOf(reading).y > 0.0;
+        text.alignY = isAbove ? AlignY::kBase : AlignY::kTop;
+        for (const double share : shares) {
+          text.at = drawn.begin + (drawn.end - drawn.begin) * share + out * kSketchBeside;
+          places.push_back(text);
+        }
+      }
+    }
+    addText(bestOf(places));
   }
 
-  // Between the legs, where the bend leaves room.
+  // Outside the bend, where hooks and legs leave room, or where it covers least.
   void addAngle(std::size_t bend, const SketchOutline& drawn, PlanePoint by) {
     const double angle = m_bent.bends[bend].angle;
     if (std::abs(angle - kSketchQuarter) < 0.01) {
@@ -242,14 +132,26 @@ class Sketch {
     text.height = kSketchLettering * 0.8;
     text.alignX = AlignX::kCentre;
     text.alignY = AlignY::kMiddle;
-    // On the outside: inside, hooks and legs are close together. As far off as its size needs.
-    const double across = std::abs(inward.x) * textWidth(text.text, text.height) / 2.0 +
-                          std::abs(inward.y) * text.height / 2.0;
-    const PlanePoint at = drawn.bends[bend] + by - inward * (across + kSketchBeside);
     const PlanePoint half{textWidth(text.text, text.height) / 2.0, text.height / 2.0};
-    text.at = {std::clamp(at.x, half.x, kSketchWidth - half.x),
-               std::clamp(at.y, half.y, kSketchHeight - half.y)};
-    addText(std::move(text));
+    std::vector<Lettering> places;
+    for (const double further : {0.0, 1.0, 2.0}) {
+      for (const double turn : {0.0, 0.5, -0.5, 1.0, -1.0, 2.0}) {
+        const PlanePoint out = turned(inward * -1.0, turn * kSketchQuarter);
+        // As far off as its size needs.
+        const double across = std::abs(out.x) * half.x + std::abs(out.y) * half.y;
+        const PlanePoint at = drawn.bends[bend] + by + out * (across + kSketchBeside + further);
+        text.at = {std::clamp(at.x, half.x, kSketchWidth - half.x),
+                   std::clamp(at.y, half.y, kSketchHeight - half.y)};
+        places.push_back(text);
+      }
+    }
+    addText(bestOf(places));
+  }
+
+  // The first of those that cover least.
+  [[nodiscard]] const Lettering& bestOf(const std::vector<Lettering>& places) const {
+    return *std::ranges::min_element(places, {},
+                                     [this](const Lettering& text) { return m_taken.cost(text); });
   }
 
   void drawRing() {
@@ -322,6 +224,7 @@ class Sketch {
   }
 
   void addPath(Path path) {
+    m_taken.take(path, Occupancy::Kind::kLine);
     m_scene.shapes.push_back(lineShape(Layer::kBars, kSketchInk, kSketchBar, std::move(path)));
   }
 
@@ -329,13 +232,17 @@ class Sketch {
     m_scene.shapes.push_back(circleShape(Layer::kEndOn, kSketchInk, center, radius, isFilled));
   }
 
-  void addText(Lettering text) { m_scene.shapes.push_back(textShape(std::move(text), kSketchInk)); }
+  void addText(Lettering text) {
+    m_taken.take(text);
+    m_scene.shapes.push_back(textShape(std::move(text), kSketchInk));
+  }
 
   const BarRow& m_row;
   const BentBar& m_bent;
   const BarList& m_list;
   char m_decimalMark;
   Scene m_scene;
+  Occupancy m_taken{kSketchWidth, kSketchHeight};
 };
 
 }  // namespace

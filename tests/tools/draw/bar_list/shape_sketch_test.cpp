@@ -190,6 +190,103 @@ TEST(ToolSketch, KeepsEveryBarInItsBox) {
   }
 }
 
+// Links that go round twice, chairs, hats: what is drawn there can be read.
+BarParts legsInTurn(const std::vector<double>& legs, const std::vector<double>& turns) {
+  BarParts parts{.className = "PolygonBar", .points = {{0, 0, 0}}, .diameter = 12};
+  double angle = 0.0;
+  for (std::size_t i = 0; i < legs.size(); ++i) {
+    const Coordinates at = parts.points.back();
+    parts.points.push_back(
+        {at.x + legs[i] * std::cos(angle), at.y + legs[i] * std::sin(angle), 0.0});
+    angle += i < turns.size() ? turns[i] : 0.0;
+  }
+  return parts;
+}
+
+bool overlap(const SheetBox& one, const SheetBox& other) {
+  return one.least.x < other.most.x && other.least.x < one.most.x && one.least.y < other.most.y &&
+         other.least.y < one.most.y;
+}
+
+// Whether the letters come closer to the path than half its pen.
+bool covers(const Lettering& text, const Path& path) {
+  const TextCorners box = cornersOf(text);
+  const PlanePoint along = box.corners[1] - box.corners[0];
+  const PlanePoint up = box.corners[3] - box.corners[0];
+  for (double x = 0.0; x <= 1.0; x += 0.05) {
+    for (const double y : {0.0, 0.25, 0.5, 0.75, 1.0}) {
+      if (test::distanceTo(path, box.corners[0] + along * x + up * y) < 0.4) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+TEST(ToolSketch, CoversNeitherLineNorTextWithADimension) {
+  constexpr double kQuarter = 1.5707963267948966;
+  const std::vector<BarParts> bars = {
+      legsInTurn({200, 400, 600, 400, 200}, {kQuarter, -kQuarter, -kQuarter, kQuarter}),
+      legsInTurn({100, 400, 600, 400, 600, 400, 100}, std::vector<double>(6, kQuarter)),
+      legsInTurn({120, 400, 300, 400, 300, 400, 120}, std::vector<double>(6, kQuarter)),
+      legsInTurn({110, 110, 400, 600, 400, 600, 400}, std::vector<double>(6, kQuarter)),
+      legsInTurn({200, 600, 400, 600, 400, 150}, std::vector<double>(5, kQuarter)),
+      {.className = "PolygonBar",
+       .points = {{0, 200, 0}, {0, 0, 0}, {0, 0, 300}, {500, 0, 300}, {500, 0, 0}, {500, -200, 0}},
+       .diameter = 12},
+      {.className = "PolygonBar",
+       .points = {{0, 300, 0}, {0, 0, 0}, {0, 0, 150}, {800, 0, 150}, {800, 0, 0}, {800, 250, 0}},
+       .diameter = 12},
+      {.className = "FrameRect",
+       .points = {{0, 0, 0}, {300, 0, 0}, {300, 500, 0}},
+       .hookLength1 = 90,
+       .hookAngle1 = 90,
+       .diameter = 8}};
+  for (std::size_t which = 0; which < bars.size(); ++which) {
+    const Sketched sketch(bars[which], Schedule::kBs8666);
+    const std::vector<Shape>& shapes = sketch.scene().shapes;
+    for (std::size_t i = 0; i < shapes.size(); ++i) {
+      for (std::size_t k = 0; shapes[i].kind == Shape::Kind::kText && k < shapes.size(); ++k) {
+        const std::string& text = shapes[i].lettering.text;
+        if (shapes[k].kind == Shape::Kind::kPath) {
+          EXPECT_FALSE(covers(shapes[i].lettering, shapes[k].path)) << which << ": " << text;
+        } else if (k > i) {
+          SheetBox one = SheetBox::none();
+          SheetBox other = SheetBox::none();
+          for (std::size_t c = 0; c < 4; ++c) {
+            one.include(cornersOf(shapes[i].lettering).corners[c]);
+            other.include(cornersOf(shapes[k].lettering).corners[c]);
+          }
+          const bool isLevel = std::abs(std::sin(2.0 * shapes[i].lettering.angle)) < 1e-6 &&
+                               std::abs(std::sin(2.0 * shapes[k].lettering.angle)) < 1e-6;
+          EXPECT_FALSE(isLevel && overlap(one, other)) << which << ": " << text;
+        }
+      }
+    }
+  }
+}
+
+// A link that goes round twice is drawn side by side, not on itself.
+TEST(ToolSketch, DrawsLegsThatLieOnEachOtherApart) {
+  const Sketched sketch(
+      legsInTurn({100, 400, 600, 400, 600, 400, 100}, std::vector<double>(6, 1.5707963267948966)));
+  const std::vector<PlanePoint> points = test::pointsAlong(sketch.scene().shapes.front().path);
+  std::vector<double> lefts;
+  const double middle = kSketchHeight / 2.0;
+  PlanePoint last = points.front();
+  for (const PlanePoint point : points) {
+    if ((last.y < middle) != (point.y < middle)) {
+      lefts.push_back(point.x);
+    }
+    last = point;
+  }
+  std::ranges::sort(lefts);
+  ASSERT_EQ(lefts.size(), 3U) << "three legs of 400";
+  for (std::size_t i = 1; i < lefts.size(); ++i) {
+    EXPECT_GT(lefts[i] - lefts[i - 1], 1.2);
+  }
+}
+
 }  // namespace
 
 }  // namespace quorvan::tool
