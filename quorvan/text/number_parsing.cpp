@@ -1,7 +1,11 @@
 #include <array>
+#include <bit>
 #include <cfloat>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <limits>
+#include <string_view>
 #include <type_traits>
 
 #include <quorvan/text/decimal_digits.h>
@@ -196,6 +200,44 @@ inline double scaled(std::int64_t number, std::int64_t exponent) noexcept {
   return scaledQuietly(number, exponent);
 }
 
+// Eight digits at once, one a byte and the first in the lowest, given without their '0'.
+std::uint64_t valueOfDigits(std::uint64_t digits) noexcept {
+  constexpr std::uint64_t kPairs = 0x0000'00FF'0000'00FF;
+  const std::uint64_t pairs = digits * 10 + (digits >> 8U);
+  return ((pairs & kPairs) * (100 + (std::uint64_t{1'000'000} << 32U)) +
+          ((pairs >> 16U) & kPairs) * (1 + (std::uint64_t{10'000} << 32U))) >>
+         32U;
+}
+
+constexpr bool areDigits(std::uint64_t digits) noexcept {
+  return (((digits + 0x0606'0606'0606'0606) | digits) & 0xF0F0'F0F0'F0F0'F0F0) == 0;
+}
+
+// The form in which numbers are filed: up to eight digits, the point, seven decimals. False, with
+// nothing done, for any other.
+[[maybe_unused]] bool parseFixed7(std::string_view text, double& value) noexcept {
+  constexpr std::uint64_t kZeros = 0x3030'3030'3030'3030;  // "00000000"
+  constexpr std::size_t kPart = sizeof kZeros;
+  const bool isNegative = !text.empty() && text.front() == '-';
+  text.remove_prefix(isNegative ? 1 : 0);
+  if (text.size() <= kPart || text.size() > 2 * kPart || text[text.size() - kPart] != '.') {
+    return false;
+  }
+  std::uint64_t whole = 0;
+  std::uint64_t decimals = 0;
+  std::memcpy(&whole, text.data(), kPart);
+  std::memcpy(&decimals, text.data() + text.size() - kPart, kPart);
+  whole = (whole ^ kZeros) << (8 * (2 * kPart - text.size()));
+  decimals = (decimals ^ kZeros) & ~std::uint64_t{0xFF};
+  if (!areDigits(whole) || !areDigits(decimals)) {
+    return false;
+  }
+  const std::uint64_t mantissa = valueOfDigits(whole) * 10'000'000 + valueOfDigits(decimals);
+  const double magnitude = scaled(static_cast<std::int64_t>(mantissa), -7);
+  value = isNegative ? -magnitude : magnitude;
+  return true;
+}
+
 template <class Unit>
 double parse(const Unit* at, const Unit* end) noexcept {
   at = skipWhiteSpace(at, end);
@@ -249,6 +291,11 @@ std::int32_t parseInteger(const Unit* at, const Unit* end) noexcept {
 }  // namespace
 
 double parseDouble(std::string_view utf8) noexcept {
+  if constexpr (std::endian::native == std::endian::little) {
+    if (double value = 0.0; parseFixed7(utf8, value)) {
+      return value;
+    }
+  }
   return parse(utf8.data(), utf8.data() + utf8.size());
 }
 

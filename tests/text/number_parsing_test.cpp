@@ -186,6 +186,25 @@ TEST(ParseDouble, MatchesStrtodOnRandomDigits) {
   }
 }
 
+// Narrow text in the form in which numbers are filed is read eight digits at once, wide text is
+// not.
+TEST(ParseDouble, ReadsTheFiledFormLikeAnyOtherWhateverStandsInIt) {
+  const std::string digits = "9012345678.7654321";
+  for (std::size_t first = 0; first < digits.size(); ++first) {
+    for (const char* sign : {"", "-", "+"}) {
+      const std::string filed = sign + digits.substr(first);
+      parsed(filed + "0");
+      for (std::size_t at = 0; at < filed.size(); ++at) {
+        for (const char unit : {'\x01', ' ', '+', '-', '.', '/', '0', '9', ':', '@', 'e', '\x7F'}) {
+          std::string changed = filed;
+          changed[at] = unit;
+          parsed(changed);
+        }
+      }
+    }
+  }
+}
+
 TEST(ParseDouble, ReadsEveryPowerOfTwoAndItsNeighbour) {
   char text[1200];
   for (int exponent = -1074; exponent <= 1023; ++exponent) {

@@ -158,6 +158,28 @@ TEST_F(PlainScanner, PartsMayBeLongerThanWhatIsRead) {
   agreed(file);
 }
 
+// What stood behind a name is expected there again, and must be no less looked at for that.
+TEST_F(PlainScanner, TagsThatComeAgainAreTakenOnlyWhereTheyMayStand) {
+  constexpr int kNames = 600;
+  const auto tag = [](int number) {
+    const std::string text = std::to_string(number);
+    return "<e" + text + " f" + text + "=\"\"";
+  };
+  std::string known = "<r>";
+  for (int number = 0; number < kNames; ++number) {
+    known += tag(number) + "/>";
+  }
+  EXPECT_TRUE(scans(known + "<x y=\"\"/>" + tag(0) + "/></r>"));
+  for (int number = 0; number < kNames; ++number) {
+    ASSERT_FALSE(scans(known + "<x y=\"\"" + tag(number) + "/></r>")) << number;
+  }
+}
+
+TEST_F(PlainScanner, AttributesThatComeAgainAreTakenOnce) {
+  EXPECT_TRUE(scans("<r><a b=\"\" c=\"\"/><a b=\"\" c=\"\"/></r>"));
+  EXPECT_FALSE(scans("<r><a b=\"\" c=\"\"/><a c=\"\" b=\"\" c=\"\"/></r>"));
+}
+
 // Documents of parts that belong to the plain form, and some that do not.
 class RandomDocument {
  public:

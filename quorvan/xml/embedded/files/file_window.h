@@ -25,7 +25,7 @@ class FileWindow {
 
  private:
   static constexpr std::size_t kFirstCapacity = std::size_t{256} * 1024;
-  static constexpr std::size_t kSlack = 16;
+  static constexpr std::size_t kSlack = 32;
 
   FileSource& m_file;
   std::size_t m_capacity = kFirstCapacity;

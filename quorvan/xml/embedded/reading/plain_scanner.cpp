@@ -1,6 +1,5 @@
 #include <quorvan/xml/embedded/reading/plain_scanner.h>
 
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -10,7 +9,9 @@
 #include <quorvan/xml/embedded/files/file_window.h>
 #include <quorvan/xml/embedded/reading/limits.h>
 #include <quorvan/xml/embedded/reading/name_cache.h>
+#include <quorvan/xml/embedded/reading/plain_characters.h>
 #include <quorvan/xml/embedded/reading/plain_text.h>
+#include <quorvan/xml/embedded/reading/tag_memory.h>
 #include <quorvan/xml/embedded/reading/tree_builder.h>
 #include <quorvan/xml/embedded/tree/declaration.h>
 #include <quorvan/xml/embedded/tree/encoding.h>
@@ -20,38 +21,6 @@ namespace quorvan::embedded {
 
 namespace {
 
-enum CharacterClass : std::uint8_t { kOther, kNameStart, kNamePart, kBlank };
-
-constexpr std::array<std::uint8_t, 256> makeClasses() {
-  std::array<std::uint8_t, 256> classes = {};
-  for (std::size_t unit = 0; unit < 128; ++unit) {
-    const auto lower = static_cast<char>(unit | 0x20U);
-    if ((lower >= 'a' && lower <= 'z') || unit == '_') {
-      classes[unit] = kNameStart;
-    }
-    if ((unit >= '0' && unit <= '9') || unit == '-' || unit == '.') {
-      classes[unit] = kNamePart;
-    }
-    if (unit == ' ' || unit == '\t' || unit == '\n' || unit == '\r') {
-      classes[unit] = kBlank;
-    }
-  }
-  return classes;
-}
-
-constexpr std::array<std::uint8_t, 256> kClasses = makeClasses();
-
-std::uint8_t classOf(char unit) noexcept {
-  return kClasses[static_cast<unsigned char>(unit)];
-}
-
-const char* skipBlanks(const char* at) noexcept {
-  while (classOf(*at) == kBlank) {
-    ++at;
-  }
-  return at;
-}
-
 std::string_view textBetween(const char* begin, const char* end) noexcept {
   return {begin, static_cast<std::size_t>(end - begin)};
 }
@@ -59,6 +28,10 @@ std::string_view textBetween(const char* begin, const char* end) noexcept {
 // Whether the text begins at `at`; the bytes compared must be readable.
 bool startsWith(const char* at, std::string_view text) noexcept {
   return std::memcmp(at, text.data(), text.size()) == 0;
+}
+
+bool isEndOfTag(const char* at) noexcept {
+  return *at == '>' || (*at == '/' && at[1] == '>');
 }
 
 // The first byte from `at` on that is not plain.
@@ -98,7 +71,9 @@ class PlainScanner {
   bool scanDeclaration();
   Step scanPart();
   Step scanStartTag();
-  Step scanAttributes(Ref element);
+  Step scanTagName(NameId& name);
+  Step scanAttributeName(NameId& name);
+  Step scanAttributes(Ref element, NameId attribute);
   Step scanValue(Ref element, NameId name);
   Step scanEndTag();
   Step scanComment();
@@ -116,6 +91,8 @@ class PlainScanner {
   FileWindow m_window;
   TreeBuilder m_builder;
   NameCache m_names;
+  TagMemory m_tags;
+  NameId m_lastElement = kNoName;
   PlainText m_text;
   const char* m_at = nullptr;
   bool m_hasRoot = false;
@@ -201,20 +178,30 @@ const char* PlainScanner::endOfName() const noexcept {
 }
 
 PlainScanner::Step PlainScanner::scanStartTag() {
-  ++m_at;
-  const char* const end = endOfName();
-  if (end == nullptr) {
-    return stepAt(m_at);
-  }
-  if (end >= m_window.end()) {
-    return Step::kCut;
+  const char* const begin = m_at;
+  NameId name = kNoName;
+  NameId attribute = kNoName;
+  TagMemory::Tag& expected = m_tags.behind(m_lastElement, m_builder.openId());
+  const bool isExpected = m_builder.depth() != 0 && expected.isAt(begin);
+  if (isExpected) {
+    name = expected.element();
+    attribute = expected.attribute();
+    m_at += expected.length();
+  } else if (const Step step = scanTagName(name); step != Step::kTaken) {
+    return step;
   }
   if (m_builder.depth() == 0 ? m_hasRoot : m_builder.depth() == kMaxDepth) {
     return Step::kOther;
   }
-  const Ref element = m_builder.createElement(m_names.idOf(textBetween(m_at, end)));
-  m_at = end;
-  const Step step = scanAttributes(element);
+  const Ref element = m_builder.createElement(name);
+  Step step = isExpected ? Step::kTaken : scanAttributeName(attribute);
+  if (!isExpected && attribute != kNoName) {
+    TagMemory::learn(expected, textBetween(begin, m_at), name, attribute);
+  }
+  m_lastElement = name;
+  if (step == Step::kTaken) {
+    step = scanAttributes(element, attribute);
+  }
   if (step != Step::kTaken) {
     m_builder.takeBack(element);
     return step;
@@ -230,32 +217,72 @@ PlainScanner::Step PlainScanner::scanStartTag() {
   return Step::kTaken;
 }
 
-// Up to the end of the tag, which is not passed.
-PlainScanner::Step PlainScanner::scanAttributes(Ref element) {
-  for (std::size_t count = 0;; ++count) {
-    const char* const stop = skipBlanks(m_at);
-    if (*stop == '>' || (*stop == '/' && stop[1] == '>')) {
-      m_at = stop;
-      return Step::kTaken;
-    }
-    if (stop == m_at || count == kMaxAttributes) {
-      return stepAt(*stop == '/' ? stop + 1 : stop);
-    }
+PlainScanner::Step PlainScanner::scanTagName(NameId& name) {
+  ++m_at;
+  const char* const end = endOfName();
+  if (end == nullptr) {
+    return stepAt(m_at);
+  }
+  if (end >= m_window.end()) {
+    return Step::kCut;
+  }
+  name = m_names.idOf(textBetween(m_at, end));
+  m_at = end;
+  return Step::kTaken;
+}
+
+// Up to the value of the next attribute; or up to the end of the tag, which is not passed, and then
+// there is no name.
+PlainScanner::Step PlainScanner::scanAttributeName(NameId& name) {
+  name = kNoName;
+  const char* const stop = skipBlanks(m_at);
+  if (isEndOfTag(stop)) {
     m_at = stop;
-    const char* const end = endOfName();
-    if (end == nullptr) {
-      return stepAt(*stop == '/' ? stop + 1 : stop);
+    return Step::kTaken;
+  }
+  if (stop == m_at) {
+    return stepAt(*stop == '/' ? stop + 1 : stop);
+  }
+  m_at = stop;
+  const char* const end = endOfName();
+  if (end == nullptr) {
+    return stepAt(*stop == '/' ? stop + 1 : stop);
+  }
+  if (end[0] != '=' || end[1] != '"') {
+    return stepAt(end[0] == '=' ? end + 1 : end);
+  }
+  name = m_names.idOf(textBetween(m_at, end));
+  m_at = end + 2;
+  return Step::kTaken;
+}
+
+// From the value of that attribute on, if there is one, up to the end of the tag.
+PlainScanner::Step PlainScanner::scanAttributes(Ref element, NameId attribute) {
+  for (std::size_t count = 1; attribute != kNoName; ++count) {
+    if (count > kMaxAttributes) {
+      return Step::kOther;
     }
-    if (end[0] != '=' || end[1] != '"') {
-      return stepAt(end[0] == '=' ? end + 1 : end);
-    }
-    const NameId name = m_names.idOf(textBetween(m_at, end));
-    m_at = end + 2;
-    const Step step = scanValue(element, name);
-    if (step != Step::kTaken) {
+    if (const Step step = scanValue(element, attribute); step != Step::kTaken) {
       return step;
     }
+    if (isEndOfTag(m_at)) {
+      break;
+    }
+    TagMemory::Tag& expected = m_tags.behind(attribute);
+    if (expected.element() == kNoName && expected.isAt(m_at)) {
+      attribute = expected.attribute();
+      m_at += expected.length();
+      continue;
+    }
+    const char* const begin = m_at;
+    if (const Step step = scanAttributeName(attribute); step != Step::kTaken) {
+      return step;
+    }
+    if (attribute != kNoName) {
+      TagMemory::learn(expected, textBetween(begin, m_at), kNoName, attribute);
+    }
   }
+  return Step::kTaken;
 }
 
 PlainScanner::Step PlainScanner::scanValue(Ref element, NameId name) {

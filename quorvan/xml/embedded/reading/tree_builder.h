@@ -41,8 +41,9 @@ class TreeBuilder {
   }
   void closeElement();
   /// The name of the element that is open innermost.
+  [[nodiscard]] NameId openId() const noexcept { return m_tree.node(m_parent).name(); }
   [[nodiscard]] std::string_view openName() const noexcept {
-    return m_tree.nodes().names()[m_tree.node(m_parent).name()].view();
+    return m_tree.nodes().names()[openId()].view();
   }
   /// Appends an element that ends at once.
   void addEmptyElement(Ref element) { appendNode(element); }

@@ -76,12 +76,14 @@ class NodeStore {
   /// Gives the node a value of a name that none of its values has. False, with nothing done,
   /// when one has it.
   bool putNew(Ref ref, NameId name, const Value& value) {
-    const bool isThere =
-        ref == m_open.node ? m_names[name].attributeStamp == m_open.stamp : values(ref).find(name);
-    if (!isThere) {
-      put(ref, name, value);
+    const bool isOpen = ref == m_open.node;
+    if (isOpen ? m_names[name].attributeStamp == m_open.stamp : values(ref).find(name)) {
+      return false;
     }
-    return !isThere;
+    if (!isOpen || !putInline(ref, name, value)) {
+      putElsewhere(ref, name, value, isOpen);
+    }
+    return true;
   }
 
   /// The values of the node, in order.

@@ -93,6 +93,9 @@ class Tree final : public TreeOwners {
   void attach(Ref parent, Ref child) {
     if (isSpecial(parent)) {
       prepareLink(parent, child);
+    } else if (m_tail.parent == parent) {
+      linkBehindTail(node(parent), child);
+      return;
     }
     link(parent, child);
   }
@@ -190,8 +193,8 @@ class Tree final : public TreeOwners {
       linkSpecially(parent, child);
     }
   }
-  // Behind the node that was appended last, whose parent stands alone: nothing but writing down
-  // who stands where.
+  // Behind the node that was appended last, where that is nothing but writing down who stands
+  // where.
   void linkBehindTail(const Node& holder, Ref child) noexcept {
     Node& added = m_nodes.node(child);
     added.parent = m_tail.parent;

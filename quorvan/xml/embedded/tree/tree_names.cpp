@@ -1,7 +1,15 @@
 // Finding the children of a node by their names.
+#include <quorvan/xml/embedded/tree/prefetch.h>
 #include <quorvan/xml/embedded/tree/tree.h>
 
 namespace quorvan::embedded {
+
+namespace {
+
+// A class element as long as most.
+constexpr std::size_t kPrefetched = 448;
+
+}  // namespace
 
 Ref Tree::firstChildNamed(Ref parent, NameId name) {
   if (name == kNoName) {
@@ -50,7 +58,14 @@ Ref Tree::nextSiblingNamed(Ref ref, NameId name) const {
   }
   const Node& from = node(ref);
   if (from.name() == name && from.has(NodeFlag::kListed)) {
-    return links(from).nextSame;
+    const Ref next = links(from).nextSame;
+    if (next != 0) {
+      // Who reads this one will read the one after it, and what lies between is of other names.
+      if (const Ref after = links(node(next)).nextSame; after != 0) {
+        prefetch(m_nodes.at(after), kPrefetched);
+      }
+    }
+    return next;
   }
   Ref at = from.next;
   while (at != 0 && node(at).name() != name) {
