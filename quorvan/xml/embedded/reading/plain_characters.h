@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace quorvan::embedded {
+namespace quorvan::embedded::plain_form {
 
 enum CharacterClass : std::uint8_t { kOther, kNameStart, kNamePart, kBlank };
 
@@ -40,4 +40,4 @@ inline const char* skipBlanks(const char* at) noexcept {
   return at;
 }
 
-}  // namespace quorvan::embedded
+}  // namespace quorvan::embedded::plain_form

@@ -108,10 +108,7 @@ bool PlainScanner::scan() {
   }
   for (;;) {
     const char* const part = m_at;
-    Step step = Step::kCut;
-    if (m_at != m_window.end()) {
-      step = scanPart();
-    }
+    const Step step = m_at == m_window.end() ? Step::kCut : scanPart();
     if (step == Step::kOther) {
       return false;
     }
@@ -132,7 +129,7 @@ bool PlainScanner::scanDeclaration() {
   }
   const char* const data = m_at + kBegin.size();
   const char* const end = find(data, "?>");
-  if (end == nullptr || classOf(*data) != kBlank) {
+  if (end == nullptr || plain_form::classOf(*data) != plain_form::kBlank) {
     return false;
   }
   const std::optional<Declaration> parts = parseDeclaration(textBetween(data, end));
@@ -168,12 +165,13 @@ PlainScanner::Step PlainScanner::scanPart() {
 
 const char* PlainScanner::endOfName() const noexcept {
   const char* at = m_at;
-  if (classOf(*at) != kNameStart) {
+  if (plain_form::classOf(*at) != plain_form::kNameStart) {
     return nullptr;
   }
   do {
     ++at;
-  } while (classOf(*at) == kNameStart || classOf(*at) == kNamePart);
+  } while (plain_form::classOf(*at) == plain_form::kNameStart ||
+           plain_form::classOf(*at) == plain_form::kNamePart);
   return at;
 }
 
@@ -235,7 +233,7 @@ PlainScanner::Step PlainScanner::scanTagName(NameId& name) {
 // there is no name.
 PlainScanner::Step PlainScanner::scanAttributeName(NameId& name) {
   name = kNoName;
-  const char* const stop = skipBlanks(m_at);
+  const char* const stop = plain_form::skipBlanks(m_at);
   if (isEndOfTag(stop)) {
     m_at = stop;
     return Step::kTaken;
@@ -316,7 +314,7 @@ PlainScanner::Step PlainScanner::scanEndTag() {
   if (end == nullptr) {
     return stepAt(m_at);
   }
-  const char* const stop = skipBlanks(end);
+  const char* const stop = plain_form::skipBlanks(end);
   if (*stop != '>') {
     return stepAt(stop);
   }
@@ -352,7 +350,7 @@ PlainScanner::Step PlainScanner::scanComment() {
 }
 
 PlainScanner::Step PlainScanner::scanText() {
-  const char* end = skipBlanks(m_at);
+  const char* end = plain_form::skipBlanks(m_at);
   if (*end == '<') {
     if (m_builder.depth() != 0) {
       m_builder.addSpace();
