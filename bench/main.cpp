@@ -3,6 +3,7 @@
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 #include <CLI/CLI.hpp>
 
@@ -28,7 +29,8 @@ struct Options {
   std::vector<std::string> hosts;
   std::string program;
   bool processorTime = false;
-  bool warm = false;
+  bool fresh = false;  // alone
+  bool warm = false;   // alone
 };
 
 bool isWanted(const Options& options, const bench::Peer& peer) {
@@ -71,12 +73,53 @@ void measureMemory(const Options& options, const std::vector<bench::Peer>& peers
   }
 }
 
-void startAfresh(const Options& options) {
-  if (!options.warm) {
-    bench::giveFreeMemoryBack();
-  }
-}
+// Runs of the peers, all of them once, then all again.
+class PeerRuns {
+ public:
+  PeerRuns(const Options& options, const std::vector<bench::Peer>& peers,
+           const bench::Drawing& drawing)
+      : m_options(options), m_peers(peers), m_drawing(drawing) {}
 
+  using Measure = double (*)(const std::function<void()>& work);
+
+  /// The times of each peer, as `measure` takes them.
+  std::vector<bench::PeerTimes> times(Measure measure) {
+    std::vector<std::vector<double>> writes(m_peers.size());
+    std::vector<std::vector<double>> reads(m_peers.size());
+    for (int round = 0; round < m_options.rounds; ++round) {
+      for (std::size_t i = 0; i < m_peers.size(); ++i) {
+        const bench::Peer& peer = m_peers[i];
+        const std::string file = fileOf(m_options, peer);
+        std::filesystem::remove(file);
+        writes[i].push_back(measure([&] { peer.write(m_drawing, file); }));
+        reads[i].push_back(measure([&] { peer.read(file); }));
+      }
+    }
+    std::vector<bench::PeerTimes> times;
+    for (std::size_t i = 0; i < m_peers.size(); ++i) {
+      times.push_back({bench::timing(writes[i]), bench::timing(reads[i])});
+    }
+    return times;
+  }
+
+  /// Writes and reads with each peer once in this process, and looks whether they agree.
+  void warmUp() {
+    for (const bench::Peer& peer : m_peers) {
+      const std::string file = fileOf(m_options, peer);
+      std::filesystem::remove(file);
+      peer.write(m_drawing, file);
+      verify(m_drawing, peer, file);
+    }
+  }
+
+ private:
+  const Options& m_options;
+  const std::vector<bench::Peer>& m_peers;
+  const bench::Drawing& m_drawing;
+};
+
+// The fresh processes come first: they are children of this one, and what was used and freed here
+// would be there for them.
 void measurePeers(const Options& options, const bench::Drawing& drawing, bench::Report& report) {
   std::vector<bench::Peer> peers;
   for (const bench::Peer& peer : bench::peers()) {
@@ -85,27 +128,23 @@ void measurePeers(const Options& options, const bench::Drawing& drawing, bench::
     }
   }
   measureMemory(options, peers, drawing, report);
-  std::vector<std::vector<double>> writes(peers.size());
-  std::vector<std::vector<double>> reads(peers.size());
-  for (int round = 0; round < options.rounds; ++round) {
+  PeerRuns runs(options, peers, drawing);
+  if (!options.warm) {
+    const std::vector<bench::PeerTimes> times = runs.times(bench::secondsInFreshProcess);
     for (std::size_t i = 0; i < peers.size(); ++i) {
-      const std::string file = fileOf(options, peers[i]);
-      std::filesystem::remove(file);
-      startAfresh(options);
-      writes[i].push_back(bench::seconds([&] { peers[i].write(drawing, file); }));
-      if (round == 0) {
-        verify(drawing, peers[i], file);
-      }
-      startAfresh(options);
-      reads[i].push_back(bench::seconds([&] { peers[i].read(file); }));
+      report.peers[i].fresh = times[i];
+    }
+  }
+  runs.warmUp();
+  if (!options.fresh) {
+    const std::vector<bench::PeerTimes> times = runs.times(bench::seconds);
+    for (std::size_t i = 0; i < peers.size(); ++i) {
+      report.peers[i].warm = times[i];
     }
   }
   for (std::size_t i = 0; i < peers.size(); ++i) {
     const std::string file = fileOf(options, peers[i]);
-    bench::PeerRow& row = report.peers[i];
-    row.writeSeconds = bench::median(writes[i]);
-    row.readSeconds = bench::median(reads[i]);
-    row.fileBytes = static_cast<double>(std::filesystem::file_size(file));
+    report.peers[i].fileBytes = static_cast<double>(std::filesystem::file_size(file));
     std::filesystem::remove(file);
   }
 }
@@ -156,7 +195,10 @@ Options parse(int argc, char** argv) {
   app.add_option("--program", options.program, "for the part program: its path");
   app.add_flag("--processor-time", options.processorTime,
                "measure processor time: for a machine that does other work as well");
-  app.add_flag("--warm", options.warm, "leave each run the memory that others have freed");
+  CLI::Option* const fresh =
+      app.add_flag("--fresh", options.fresh, "peers only in fresh processes, one for each run");
+  app.add_flag("--warm", options.warm, "peers only in one process that has written and read before")
+      ->excludes(fresh);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

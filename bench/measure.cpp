@@ -1,13 +1,11 @@
 #include <bench/measure.h>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 #include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
 
 #include <fstream>
+#include <stdexcept>
 
 namespace bench {
 
@@ -35,6 +33,30 @@ double statusBytes(const std::string& key) {
   return -1;
 }
 
+// What `work` gives in a child process; negative when that fails.
+double inChild(const std::function<double()>& work) {
+  int ends[2];
+  if (pipe(ends) != 0) {
+    return -1;
+  }
+  const pid_t child = fork();
+  if (child == 0) {
+    const double given = work();
+    const bool sent = write(ends[1], &given, sizeof(given)) == sizeof(given);
+    _exit(sent ? 0 : 1);
+  }
+  close(ends[1]);
+  double given = -1;
+  if (child < 0 || read(ends[0], &given, sizeof(given)) != sizeof(given)) {
+    given = -1;
+  }
+  close(ends[0]);
+  if (child > 0) {
+    waitpid(child, nullptr, 0);
+  }
+  return given;
+}
+
 double peakInThisProcess(const std::function<void()>& work) {
   std::ofstream("/proc/self/clear_refs") << "5";  // the peak starts from here
   const double before = statusBytes("VmRSS:");
@@ -44,12 +66,6 @@ double peakInThisProcess(const std::function<void()>& work) {
 }
 
 }  // namespace
-
-void giveFreeMemoryBack() {
-#ifdef __GLIBC__
-  malloc_trim(0);
-#endif
-}
 
 double seconds(const std::function<void()>& work) {
   const double start = now();
@@ -61,27 +77,16 @@ void measureProcessorTime() {
   theClock = CLOCK_PROCESS_CPUTIME_ID;
 }
 
+double secondsInFreshProcess(const std::function<void()>& work) {
+  const double taken = inChild([&] { return seconds(work); });
+  if (taken < 0) {
+    throw std::runtime_error("a process of its own failed");
+  }
+  return taken;
+}
+
 double peakBytes(const std::function<void()>& work) {
-  int ends[2];
-  if (pipe(ends) != 0) {
-    return -1;
-  }
-  const pid_t child = fork();
-  if (child == 0) {
-    const double bytes = peakInThisProcess(work);
-    const bool sent = write(ends[1], &bytes, sizeof(bytes)) == sizeof(bytes);
-    _exit(sent ? 0 : 1);
-  }
-  double bytes = -1;
-  if (child < 0 || read(ends[0], &bytes, sizeof(bytes)) != sizeof(bytes)) {
-    bytes = -1;
-  }
-  close(ends[0]);
-  close(ends[1]);
-  if (child > 0) {
-    waitpid(child, nullptr, 0);
-  }
-  return bytes;
+  return inChild([&] { return peakInThisProcess(work); });
 }
 
 }  // namespace bench

@@ -15,24 +15,49 @@ const PeerRow* find(const Report& report, const std::string& name) {
   return found != report.peers.end() ? &*found : nullptr;
 }
 
+using TimesOf = std::optional<PeerTimes> PeerRow::*;
+
+void printTiming(const Timing& timing, const Timing* base, double elements) {
+  std::printf(" %10.2f %8.3f %8.2f", timing.median / elements * 1e6,
+              base != nullptr ? timing.median / base->median : 0.0, timing.spread());
+}
+
+void printPeers(const Report& report, const char* processes, TimesOf times) {
+  if (!(report.peers.front().*times)) {
+    return;
+  }
+  const PeerRow* const base = find(report, "pugixml");
+  const PeerTimes* const baseTimes = base != nullptr ? &*(base->*times) : nullptr;
+  std::printf("%s\n%-16s %10s %8s %8s %10s %8s %8s %10s %10s %10s\n", processes, "", "write", "",
+              "", "read", "", "", "write", "read", "file");
+  std::printf("%-16s %10s %8s %8s %10s %8s %8s %10s %10s %10s\n", "", "us/elem", "ratio", "spread",
+              "us/elem", "ratio", "spread", "peak B/el", "peak B/el", "B/elem");
+  for (const PeerRow& row : report.peers) {
+    std::printf("%-16s", row.name.c_str());
+    const PeerTimes& own = *(row.*times);
+    printTiming(own.write, baseTimes != nullptr ? &baseTimes->write : nullptr, report.elements);
+    printTiming(own.read, baseTimes != nullptr ? &baseTimes->read : nullptr, report.elements);
+    std::printf(" %10.0f %10.0f %10.0f\n", row.writeBytes / report.elements,
+                row.readBytes / report.elements, row.fileBytes / report.elements);
+  }
+  std::printf("\n");
+}
+
 void printPeers(const Report& report) {
-  const PeerRow* base = find(report, "pugixml");
   std::printf("%.0f elements, medians of %d interleaved rounds\n\n", report.elements,
               report.rounds);
-  std::printf("%-16s %10s %8s %10s %8s %10s %10s %10s\n", "", "write", "", "read", "", "write",
-              "read", "file");
-  std::printf("%-16s %10s %8s %10s %8s %10s %10s %10s\n", "", "us/elem", "ratio", "us/elem",
-              "ratio", "peak B/el", "peak B/el", "B/elem");
-  for (const PeerRow& row : report.peers) {
-    std::printf("%-16s %10.2f %8.3f %10.2f %8.3f %10.0f %10.0f %10.0f\n", row.name.c_str(),
-                row.writeSeconds / report.elements * 1e6,
-                base != nullptr ? row.writeSeconds / base->writeSeconds : 0.0,
-                row.readSeconds / report.elements * 1e6,
-                base != nullptr ? row.readSeconds / base->readSeconds : 0.0,
-                row.writeBytes / report.elements, row.readBytes / report.elements,
-                row.fileBytes / report.elements);
+  printPeers(report, "Each run in a fresh process", &PeerRow::fresh);
+  printPeers(report, "In one process that has written and read before", &PeerRow::warm);
+  std::printf("ratio: median against pugixml's in the same run; spread: median against best\n");
+}
+
+nlohmann::ordered_json jsonOf(const std::optional<PeerTimes>& times) {
+  if (!times) {
+    return nullptr;
   }
-  std::printf("\nratio: time against pugixml's in the same run\n");
+  return {{"writeSeconds", times->write.median},  {"writeBestSeconds", times->write.best},
+          {"writeSpread", times->write.spread()}, {"readSeconds", times->read.median},
+          {"readBestSeconds", times->read.best},  {"readSpread", times->read.spread()}};
 }
 
 void printGrowth(const Report& report) {
@@ -61,12 +86,20 @@ void printHidden(const Report& report) {
   }
 }
 
+// What reading the bytes of the same file takes, which comes first.
+double systemSeconds(const Report& report, const SmallFilesRow& like) {
+  const auto found =
+      std::find_if(report.smallFiles.begin(), report.smallFiles.end(),
+                   [&](const SmallFilesRow& row) { return row.elements == like.elements; });
+  return found->seconds;
+}
+
 void printSmallFiles(const Report& report) {
-  std::printf("\nSmall files, opened and closed\n%-16s %10s %14s\n", "", "us/file",
+  std::printf("\nSmall files, opened and closed\n%-22s %8s %10s %14s\n", "", "elements", "us/file",
               "beyond system");
   for (const SmallFilesRow& row : report.smallFiles) {
-    std::printf("%-16s %10.2f %14.2f\n", row.name.c_str(), row.seconds * 1e6,
-                (row.seconds - report.smallFiles.front().seconds) * 1e6);
+    std::printf("%-22s %8zu %10.2f %14.2f\n", row.name.c_str(), row.elements, row.seconds * 1e6,
+                (row.seconds - systemSeconds(report, row)) * 1e6);
   }
 }
 
@@ -135,8 +168,8 @@ void writeJson(const Report& report, const std::string& path) {
   json["rounds"] = report.rounds;
   for (const PeerRow& row : report.peers) {
     json["peers"].push_back({{"name", row.name},
-                             {"writeSeconds", row.writeSeconds},
-                             {"readSeconds", row.readSeconds},
+                             {"fresh", jsonOf(row.fresh)},
+                             {"warm", jsonOf(row.warm)},
                              {"writePeakBytes", row.writeBytes},
                              {"readPeakBytes", row.readBytes},
                              {"fileBytes", row.fileBytes}});
@@ -154,7 +187,8 @@ void writeJson(const Report& report, const std::string& path) {
                                   {"hashSetSeconds", row.hashSetSeconds}});
   }
   for (const SmallFilesRow& row : report.smallFiles) {
-    json["smallFiles"].push_back({{"name", row.name}, {"secondsAFile", row.seconds}});
+    json["smallFiles"].push_back(
+        {{"name", row.name}, {"elements", row.elements}, {"secondsAFile", row.seconds}});
   }
   for (const HostRow& row : report.hosts) {
     json["hosts"].push_back({{"host", row.host},

@@ -1,18 +1,26 @@
 // The results, as a table for people and as JSON for programs.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include <bench/measure.h>
 #include <bench/small_files.h>
 
 namespace bench {
 
+// In one kind of process.
+struct PeerTimes {
+  Timing write;
+  Timing read;
+};
+
 struct PeerRow {
   std::string name;
-  double writeSeconds = 0;
-  double readSeconds = 0;
-  double writeBytes = 0;  // peak memory
+  std::optional<PeerTimes> fresh;  // each run in a process of its own
+  std::optional<PeerTimes> warm;   // in one process that has written and read before
+  double writeBytes = 0;           // peak memory
   double readBytes = 0;
   double fileBytes = 0;
 };

@@ -6,8 +6,10 @@
 #include <quorvan/quorvan.h>
 #include <quorvan/reading/read.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
+#include <span>
 #include <stdexcept>
 
 #include <bench/drawing.h>
@@ -18,7 +20,9 @@ namespace bench {
 
 namespace {
 
-constexpr std::size_t kElements = 20;
+constexpr std::size_t kFew = 20;
+constexpr std::size_t kMore = 500;
+constexpr std::size_t kFilesOfMore = 50;  // so many fewer of them
 
 void require(bool isDone, const std::string& path) {
   if (!isDone) {
@@ -48,13 +52,18 @@ void openByClasses(const std::string& path) {
   filer.newFiler(L"");  // lets go of the file without saving it back
 }
 
+void readByClasses(const std::string& path) {
+  readQuorvan(path);
+}
+
 // The same drawing many times, in a folder that is gone afterwards.
 class SmallFiles {
  public:
-  SmallFiles(std::size_t files, const std::string& parent) : m_folder(parent + "/small-files") {
+  SmallFiles(std::size_t files, std::size_t elements, const std::string& parent)
+      : m_folder(parent + "/small-files") {
     std::filesystem::create_directory(m_folder);
     const std::string first = m_folder + "/0.xml";
-    writeQuorvan(makeDrawing(kElements), first);
+    writeQuorvan(makeDrawing(elements), first);
     m_paths.push_back(first);
     for (std::size_t i = 1; i < files; ++i) {
       m_paths.push_back(m_folder + "/" + std::to_string(i) + ".xml");
@@ -88,24 +97,32 @@ struct Way {
   void (*openAndClose)(const std::string& path);
 };
 
-constexpr std::array kWays = {Way{"system alone", readBySystem}, Way{"flat reading", openFlat},
-                              Way{"classes", openByClasses}};
+constexpr std::array kWaysOfFew = {Way{"system alone", readBySystem}, Way{"flat reading", openFlat},
+                                   Way{"classes", openByClasses}};
+constexpr std::array kWaysOfMore = {Way{"system alone", readBySystem},
+                                    Way{"classes, all is read", readByClasses}};
+
+void measure(std::span<const Way> ways, std::size_t files, std::size_t elements, int rounds,
+             const std::string& folder, std::vector<SmallFilesRow>& rows) {
+  const SmallFiles small(files, elements, folder);
+  std::vector<std::vector<double>> times(ways.size());
+  for (int round = 0; round < rounds; ++round) {
+    for (std::size_t i = 0; i < ways.size(); ++i) {
+      times[i].push_back(small.measure(ways[i].openAndClose));
+    }
+  }
+  for (std::size_t i = 0; i < ways.size(); ++i) {
+    rows.push_back({ways[i].name, elements, median(times[i])});
+  }
+}
 
 }  // namespace
 
 std::vector<SmallFilesRow> measureSmallFiles(std::size_t files, int rounds,
                                              const std::string& folder) {
-  const SmallFiles small(files, folder);
-  std::array<std::vector<double>, kWays.size()> times;
-  for (int round = 0; round < rounds; ++round) {
-    for (std::size_t i = 0; i < kWays.size(); ++i) {
-      times[i].push_back(small.measure(kWays[i].openAndClose));
-    }
-  }
   std::vector<SmallFilesRow> rows;
-  for (std::size_t i = 0; i < kWays.size(); ++i) {
-    rows.push_back({kWays[i].name, median(times[i])});
-  }
+  measure(kWaysOfFew, files, kFew, rounds, folder, rows);
+  measure(kWaysOfMore, std::max<std::size_t>(files / kFilesOfMore, 1), kMore, rounds, folder, rows);
   return rows;
 }
 
