@@ -1,14 +1,15 @@
 // What a host pays: bars, lines and hidden bars through the flat functions and back. Built for each
 // system and document service, run in a folder of its own; prints one line a figure, which
 // quorvan-bench reads: NAME ELEMENTS SECONDS SERVICE, the last the part of the time that was spent
-// inside Windows' document service, -1 where there is none.
+// inside Windows' document service, -1 where there is none. With the argument --calls it tells
+// beside each what was called there, how often an element and for how many microseconds each time.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <functional>
 #include <stdexcept>
-#include <string>
+#include <string_view>
 
 #include <quorvan/export/export.h>
 #include <quorvan/quorvan.h>
@@ -20,6 +21,17 @@
 namespace {
 
 constexpr const wchar_t* kDrawing = L"drawing.xml";
+
+bool theCallsAreTold = false;
+
+#ifdef QUORVAN_BENCH_SERVICE
+void tellCalls(const bench::ServiceCalls& calls, double seconds, int elements) {
+  for (const auto& [name, cost] : calls.costs(seconds)) {
+    std::fprintf(stderr, "  %-28s %8.2f %8.3f\n", name.c_str(),
+                 static_cast<double>(cost.calls) / elements, cost.seconds / cost.calls * 1e6);
+  }
+}
+#endif
 
 // Timed by itself first, then, where there is a service, once more with its calls led through a
 // clock of their own, which would cost time in the first.
@@ -34,8 +46,12 @@ void measure(const char* name, int elements, const std::function<void()>& prepar
 #ifdef QUORVAN_BENCH_SERVICE
   prepare();
   bench::ServiceCalls calls;
+  const Clock::time_point again = Clock::now();
   work();
   service = calls.share();
+  if (theCallsAreTold) {
+    tellCalls(calls, std::chrono::duration<double>(Clock::now() - again).count(), elements);
+  }
 #endif
   std::printf("%s %d %.9f %.4f\n", name, elements, seconds, service);
   std::fflush(stdout);
@@ -115,8 +131,9 @@ void measureAll() {
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
   try {
+    theCallsAreTold = argc > 1 && std::string_view(argv[1]) == "--calls";
     measureAll();
   } catch (const std::exception& error) {
     std::fprintf(stderr, "quorvan-bench-host: %s\n", error.what());

@@ -106,6 +106,7 @@ struct Table {
   std::size_t size = 0;
   std::array<Function, kMostFunctions> service = {};
   std::array<int, kMostFunctions> calls = {};
+  std::array<std::uint64_t, kMostFunctions> ticks = {};
   std::vector<std::string_view> names;
 };
 
@@ -124,7 +125,9 @@ HRESULT STDMETHODCALLTYPE counted(void* self, void* a, void* b, void* c, void* d
   isInside = true;
   const std::uint64_t begin = __rdtsc();
   const HRESULT result = table.service[kFunction](self, a, b, c, d);
-  theTicksInside += __rdtsc() - begin;
+  const std::uint64_t taken = __rdtsc() - begin;
+  table.ticks[kFunction] += taken;
+  theTicksInside += taken;
   isInside = false;
   return result;
 }
@@ -270,19 +273,33 @@ ServiceCalls::~ServiceCalls() {
 void ServiceCalls::clear() noexcept {
   for (Table& table : theTables) {
     table.calls = {};
+    table.ticks = {};
   }
   theTicksInside = 0;
   m_begin = __rdtsc();
 }
 
-std::map<std::string, int> ServiceCalls::counts() const {
-  std::map<std::string, int> counts;
+std::map<std::string, ServiceCalls::Cost> ServiceCalls::costs(double seconds) const {
+  std::map<std::string, Cost> costs;
+  const double tick = seconds / static_cast<double>(__rdtsc() - m_begin);
   for (std::size_t i = 0; i < theTableCount; ++i) {
     const Table& table = theTables[i];
     for (std::size_t function = 0; function < table.names.size(); ++function) {
-      if (function != 1 && function != 2 && table.calls[function] != 0) {
-        counts[std::string(table.names[function])] += table.calls[function];
+      if (table.calls[function] != 0) {
+        Cost& cost = costs[std::string(table.names[function])];
+        cost.calls += table.calls[function];
+        cost.seconds += static_cast<double>(table.ticks[function]) * tick;
       }
+    }
+  }
+  return costs;
+}
+
+std::map<std::string, int> ServiceCalls::counts() const {
+  std::map<std::string, int> counts;
+  for (const auto& [name, cost] : costs(0)) {
+    if (name != "AddRef" && name != "Release") {
+      counts[name] = cost.calls;
     }
   }
   return counts;

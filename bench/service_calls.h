@@ -30,6 +30,14 @@ class ServiceCalls {
   /// All of them together.
   [[nodiscard]] int total() const;
 
+  struct Cost {
+    int calls = 0;
+    double seconds = 0;  // in all of them, of the time inside the service
+  };
+
+  /// The same with what they took, given the seconds that have passed since the beginning.
+  [[nodiscard]] std::map<std::string, Cost> costs(double seconds) const;
+
   /// The part of the time since the beginning that was spent inside the service, from 0 to 1.
   [[nodiscard]] double share() const noexcept;
 

@@ -19,15 +19,18 @@ bool ChildList::listNext() {
   if (m_isComplete) {
     return false;
   }
-  IXMLDOMNodePtr node =
+  const IXMLDOMNodePtr node =
       m_children.empty() ? dom::firstChild(m_parent) : dom::nextSibling(m_children.back().node);
   if (node == nullptr) {
     m_isComplete = true;
     return false;
   }
+  if (m_children.empty()) {
+    // A handle that moves to larger room costs two calls of the service.
+    m_children.reserve(kUsualCount);
+  }
   const dom::NodeName nodeName = dom::nodeName(node);
-  const dom::Name name = nodeName.view();
-  m_children.push_back({name.hash(), std::string(name.text()), std::move(node)});
+  m_children.emplace_back(nodeName.view(), node);
   return true;
 }
 

@@ -2,6 +2,7 @@
 // of them. Not installed.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -29,7 +30,12 @@ class ChildList {
   IXMLDOMNodePtr first(const dom::Name& name);
 
  private:
+  static constexpr std::size_t kUsualCount = 16;
+
   struct Child {
+    Child(const dom::Name& childName, const IXMLDOMNodePtr& child)
+        : hash(childName.hash()), name(childName.text()), node(child) {}
+
     std::uint32_t hash;
     std::string name;
     IXMLDOMNodePtr node;

@@ -108,6 +108,29 @@ TEST_F(ServiceCost, OfAnElementThatIsReadIsOneLookAtEachChildAndAttribute) {
             (Counts{{"QueryInterface", 3}, {"getAttribute", 3}}));
 }
 
+// A reference that is taken costs two calls: one for the list of the children, one for who asks.
+TEST_F(ServiceCost, OfAnElementThatIsReadIsTwoReferencesToEachChild) {
+  constexpr int kItems = 15;
+  constexpr int kOfTheElement = 6;
+  for (int i = 0; i < 2; ++i) {
+    m_filer.beginClass(L"Bar", 1);
+    for (int item = 0; item < kItems; ++item) {
+      m_filer.writeItem((L"Item" + std::to_wstring(item)).c_str(), item);
+    }
+    m_filer.endClass();
+  }
+  m_filer.closeFiler();
+  m_filer.newFiler(kPath);
+  m_filer.beginClass(L"Bar");
+  const bench::ServiceCalls calls;
+  m_filer.beginClass(L"Bar");
+  for (int item = 0; item < kItems; ++item) {
+    long value = 0;
+    EXPECT_EQ(m_filer.readItem((L"Item" + std::to_wstring(item)).c_str(), &value), 1);
+  }
+  EXPECT_LE(calls.costs(0)["AddRef"].calls, 2 * kItems + kOfTheElement);
+}
+
 TEST_F(ServiceCost, OfASearchIsTheSameHoweverLongTheDocumentIs) {
   constexpr int kMost = 83;
   write(m_filer, 0);

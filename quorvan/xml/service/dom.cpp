@@ -77,8 +77,12 @@ IXMLDOMNodePtr handle(IXMLDOMNode* node) {
 }
 
 IXMLDOMNodePtr handleIf(HRESULT result, IXMLDOMNode* node) {
+  // Copies of a handle cost calls of the service: what is returned is made once.
   IXMLDOMNodePtr owned = handle(node);
-  return found(result) ? owned : IXMLDOMNodePtr();
+  if (!found(result)) {
+    owned = nullptr;
+  }
+  return owned;
 }
 
 VARIANT textValue(const Bstr& text) {
