@@ -80,4 +80,8 @@ function(quorvan_compile_settings target)
   set_target_properties(
     ${target} PROPERTIES CXX_EXTENSIONS OFF C_STANDARD 99 C_EXTENSIONS OFF
                          COMPILE_WARNING_AS_ERROR ${QUORVAN_WERROR})
+  if(QUORVAN_BUILD_FUZZ)
+    # What libFuzzer is led by.
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
 endfunction()
