@@ -2,89 +2,23 @@
 
 #include <sstream>
 
+#include <tools/draw/page/element_rows.h>
+#include <tools/draw/page/packed_picture.h>
 #include <tools/draw/page/page_parts.h>
 #include <tools/draw/page/page_template.h>
+#include <tools/draw/page/script_json.h>
 #include <tools/draw/writers/svg_writer.h>
-#include <tools/listing/item_cells.h>
-#include <tools/model/description.h>
-#include <tools/model/item_reader.h>
-#include <tools/model/repartition.h>
-#include <tools/model/repeated_bars.h>
 #include <tools/schedule/list_tables.h>
 #include <tools/schedule/list_writers.h>
-#include <tools/text/json_text.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
 
 namespace {
 
-// JSON that can stand in a script: what would end it, or is markup in XML, is written out.
-std::string scriptJson(const Json& value) {
-  std::string out;
-  for (const char unit : inlineJson(value)) {
-    if (unit == '<') {
-      out += "\\u003c";
-    } else if (unit == '>') {
-      out += "\\u003e";
-    } else if (unit == '&') {
-      out += "\\u0026";
-    } else {
-      out += unit;
-    }
-  }
-  return out;
-}
-
-// The marks by which elements are found: that of a bar, and of a repartition that of its bar.
-class MarkFinder {
- public:
-  explicit MarkFinder(const TransferFile& file) : m_bars(file) {}
-
-  Json of(const Element& element, const std::vector<ItemValue>& items) {
-    if (const auto shape = barShapeOf(element)) {
-      return toBar(*shape, items).reference;
-    }
-    if (!element.is(items::ElementClass::kRepartition)) {
-      return {};
-    }
-    const Bar* const bar = m_bars.find(toRepartition(items));
-    return bar == nullptr ? Json() : Json(bar->reference);
-  }
-
- private:
-  RepeatedBars m_bars;
-};
-
-// [class, index, description, mark or null, [[item, value], ...]]
-Json elementData(const TransferFile& file, const Element& element, ItemReader& reader,
-                 MarkFinder& marks) {
-  Json mark;
-  Json rows = Json::array();
-  std::string description = std::string(element.className());
-  if (element.schema != nullptr) {
-    const std::vector<ItemValue>& items = reader.read(element);
-    description = describe(element, items);
-    mark = marks.of(element, items);
-    for (const ItemValue& item : items) {
-      rows.push_back(Json::array({displayName(*item.schema), itemCell(item)}));
-    }
-  }
-  return Json::array(
-      {element.className(), file.indexOf(element), description, std::move(mark), std::move(rows)});
-}
-
-void writeElements(const TransferFile& file, std::ostream& out) {
-  ItemReader reader(file);
-  MarkFinder marks(file);
-  out << "{\"elements\": [";
-  const char* separator = "\n";
-  for (const Element& element : file.elements()) {
-    out << separator << scriptJson(elementData(file, element, reader, marks));
-    separator = ",\n";
-  }
-  out << "\n]";
-}
+// Up to so many shapes the drawing is an SVG, which every reader of the page can take apart; more
+// of them would make it stumble.
+constexpr std::size_t kMostSvgShapes = 5000;
 
 Json placesOf(const BarRow& row) {
   Json places = Json::array();
@@ -160,22 +94,43 @@ void writeUnit(const LengthUnit& unit, double unitsPerMillimetre, std::ostream& 
   out << ",\n\"unit\": " << scriptJson(text) << "}";
 }
 
+// A canvas has the SVG over it for what is measured, and to know where it is.
+void writeDrawing(const Scene& scene, bool isLarge, std::ostream& out) {
+  if (!isLarge) {
+    return writeSvg(scene, {true}, out);
+  }
+  Scene empty;
+  empty.width = scene.width;
+  empty.height = scene.height;
+  empty.title = scene.title;
+  out << "<canvas></canvas>\n";
+  writeSvg(empty, {true}, out);
+}
+
 }  // namespace
 
 void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
                    double unitsPerMillimetre, std::ostream& out) {
+  const bool isLarge = scene.shapes.size() > kMostSvgShapes;
+  ElementHead head;
   fillTemplate(kPageTemplate, out, [&](std::string_view part) {
     if (part == "title") {
       out << xmlText(scene.title);
     } else if (part == "style") {
       out << kPageStyle;
     } else if (part == "script") {
-      out << kMovingScript << kPanelScript << kSvgSurfaceScript << kMeasuringScript
-          << kBarTableScript << kPageScript;
+      out << kMovingScript << kPanelScript << kElementRowsScript << kSvgSurfaceScript
+          << kPackedPictureScript << kCanvasPainterScript << kCanvasTouchScript
+          << kCanvasSurfaceScript << kMeasuringScript << kBarTableScript << kPageScript;
     } else if (part == "drawing") {
-      writeSvg(scene, {true}, out);
+      writeDrawing(scene, isLarge, out);
+    } else if (part == "picture" && isLarge) {
+      writePackedPicture(scene, out);
+    } else if (part == "rows") {
+      head = writeElementRows(file, !isLarge, out);
     } else if (part == "data") {
-      writeElements(file, out);
+      out << "{\"classes\": " << scriptJson(head.classes)
+          << ",\n\"marks\": " << scriptJson(head.marks);
       writeBars(file, unit, out);
       writeUnit(unit, unitsPerMillimetre, out);
     }

@@ -125,6 +125,7 @@ function movingAbout(view, svg) {
     showBounds: showBounds,
     grain: grain,
     toSheet: toSheet,
+    matrix: function () { return svg.getScreenCTM(); },
     onShow: function (listener) { listeners.push(listener); },
     isPressed: function () { return pointers.size > 0; },
     // Whether the last press moved the drawing.

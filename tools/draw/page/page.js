@@ -3,7 +3,10 @@
   const svg = view.querySelector('svg');
   const data = JSON.parse(document.getElementById('data').textContent);
   const moving = movingAbout(view, svg);
-  const surface = svgSurface(svg);
+  const elements = elementRows(data.classes, document.getElementById('rows').textContent);
+  const canvas = view.querySelector('canvas');
+  const surface = canvas ? canvasSurface(canvas, moving,
+      unpackedPicture(JSON.parse(document.getElementById('picture').textContent))) : svgSurface(svg);
   const tape = measuring(view, svg, moving, surface, data.unit);
   const input = document.getElementById('mark');
 
@@ -28,10 +31,10 @@
       add(section, 'p', 'Click on an element of the drawing.', 'hint');
       return;
     }
-    const element = data.elements[place];
-    add(section, 'p', element[2]);
+    const element = elements.element(place);
+    add(section, 'p', element.description);
     const table = add(section, 'table');
-    [['class', element[0]], ['index', element[1]]].concat(element[4]).forEach(function (item) {
+    [['class', element.name], ['index', element.index]].concat(element.items).forEach(function (item) {
       const row = add(table, 'tr');
       add(row, 'th', item[0]);
       add(row, 'td', item[1]);
@@ -47,27 +50,7 @@
 
   // --- search ----------------------------------------------------------------------------------
 
-  const marks = new Map();
-  data.elements.forEach(function (element, place) {
-    if (element[3] === null) { return; }
-    const mark = String(element[3]);
-    if (!marks.has(mark)) { marks.set(mark, []); }
-    marks.get(mark).push(place);
-  });
-
-  function contentsOf(element) {
-    const row = element[4].find(function (item) { return item[0] === 'Contents'; });
-    return row ? String(row[1]) : '';
-  }
-
-  function textsWith(wanted) {
-    const lower = wanted.toLowerCase();
-    const places = [];
-    data.elements.forEach(function (element, place) {
-      if (contentsOf(element).toLowerCase().includes(lower)) { places.push(place); }
-    });
-    return places;
-  }
+  const marks = placesByMark(data.marks);
 
   function counted(number, name) { return number + ' ' + name + (number === 1 ? '' : 's'); }
 
@@ -86,7 +69,7 @@
     const quoted = /^"(.+?)"?$/.exec(wanted);
     const isMark = !quoted && marks.has(wanted);
     const words = quoted ? quoted[1] : wanted;
-    search.places = isMark ? marks.get(wanted) : textsWith(words);
+    search.places = isMark ? marks.get(wanted) : elements.withText(words);
     search.told = isMark ? counted(search.places.length, 'element') + ' of mark ' + wanted + '.'
         : search.places.length > 0 ? counted(search.places.length, 'text') + ' with \u201C' + words + '\u201D.'
         : !quoted && /^-?[0-9]+$/.test(wanted) ? 'No bar has the mark ' + wanted + '.'
@@ -207,7 +190,7 @@
     if (value === '') { return; }
     if (address[1] === 'element') {
       const place = /^[0-9]{1,9}$/.test(value) ? Number(value) : -1;
-      if (!data.elements[place]) { return; }
+      if (place < 0 || place >= elements.count) { return; }
       select(place);
       goTo([place]);
     } else {

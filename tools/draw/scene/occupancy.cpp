@@ -14,6 +14,15 @@ constexpr double kMostCells = 8e6;
 constexpr int kArcParts = 12;
 // Of a text, a line, concrete, a cell each.
 constexpr double kCosts[] = {Occupancy::kTextCost, 5.0, 1.0};
+// The same of a cell with all that its bits say.
+constexpr double kCellCosts[] = {0.0,
+                                 kCosts[0],
+                                 kCosts[1],
+                                 kCosts[0] + kCosts[1],
+                                 kCosts[2],
+                                 kCosts[0] + kCosts[2],
+                                 kCosts[1] + kCosts[2],
+                                 kCosts[0] + kCosts[1] + kCosts[2]};
 constexpr double kBesideSheet = 200.0;  // the sheet
 constexpr double kThinShare = 0.15;     // of the cost of a line or concrete
 
@@ -54,10 +63,8 @@ double Occupancy::costAt(int x, int y) const {
   if (x < 0 || y < 0 || x >= m_columns || y >= m_rows) {
     return kBesideSheet;
   }
-  const unsigned cell = m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
-                                static_cast<std::size_t>(x)];
-  return ((cell & 1U) != 0 ? kCosts[0] : 0.0) + ((cell & 2U) != 0 ? kCosts[1] : 0.0) +
-         ((cell & 4U) != 0 ? kCosts[2] : 0.0);
+  return kCellCosts[m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
+                            static_cast<std::size_t>(x)]];
 }
 
 // Calls for points no farther apart than a cell, as far as they lie near the sheet.
@@ -99,9 +106,11 @@ void Occupancy::take(const SheetBox& box, Kind kind) {
   if (box.isEmpty()) {
     return;
   }
-  for (int y = std::max(0, row(box.least.y)); y <= std::min(m_rows - 1, row(box.most.y)); ++y) {
-    for (int x = std::max(0, column(box.least.x)); x <= std::min(m_columns - 1, column(box.most.x));
-         ++x) {
+  const int left = std::max(0, column(box.least.x));
+  const int right = std::min(m_columns - 1, column(box.most.x));
+  const int high = std::min(m_rows - 1, row(box.most.y));
+  for (int y = std::max(0, row(box.least.y)); y <= high; ++y) {
+    for (int x = left; x <= right; ++x) {
       takeAt(x, y, kind);
     }
   }
@@ -164,9 +173,12 @@ void Occupancy::fill(const std::vector<PlanePoint>& outline, Kind kind) {
 }
 
 double Occupancy::cost(const SheetBox& box, double most) const {
+  const int left = column(box.least.x);
+  const int right = column(box.most.x);
+  const int high = row(box.most.y);
   double sum = 0.0;
-  for (int y = row(box.least.y); y <= row(box.most.y) && sum < most; ++y) {
-    for (int x = column(box.least.x); x <= column(box.most.x); ++x) {
+  for (int y = row(box.least.y); y <= high && sum < most; ++y) {
+    for (int x = left; x <= right; ++x) {
       sum += costAt(x, y);
     }
   }

@@ -1,0 +1,132 @@
+
+// The colour as it is on dark paper: black and white change places, hues stay.
+function onDarkPaper(color) {
+  const rgb = [1, 3, 5].map(function (at) { return parseInt(color.slice(at, at + 2), 16) / 255; });
+  // As the filters "invert(.93) hue-rotate(180deg)", which the pages with an SVG have.
+  const [r, g, b] = rgb.map(function (one) { return 0.93 + one * (0.07 - 0.93); });
+  const turned = [
+    -0.574 * r + 1.43 * g + 0.144 * b, 0.426 * r + 0.43 * g + 0.144 * b, 0.426 * r + 1.43 * g - 0.856 * b
+  ];
+  return 'rgb(' + turned.map(function (one) { return Math.round(Math.max(0, Math.min(1, one)) * 255); }).join(',') + ')';
+}
+
+// Paints shapes of a picture on a canvas. "view" says where: {x, y, scale}, the place of the sheet at the upper
+// left and pixels for a millimetre.
+function canvasPainter(picture) {
+  const fontNames = 'px Arial, Helvetica, "Liberation Sans", sans-serif';
+  const step = picture.steps;
+  const bodies = picture.bodies;
+
+  // Adds the path of a shape to that of the canvas.
+  function trace(context, view, i) {
+    const scale = view.scale;
+    const x = (picture.x[i] - view.x) * scale;
+    const y = (picture.y[i] - view.y) * scale;
+    if (picture.kinds[i] === 1) {
+      const radius = picture.size[i] * scale;
+      context.moveTo(x + radius, y);
+      context.arc(x, y, radius, 0, 2 * Math.PI);
+      return context.closePath();
+    }
+    const body = picture.of[i];
+    const end = bodies.firstStep[body + 1];
+    const numbers = bodies.numbers;
+    let at = bodies.firstNumber[body];
+    context.moveTo(x, y);
+    for (let s = bodies.firstStep[body]; s < end; s += 1) {
+      const kind = bodies.steps[s];
+      if (kind === step.line || kind === step.move) {
+        const toX = x + numbers[at] * scale;
+        const toY = y + numbers[at + 1] * scale;
+        if (kind === step.line) { context.lineTo(toX, toY); } else { context.moveTo(toX, toY); }
+        at += 2;
+      } else if (kind === step.close) {
+        context.closePath();
+      } else {
+        context.arc(x + numbers[at] * scale, y + numbers[at + 1] * scale, numbers[at + 2] * scale,
+                    numbers[at + 3], numbers[at + 4], kind === step.left);
+        at += 7;
+      }
+    }
+  }
+
+  function prepareStroke(context, view, style, color, least) {
+    context.strokeStyle = color;
+    context.lineWidth = Math.max(style.width * view.scale, least);
+    context.lineCap = style.isDashed ? 'butt' : 'round';
+    const dash = Math.max(1.6, 3 * style.width) * view.scale;
+    context.setLineDash(style.isDashed ? [dash, 0.75 * dash] : []);
+  }
+
+  function paintText(context, view, i, style, ink) {
+    const size = picture.size[i] * view.scale;
+    if (!(size > 0)) { return; }
+    context.font = size + fontNames;
+    context.textAlign = ['left', 'center', 'right'][picture.align[i]];
+    const text = picture.texts[picture.of[i]];
+    const x = (picture.x[i] - view.x) * view.scale;
+    const y = (picture.y[i] - view.y) * view.scale;
+    const isTurned = picture.angle[i] !== 0;
+    if (isTurned) {
+      context.setTransform(1, 0, 0, 1, x, y);
+      context.rotate(picture.angle[i]);
+    }
+    const atX = isTurned ? 0 : x;
+    const atY = isTurned ? 0 : y;
+    if (style.isOnPaper) {
+      context.setLineDash([]);
+      context.strokeStyle = ink.paper;
+      context.lineWidth = 0.3 * 0.716 * size;
+      context.strokeText(text, atX, atY);
+    }
+    context.fillStyle = ink.of(picture.style[i]);
+    context.fillText(text, atX, atY);
+    if (isTurned) { context.setTransform(1, 0, 0, 1, 0, 0); }
+  }
+
+  // Paints the shapes from one place in the list to another, as far as they are wanted. "ink" gives the
+  // colour of a style, that of paper, and how many pixels lines have at least.
+  function paint(context, view, shapes, from, to, isWanted, ink) {
+    let ready = -1;  // the style that strokes are prepared for
+    context.lineJoin = 'round';
+    context.textBaseline = 'alphabetic';
+    let isCut = false;
+    function cut(isWanted) {
+      if (isCut === isWanted) { return; }
+      isCut = isWanted;
+      ready = -1;
+      if (!isCut) { return context.restore(); }
+      const [x, y, width, height] = picture.window;
+      context.save();
+      context.beginPath();
+      context.rect((x - view.x) * view.scale, (y - view.y) * view.scale, width * view.scale, height * view.scale);
+      context.clip();
+    }
+    for (let k = from; k < to; k += 1) {
+      const i = shapes[k];
+      if (!isWanted(i)) { continue; }
+      if (picture.window) { cut(picture.layerNames[picture.layers[i]] !== 'title'); }
+      const number = picture.style[i];
+      const style = picture.styles[number];
+      if (picture.kinds[i] === 2) {
+        paintText(context, view, i, style, ink);
+        ready = -1;
+        continue;
+      }
+      context.beginPath();
+      trace(context, view, i);
+      if (style.isFilled || style.isOnPaper) {
+        context.fillStyle = style.isFilled ? ink.of(number) : ink.paper;
+        context.fill();
+      }
+      if (style.width > 0) {
+        if (ready !== number) { prepareStroke(context, view, style, ink.of(number), ink.least); }
+        ready = number;
+        context.stroke();
+      }
+    }
+    cut(false);
+  }
+
+  return {paint: paint, trace: trace};
+}
