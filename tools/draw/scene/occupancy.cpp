@@ -13,23 +13,25 @@ namespace {
 constexpr double kMostCells = 8e6;
 constexpr int kArcParts = 12;
 // Of a text, a line, concrete, a cell each.
-constexpr double kCosts[] = {Occupancy::kTextCost, 5.0, 1.0};
-// The same of a cell with all that its bits say.
-constexpr double kCellCosts[] = {0.0,
-                                 kCosts[0],
-                                 kCosts[1],
-                                 kCosts[0] + kCosts[1],
-                                 kCosts[2],
-                                 kCosts[0] + kCosts[2],
-                                 kCosts[1] + kCosts[2],
-                                 kCosts[0] + kCosts[1] + kCosts[2]};
+constexpr int kCosts[] = {static_cast<int>(Occupancy::kTextCost), 5, 1};
 constexpr double kBesideSheet = 200.0;  // the sheet
 constexpr double kThinShare = 0.15;     // of the cost of a line or concrete
 
 // What is far from the sheet, or nowhere, is just beside it.
 int placeAmong(int count, double place) {
-  return std::isnan(place) ? -2
-                           : static_cast<int>(std::clamp(std::floor(place), -2.0, count + 1.0));
+  if (std::isnan(place)) {
+    return -2;
+  }
+  // Rounded down; a call of the function for that would take most of the time of a large drawing.
+  const double bounded = std::clamp(place, -2.0, count + 1.0);
+  const int whole = static_cast<int>(bounded);
+  return bounded < whole ? whole - 1 : whole;
+}
+
+int costOf(std::uint8_t cell) {
+  const unsigned bits = cell;
+  return static_cast<int>(bits & 1U) * kCosts[0] + static_cast<int>(bits >> 1U & 1U) * kCosts[1] +
+         static_cast<int>(bits >> 2U & 1U) * kCosts[2];
 }
 
 }  // namespace
@@ -63,8 +65,8 @@ double Occupancy::costAt(int x, int y) const {
   if (x < 0 || y < 0 || x >= m_columns || y >= m_rows) {
     return kBesideSheet;
   }
-  return kCellCosts[m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
-                            static_cast<std::size_t>(x)]];
+  return costOf(m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
+                        static_cast<std::size_t>(x)]);
 }
 
 // Calls for points no farther apart than a cell, as far as they lie near the sheet.
@@ -176,11 +178,22 @@ double Occupancy::cost(const SheetBox& box, double most) const {
   const int left = column(box.least.x);
   const int right = column(box.most.x);
   const int high = row(box.most.y);
+  const int first = std::max(left, 0);
+  const int last = std::min(right, m_columns - 1);
+  const int beside = right - left - std::max(last - first, -1);
   double sum = 0.0;
   for (int y = row(box.least.y); y <= high && sum < most; ++y) {
-    for (int x = left; x <= right; ++x) {
-      sum += costAt(x, y);
+    if (y < 0 || y >= m_rows) {
+      sum += kBesideSheet * (right - left + 1);
+      continue;
     }
+    const std::uint8_t* const cells =
+        m_cells.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns);
+    int covered = 0;
+    for (int x = first; x <= last; ++x) {
+      covered += costOf(cells[x]);
+    }
+    sum += covered + kBesideSheet * beside;
   }
   return sum;
 }
