@@ -52,7 +52,8 @@ Findings lookAtAll(const TransferFile& file, const DrawOptions& options, AngleUn
     findings.hasBars = findings.hasBars || barShapeOf(element).has_value();
     SheetBox box = SheetBox::none();
     for (const Shape& shape : sink.take()) {
-      if (options.shows(shape.layer)) {
+      // Marks alone stand where they do beside everything.
+      if (options.shows(shape.layer) || options.showsMarksAlone()) {
         look(shape, findings, box);
       }
       if (shape.kind == Shape::Kind::kText && shape.lettering.height > 0.0) {

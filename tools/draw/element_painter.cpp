@@ -46,7 +46,10 @@ void ElementPainter::drawSeries(const Element& element, const Repartition& serie
   m_sink.begin(element.place, series.isHidden);
   m_bar = m_repeated.find(series);
   const bool isLabelled = m_labels != nullptr && (m_bar == nullptr || !isNamed(series, *m_bar));
-  drawRepartition(series, m_bar, isLabelled, m_sink);
+  const SheetBox labelled = drawRepartition(series, m_bar, isLabelled, m_sink);
+  if (m_bar != nullptr && !labelled.isEmpty()) {
+    m_labels->noteLabel(m_bar->reference, series.number(), labelled);
+  }
 }
 
 // Whether a text of the drawing says what the series is.

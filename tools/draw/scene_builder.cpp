@@ -63,7 +63,7 @@ class Builder {
     DrawContext context{sheet, m_colors, m_angles, m_options.hidden, m_language};
     context.lettering = letteringOf(m_survey.contents.hints, sheet);
     ShapeSink sink(context);
-    MarkLabels labels(m_file, sheet, m_options.marks);
+    MarkLabels labels(m_file, sheet, m_options);
     ElementPainter painter(m_file, m_repeated, sink, &labels);
     drawElements(painter);
     labels.draw(sink);
@@ -87,9 +87,12 @@ class Builder {
     return result;
   }
 
-  // A mark whose bar is not shown would point at nothing.
+  // A mark whose bar is not shown would point at nothing, unless marks are all that is wanted.
   void keepShown(std::vector<Shape>& shapes) const {
     std::erase_if(shapes, [this](const Shape& shape) { return !m_options.shows(shape.layer); });
+    if (m_options.showsMarksAlone()) {
+      return;
+    }
     std::unordered_set<std::uint32_t> drawn;
     for (const Shape& shape : shapes) {
       if (shape.layer != Layer::kMarks) {

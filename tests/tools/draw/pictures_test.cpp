@@ -410,6 +410,27 @@ TEST(ToolPictures, HaveTheLayersThatAreChosenAndNoOthers) {
   }
 }
 
+// Between the dashes of a hidden bar paper shows, also on a visible bar that lies below it.
+TEST(ToolPictures, ShowTheGapsOfHiddenBarsOnVisibleOnes) {
+  const auto bar = [](bool isHidden) {
+    return barOf({.points = {{0, 0, 0}, {3000, 0, 0}}, .diameter = 8, .isHidden = isHidden});
+  };
+  for (const std::string& elements : {bar(false) + bar(true), bar(true) + bar(false)}) {
+    const std::vector<Shape> bars = shapesOn(sceneOf(elements).scene, Layer::kBars);
+    ASSERT_EQ(bars.size(), 3U);
+    EXPECT_FALSE(bars[0].isHidden) << "visible ones lie below";
+    EXPECT_EQ(bars[1].style.color, (Color{255, 255, 255}));
+    EXPECT_FALSE(bars[1].style.isDashed);
+    EXPECT_LT(bars[1].style.width, 0.6 * bars[0].style.width) << "the edges of the bar below go on";
+    EXPECT_GT(bars[1].style.width, 0.4 * bars[0].style.width);
+    EXPECT_TRUE(bars[2].style.isDashed);
+    EXPECT_EQ(bars[2].style.width, bars[0].style.width);
+  }
+  DrawOptions solid;
+  solid.hidden = HiddenBars::kSolid;
+  EXPECT_EQ(shapesOn(sceneOf(bar(true), solid).scene, Layer::kBars).size(), 1U);
+}
+
 // A mark whose bar is not drawn would point at nothing.
 TEST(ToolPictures, MarkOnlyTheBarsThatTheyShow) {
   const std::string elements =
@@ -437,6 +458,7 @@ TEST(ToolPictures, MarkOnlyTheBarsThatTheyShow) {
   EXPECT_EQ(marksWith({kFormwork, kMarks, kLinks}), "2");
   EXPECT_EQ(marksWith({kFormwork, kMarks, kEndOn}), "3");
   EXPECT_EQ(marksWith({kFormwork, kMarks}), "");
+  EXPECT_EQ(marksWith({kMarks}), "123") << "all that is wanted";
 }
 
 TEST(ToolWindow, ShowsWhatMeetsItAndNothingElse) {

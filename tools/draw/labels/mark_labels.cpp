@@ -9,17 +9,19 @@ namespace quorvan::tool {
 namespace {
 
 constexpr double kAlong[] = {0.5, 0.3, 0.7, 0.15, 0.85};
+constexpr double kAtSeries = 2.0;  // mm beside its bars
 
 }  // namespace
 
-MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks) : m_marks(marks) {
-  if (marks == Marks::kAuto) {
+MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, const DrawOptions& options)
+    : m_marks(options.marks), m_hasSeries(options.shows(Layer::kRepartitions)) {
+  if (m_marks == Marks::kAuto && options.shows(Layer::kTexts)) {
     m_texts.emplace(file, sheet);
   }
-  if (marks != Marks::kNone) {
-    ListOptions options;
-    options.hasShapes = false;
-    for (const BarRow& row : makeBarList({&file}, options).rows) {
+  if (m_marks != Marks::kNone) {
+    ListOptions list;
+    list.hasShapes = false;
+    for (const BarRow& row : makeBarList({&file}, list).rows) {
       m_numbers[row.mark] += row.number;
     }
   }
@@ -76,9 +78,28 @@ bool MarkLabels::lookAtSeries(const Bar& bar, PlanePoint from, PlanePoint to) {
   return isNamed;
 }
 
+void MarkLabels::noteLabel(std::int64_t mark, std::uint64_t number, const SheetBox& bars) {
+  Said& said = m_said[mark];
+  said.number += number;
+  said.places.push_back(bars);
+}
+
+bool MarkLabels::isSaidBySeries(const Labelled& bar) const {
+  const auto said = m_said.find(bar.mark);
+  const auto number = m_numbers.find(bar.mark);
+  if (m_marks != Marks::kAuto || !m_hasSeries || said == m_said.end() ||
+      (number != m_numbers.end() && said->second.number < number->second)) {
+    return false;
+  }
+  const PlanePoint middle = (bar.from + bar.to) * 0.5;
+  return std::ranges::any_of(said->second.places, [middle](const SheetBox& place) {
+    return place.grown(kAtSeries).meets({middle, middle});
+  });
+}
+
 void MarkLabels::draw(ShapeSink& sink) {
   for (const Labelled& bar : m_bars) {
-    if (!m_named.contains(bar.mark)) {
+    if (!m_named.contains(bar.mark) && !isSaidBySeries(bar)) {
       drawOne(bar, sink);
     }
   }

@@ -17,7 +17,8 @@ namespace quorvan::tool {
 
 class MarkLabels {
  public:
-  MarkLabels(const TransferFile& file, const Sheet& sheet, Marks marks);
+  /// By what is shown of the drawing: texts and series that are not say nothing.
+  MarkLabels(const TransferFile& file, const Sheet& sheet, const DrawOptions& options);
 
   /// Looks at a bar that is drawn.
   void look(const Element& element, const Bar& bar, const Sheet& sheet);
@@ -26,7 +27,12 @@ class MarkLabels {
   /// it.
   bool lookAtSeries(const Bar& bar, PlanePoint from, PlanePoint to);
 
-  /// Draws the marks of the bars looked at.
+  /// Takes note that a label says so many bars of the mark, a series that is drawn there.
+  void noteLabel(std::int64_t mark, std::uint64_t number, const SheetBox& bars);
+
+  /// Draws the marks of the bars looked at. The labels of series are enough where they say all bars
+  /// of the mark and stand at the bar itself; one that is drawn elsewhere, in another view, has its
+  /// own mark there.
   void draw(ShapeSink& sink);
 
  private:
@@ -42,12 +48,21 @@ class MarkLabels {
     PlanePoint to;
   };
 
+  // What labels of series say of a mark.
+  struct Said {
+    std::uint64_t number = 0;
+    std::vector<SheetBox> places;
+  };
+
+  [[nodiscard]] bool isSaidBySeries(const Labelled& bar) const;
   void drawOne(const Labelled& bar, ShapeSink& sink);
 
   Marks m_marks;
+  bool m_hasSeries;
   std::optional<MarkTexts> m_texts;                           // that the drawing has
   std::unordered_map<std::int64_t, std::uint64_t> m_numbers;  // of bars, by mark
-  std::set<std::int64_t> m_named;                             // by these texts
+  std::unordered_map<std::int64_t, Said> m_said;
+  std::set<std::int64_t> m_named;  // by these texts
   std::vector<Labelled> m_bars;
   std::unordered_map<std::int64_t, std::size_t> m_places;  // of the marks among m_bars
 };

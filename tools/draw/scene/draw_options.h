@@ -46,6 +46,11 @@ struct DrawOptions {
   [[nodiscard]] bool shows(Layer layer) const noexcept {
     return (layers >> static_cast<unsigned>(layer) & 1U) != 0;
   }
+  /// Marks and nothing else of the drawing.
+  [[nodiscard]] bool showsMarksAlone() const noexcept {
+    return (layers & ~(1U << static_cast<unsigned>(Layer::kTitle))) ==
+           1U << static_cast<unsigned>(Layer::kMarks);
+  }
 };
 
 }  // namespace quorvan::tool

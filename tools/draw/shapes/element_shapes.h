@@ -21,7 +21,9 @@ void drawLink(const Bar& link, ShapeSink& sink);
 
 /// A repartition with the bar that it repeats, which may be null: the bars where they lie, and a
 /// dimension line across them with a stroke at each; with a label of number and spacing if wanted.
-void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled, ShapeSink& sink);
+/// Gives what its label names: the bars, or nothing without one.
+SheetBox drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled,
+                         ShapeSink& sink);
 
 /// What the label of the repartition says; the mark and length are those of the bar, if it is
 /// known.

@@ -40,25 +40,30 @@ void addSeriesLabel(const Repartition& series, const Bar* bar, std::vector<Plane
   sink.addCallout(std::move(callout));
 }
 
-// The bars themselves.
-void drawSeriesBars(const SeriesLayout& layout, const Bar* bar, ShapeSink& sink) {
+// The bars themselves; gives where they lie.
+SheetBox drawSeriesBars(const SeriesLayout& layout, const Bar* bar, ShapeSink& sink) {
   const Sheet& sheet = sink.sheet();
   const double unknown = sheet.isPaper() ? kSeriesWidth : 0.0;
   Style style{bar != nullptr && bar->isLink() ? ink::kLinks : ink::kBars,
               bar == nullptr ? unknown : penOf(bar->diameter, sheet)};
   style.isBar = true;
   Path bars;
+  SheetBox box = SheetBox::none();
   for (const SeriesBar& one : layout.bars) {
     bars.moveTo(sheet.place(one.first));
     bars.lineTo(sheet.place(one.last));
+    box.include(sheet.place(one.first));
+    box.include(sheet.place(one.last));
   }
   sink.addPath(Layer::kRepartitions, style, std::move(bars));
+  return box;
 }
 
 // Straight bars seen in view 1 have no line of their own: they are named at the bar.
-void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
+SheetBox drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
+  SheetBox named = SheetBox::none();
   if (bar.line.size() < 2) {
-    return;
+    return named;
   }
   const PlanePoint first = sink.sheet().place(bar.line.front());
   const PlanePoint last = sink.sheet().place(bar.line.back());
@@ -66,6 +71,9 @@ void drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
   sink.addCircle(Layer::kRepartitions, {ink::kRepartitions, pen::kMedium}, at,
                  kMarkLength * sink.context().paper);
   addSeriesLabel(series, &bar, {at}, sink.element(), sink);
+  named.include(first);
+  named.include(last);
+  return named;
 }
 
 }  // namespace
@@ -98,22 +106,23 @@ std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSin
              : "(" + std::to_string(bar->reference) + ") " + text;
 }
 
-void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled, ShapeSink& sink) {
+SheetBox drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled,
+                         ShapeSink& sink) {
   if (!series.hasLine()) {
     if (bar != nullptr && isLabelled) {
-      drawAtBar(series, *bar, sink);
+      return drawAtBar(series, *bar, sink);
     }
-    return;
+    return SheetBox::none();
   }
   const SeriesLayout layout = layOut(series, bar);
   if (layout.bars.empty()) {
-    return;
+    return SheetBox::none();
   }
   std::vector<PlanePoint> points;
   for (const Coordinates& crossing : layout.crossings) {
     points.push_back(sink.sheet().place(crossing));
   }
-  drawSeriesBars(layout, bar, sink);
+  const SheetBox bars = drawSeriesBars(layout, bar, sink);
   drawDimension(points, sink);
   if (isLabelled) {
     const PlanePoint way = points.back() - points.front();
@@ -122,6 +131,7 @@ void drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled,
                     points.front() + way * 0.75, points.front(), points.back()},
                    sink.element(), sink);
   }
+  return isLabelled ? bars : SheetBox::none();
 }
 
 }  // namespace quorvan::tool

@@ -55,7 +55,19 @@ void ShapeSink::addPath(Layer layer, const Style& style, Path path) {
     }
     m_taken.take(shape.path, Occupancy::Kind::kLine);
   }
+  if (style.isBar && shape.isHidden && shape.style.isDashed && sheet().isPaper()) {
+    addGaps(shape);
+  }
   add(std::move(shape));
+}
+
+// What shows between the dashes, on a visible bar below as well: paper, narrower than the bar,
+// whose edges go on.
+void ShapeSink::addGaps(const Shape& dashed) {
+  constexpr double kShare = 0.5;
+  Shape gaps = dashed;
+  gaps.style = {ink::kPaper, kShare * dashed.style.width};
+  add(std::move(gaps));
 }
 
 void ShapeSink::addCircle(Layer layer, const Style& style, PlanePoint center, double radius) {
@@ -202,6 +214,13 @@ double ShapeSink::heightOf(double height) {
 
 std::vector<Shape> ShapeSink::take() {
   std::vector<Shape> all;
+  // Dashed bars lie on visible ones, so that their gaps are seen.
+  for (const Layer bars : {Layer::kLinks, Layer::kBars}) {
+    if (m_context.hidden == HiddenBars::kDashed && sheet().isPaper()) {
+      std::ranges::stable_partition(m_layers[static_cast<std::size_t>(bars)],
+                                    [](const Shape& shape) { return !shape.isHidden; });
+    }
+  }
   for (std::vector<Shape>& layer : m_layers) {
     for (Shape& shape : layer) {
       all.push_back(std::move(shape));

@@ -34,6 +34,7 @@ inline constexpr Color kRepartitions{0, 110, 90};
 inline constexpr Color kMeshes{120, 60, 160};
 inline constexpr Color kMarks{20, 40, 120};
 inline constexpr Color kTitle{0, 0, 0};
+inline constexpr Color kPaper{255, 255, 255};
 }  // namespace ink
 
 /// What is fixed for the whole drawing.
@@ -120,6 +121,7 @@ class ShapeSink {
   [[nodiscard]] SheetBox visible() const noexcept;
   void leaveOut();
   void add(Shape shape);
+  void addGaps(const Shape& dashed);
   void drawCallout(const Callout& callout, bool isQuick);
 
   struct Label {

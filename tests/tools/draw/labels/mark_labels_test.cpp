@@ -58,7 +58,44 @@ TEST(ToolMarkLabels, CountTheBarsOfSeries) {
   const std::string bars =
       barOf({.points = {{0, -500, 0}, {0, 500, 0}}, .diameter = 12, .mark = 5}) +
       test::seriesOf(test::uprightBars(100, -500, 500, 7, 200));
-  EXPECT_EQ(marksOf(bars), (MarkedTexts{"5", "7 HA12 L=1.00"}));
+  EXPECT_EQ(marksOf(bars, Marks::kAll), (MarkedTexts{"5", "7 HA12 L=1.00"}));
+}
+
+// What the label of the series says is not said again in a bubble, unless it is not all, or the bar
+// is drawn in another place.
+TEST(ToolMarkLabels, AreLeftOutWhereTheLabelOfASeriesSaysTheSame) {
+  const std::string bar =
+      barOf({.points = {{100, -500, 0}, {100, 500, 0}}, .diameter = 12, .mark = 5});
+  const std::string series = test::seriesOf(test::uprightBars(100, -500, 500, 7, 200));
+  const std::string other =
+      barOf({.points = {{9000, -500, 0}, {9000, 500, 0}}, .diameter = 12, .mark = 5, .index = 2});
+  EXPECT_EQ(marksOf(bar + series), MarkedTexts{});
+  EXPECT_EQ(marksOf(bar + series, Marks::kAll), (MarkedTexts{"5", "7 HA12 L=1.00"}));
+  EXPECT_EQ(marksOf(bar + other + series), (MarkedTexts{"5", "8 HA12 L=1.00"}));
+  const std::string away =
+      barOf({.points = {{4000, -500, 0}, {4000, 500, 0}}, .diameter = 12, .mark = 5});
+  EXPECT_EQ(marksOf(away + series), (MarkedTexts{"5", "7 HA12 L=1.00"})) << "in another view";
+  DrawOptions options;
+  options.scale = 20;
+  options.language = Language::kFrench;
+  EXPECT_EQ(textsOn(sceneOf(bar + series, options).scene, Layer::kRepartitions),
+            MarkedTexts{"(5) 7 HA12 e=20 L=1.00"});
+}
+
+// What names a bar is of no use where its layer is not drawn.
+TEST(ToolMarkLabels, StandWhereTheTextOrSeriesThatNamesThemIsNotShown) {
+  const std::string bar =
+      barOf({.points = {{100, -500, 0}, {100, 500, 0}}, .diameter = 12, .mark = 5});
+  const std::string series = test::seriesOf(test::uprightBars(100, -500, 500, 7, 200));
+  const std::string text = test::textOf({.contents = "(5)", .at = {150, 0, 0}});
+  for (const auto& [elements, layer] :
+       {std::pair(bar + series, Layer::kRepartitions), {bar + text, Layer::kTexts}}) {
+    EXPECT_EQ(marksOf(elements), MarkedTexts{});
+    DrawOptions options;
+    options.scale = 20;
+    options.layers &= ~(1U << static_cast<unsigned>(layer));
+    EXPECT_EQ(textsOn(sceneOf(elements, options).scene, Layer::kMarks).at(0), "5");
+  }
 }
 
 TEST(ToolMarkLabels, SayNoLengthOfABarSeenEndOn) {
