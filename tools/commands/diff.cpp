@@ -10,7 +10,7 @@
 #include <tools/diff/difference.h>
 #include <tools/diff/difference_text.h>
 #include <tools/draw/page/review_page.h>
-#include <tools/draw/review_scene.h>
+#include <tools/draw/review/review_scene.h>
 #include <tools/files/input_file.h>
 #include <tools/files/work_folder.h>
 #include <tools/text/json_text.h>

@@ -1,5 +1,5 @@
 // Two drawings over each other.
-#include <tools/draw/review_scene.h>
+#include <tools/draw/review/review_scene.h>
 
 #include <gtest/gtest.h>
 
