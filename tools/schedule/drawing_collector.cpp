@@ -8,6 +8,7 @@
 #include <tools/model/repeated_bars.h>
 #include <tools/model/series_spans.h>
 #include <tools/model/view_twins.h>
+#include <tools/schedule/row_elements.h>
 
 namespace quorvan::tool {
 
@@ -15,18 +16,6 @@ namespace {
 
 constexpr double kOneStep = 1.01;  // lengths that differ by a step of the list are rounded apart
 constexpr std::int64_t kNoIndex = -1;
-
-void addSource(BarRow& row, const Element& element) {
-  for (SourceElements& known : row.sources) {
-    if (known.className == element.className()) {
-      if (known.elements.back() != &element) {
-        known.elements.push_back(&element);
-      }
-      return;
-    }
-  }
-  row.sources.push_back({element.className(), {&element}});
-}
 
 // Digits that come from the change of the unit are dropped.
 double diameterIn(const LengthUnit& unit, double diameter) {
@@ -340,16 +329,7 @@ void DrawingCollector::addOrMerge(BarRow row) {
   BarRow& last = m_settled.back();
   last.number += row.number;
   last.totalLength = static_cast<double>(last.number) * last.longest;
-  last.drawn += row.drawn;
-  last.repeated += row.repeated;
-  last.hidden += row.hidden;
-  std::ranges::move(row.series, std::back_inserter(last.series));
-  std::ranges::move(row.twins, std::back_inserter(last.twins));
-  for (const SourceElements& source : row.sources) {
-    for (const Element* const element : source.elements) {
-      addSource(last, *element);
-    }
-  }
+  addElementsOf(row, last, m_reader);
 }
 
 bool DrawingCollector::areAlike(const BarRow& a, const BarRow& b) const {
