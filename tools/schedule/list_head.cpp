@@ -7,14 +7,16 @@ namespace quorvan::tool {
 
 namespace {
 
-std::string rollerText(const Mandrel& mandrel) {
-  return mandrel.diameters > 0.0 ? rounded(mandrel.diameters, 2) + " d"
-                                 : rounded(mandrel.millimetres, 2) + " mm";
+std::string numberText(double number, const ListWording& words) {
+  std::string text = rounded(number, 2);
+  std::ranges::replace(text, '.', words.decimalMark);
+  return text;
 }
 
-std::string deductionText(const Deduction& deduction) {
-  return deduction.diameters > 0.0 ? rounded(deduction.diameters, 2) + " d"
-                                   : rounded(deduction.millimetres, 2) + " mm";
+// So many diameters, or so many mm.
+std::string sizeText(double diameters, double millimetres, const ListWording& words) {
+  return diameters > 0.0 ? numberText(diameters, words) + " d"
+                         : numberText(millimetres, words) + " mm";
 }
 
 bool isNone(const Deduction& deduction) {
@@ -34,9 +36,11 @@ void addLength(const CuttingRules& cutting, const ListWording& words,
     paragraphs.back() += ' ' + std::string(texts.sketchCode);
   }
   if (cutting.deduction) {
-    paragraphs.push_back(isNone(*cutting.deduction)
-                             ? std::string(texts.noDeduction)
-                             : filled(texts.deduction, {deductionText(*cutting.deduction)}));
+    paragraphs.push_back(
+        isNone(*cutting.deduction)
+            ? std::string(texts.noDeduction)
+            : filled(texts.deduction, {sizeText(cutting.deduction->diameters,
+                                                cutting.deduction->millimetres, words)}));
   }
 }
 
@@ -59,7 +63,8 @@ std::string openText(const BarList& list, const ListWording& words) {
       text += std::string(isAny ? texts.radians : texts.degrees) + ' ';
     }
     text += options.bending.mandrel
-                ? filled(texts.givenRoller, {rollerText(*options.bending.mandrel)})
+                ? filled(texts.givenRoller, {sizeText(options.bending.mandrel->diameters,
+                                                      options.bending.mandrel->millimetres, words)})
                 : std::string(texts.rollers);
   }
   return text;
@@ -88,7 +93,7 @@ std::vector<std::string> conventionsOf(const BarList& list, const ListWording& w
   if (cutting.lengthStep > 0.0 || cutting.legStep > 0.0) {
     paragraphs.push_back(
         filled(cutting.rounding == Rounding::kUp ? texts.roundedUp : texts.roundedNearest,
-               {rounded(cutting.lengthStep, 2), rounded(cutting.legStep, 2)}));
+               {numberText(cutting.lengthStep, words), numberText(cutting.legStep, words)}));
   }
   paragraphs.emplace_back(texts.number);
   if (list.options.twins == TwinSeries::kOnce) {

@@ -27,7 +27,7 @@ void print(const ListTable& table, const ListWording& words, std::ostream& out) 
 
 void printTitled(const ListTable& table, const ListWording& words, std::ostream& out) {
   if (!table.rows.empty()) {
-    out << '\n' << table.title << (words.decimalMark == ',' ? " :\n" : ":\n");
+    out << '\n' << table.title << (words.decimalMark == ',' ? "\u00a0:\n" : ":\n");
     print(table, words, out);
   }
 }
