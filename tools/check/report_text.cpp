@@ -1,4 +1,5 @@
 #include <tools/check/report.h>
+#include <tools/text/counted_noun.h>
 #include <tools/text/table.h>
 
 namespace quorvan::tool {
@@ -31,10 +32,6 @@ void print(const std::string& file, const Finding& finding, std::ostream& out) {
       << (finding.isRepairable() ? " [--repair]" : "") << '\n';
 }
 
-std::string counted(std::int64_t count, std::string_view what) {
-  return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");
-}
-
 }  // namespace
 
 void printFindings(const FileFindings& result, std::ostream& out) {
@@ -49,9 +46,11 @@ void printFindings(const FileFindings& result, std::ostream& out) {
   if (result.findings.empty()) {
     out << "no findings\n";
   } else {
-    out << counted(result.count(Severity::kError), "error") << ", "
-        << counted(result.count(Severity::kWarning), "warning") << ", "
-        << counted(result.count(Severity::kNote), "note") << '\n';
+    const auto all = [&result](Severity severity, std::string_view noun) {
+      return counted(static_cast<std::uint64_t>(result.count(severity)), noun);
+    };
+    out << all(Severity::kError, "error") << ", " << all(Severity::kWarning, "warning") << ", "
+        << all(Severity::kNote, "note") << '\n';
   }
 }
 

@@ -20,6 +20,7 @@
 #include <tools/files/work_folder.h>
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
+#include <tools/text/counted_noun.h>
 #include <tools/text/table.h>
 
 namespace quorvan::tool {
@@ -181,9 +182,9 @@ void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& 
   if (outliers.empty()) {
     return;
   }
-  console.err << printable(file.name()) << ": warning: " << outliers.size()
-              << (outliers.size() == 1 ? " element lies" : " elements lie")
-              << " far from the others and " << (outliers.size() == 1 ? "is" : "are")
+  console.err << printable(file.name()) << ": warning: " << counted(outliers.size(), "element")
+              << (outliers.size() == 1 ? " lies" : " lie") << " far from the others and "
+              << (outliers.size() == 1 ? "is" : "are")
               << " left out (--window all draws everything): ";
   ItemReader reader(file);
   for (std::size_t i = 0; i < outliers.size() && i < kMostNamed; ++i) {
@@ -202,8 +203,9 @@ void report(const TransferFile& file, const SceneResult& result, const DrawOptio
                 << ": warning: nothing is drawn: there is no element in it that can be seen\n";
   }
   if (result.leftOut != 0) {
-    console.err << printable(file.name()) << ": warning: " << result.leftOut
-                << " elements are left out: they lie beyond what can be drawn\n";
+    console.err << printable(file.name()) << ": warning: " << counted(result.leftOut, "element")
+                << (result.leftOut == 1 ? " is left out: it lies" : " are left out: they lie")
+                << " beyond what can be drawn\n";
   }
   if (!options.window) {
     reportOutliers(file, result.outliers, console);

@@ -11,6 +11,7 @@
 #include <tools/model/class_names.h>
 #include <tools/model/control_members.h>
 #include <tools/model/item_reader.h>
+#include <tools/text/counted_noun.h>
 #include <tools/text/csv.h>
 #include <tools/text/table.h>
 
@@ -194,8 +195,8 @@ class Listing {
     for (const Element& element : m_file.elements()) {
       count += element.className() == className ? 1U : 0U;
     }
-    m_out << printable(className) << "\n  not an element class of this format, " << count
-          << (count == 1 ? " element\n" : " elements\n");
+    m_out << printable(className) << "\n  not an element class of this format, "
+          << counted(count, "element") << '\n';
   }
 
   const TransferFile& m_file;

@@ -6,6 +6,7 @@
 #include <set>
 
 #include <tools/schedule/bar_list.h>
+#include <tools/text/counted_noun.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -56,7 +57,7 @@ std::map<std::int64_t, MarkSum> sumsOf(const BarList& list, const LengthUnit& un
 }
 
 std::string bars(std::uint64_t number) {
-  return std::to_string(number) + (number == 1 ? " bar" : " bars");
+  return counted(number, "bar");
 }
 
 std::string gain(double mass) {

@@ -13,6 +13,7 @@
 
 #include <tools/model/item_text.h>
 #include <tools/model/list_entries.h>
+#include <tools/text/counted_noun.h>
 #include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
@@ -26,10 +27,6 @@ bool isCoordinate(std::string_view attribute) {
 
 std::string quoted(std::string_view name, std::string_view value) {
   return std::string(name) + "=\"" + std::string(value) + '"';
-}
-
-std::string plural(std::size_t count, std::string_view what) {
-  return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");
 }
 
 // The number that the library filed: it writes words for those that have no digits.
@@ -387,7 +384,7 @@ class ItemReader::Reading {
              entriesFound(attribute, *announced, held), "two points a segment");
     } else if (bulges != nullptr && (bulges->all().size() != held / 2 || !bulges->isGapless())) {
       report(ProblemKind::kCountDisagrees, &node, m_tree.name(node),
-             plural(held, "point") + " and " + plural(bulges->all().size(), "bulge"),
+             counted(held, "point") + " and " + counted(bulges->all().size(), "bulge"),
              "Bulge1 to Bulge" + std::to_string(held / 2));
     }
   }

@@ -332,8 +332,7 @@ TEST(ToolDraw, LeavesOutWhatHasNoPlace) {
                            "</Document>");
   const auto run = runTool({"draw", "far.xml", "-o", "far.svg"});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.err,
-            "far.xml: warning: 1 elements are left out: they lie beyond what can be drawn\n");
+  EXPECT_EQ(run.err, "far.xml: warning: 1 element is left out: it lies beyond what can be drawn\n");
   EXPECT_EQ(count(layer(fileBytes("far.svg"), "lines"), "<path"), 1U);
 }
 

@@ -170,7 +170,7 @@ TEST(ToolExtremeDrawing, SaysWhatItLeavesOut) {
       "far.xml", R"(<Document><CKtZantoCircle><Center X="0" Y="0" Z="0"/><Radius double="1e400"/>)"
                  R"(<Color long="1"/></CKtZantoCircle></Document>)");
   const auto run = runTool({"draw", "far.xml", "-o", "far.svg"});
-  EXPECT_NE(run.err.find("1 elements are left out"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("1 element is left out"), std::string::npos) << run.err;
   EXPECT_NE(run.err.find("nothing is drawn"), std::string::npos) << run.err;
 }
 
