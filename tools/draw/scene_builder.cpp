@@ -1,7 +1,6 @@
 #include <tools/draw/scene_builder.h>
 
 #include <algorithm>
-#include <unordered_set>
 
 #include <tools/draw/drawing_survey.h>
 #include <tools/draw/element_painter.h>
@@ -93,14 +92,14 @@ class Builder {
     if (m_options.showsMarksAlone()) {
       return;
     }
-    std::unordered_set<std::uint32_t> drawn;
+    std::vector<bool> isDrawn(m_file.elements().size());
     for (const Shape& shape : shapes) {
-      if (shape.layer != Layer::kMarks) {
-        drawn.insert(shape.element);
+      if (shape.layer != Layer::kMarks && shape.element != kNoElement) {
+        isDrawn[shape.element] = true;
       }
     }
-    std::erase_if(shapes, [&drawn](const Shape& shape) {
-      return shape.layer == Layer::kMarks && !drawn.contains(shape.element);
+    std::erase_if(shapes, [&isDrawn](const Shape& shape) {
+      return shape.layer == Layer::kMarks && shape.element != kNoElement && !isDrawn[shape.element];
     });
   }
 

@@ -69,7 +69,7 @@ double Occupancy::costAt(int x, int y) const {
                         static_cast<std::size_t>(x)]);
 }
 
-// Calls for points no farther apart than a cell, as far as they lie near the sheet.
+// Calls for the cells of points no farther apart than a cell, as far as they lie near the sheet.
 template <class Call>
 void Occupancy::along(PlanePoint from, PlanePoint to, Call call) const {
   const SheetBox sheet{{-m_cell, -m_cell}, {(m_columns + 1) * m_cell, (m_rows + 1) * m_cell}};
@@ -83,8 +83,11 @@ void Occupancy::along(PlanePoint from, PlanePoint to, Call call) const {
   }
   const PlanePoint way = part->second - part->first;
   const int parts = static_cast<int>(lengthOf(way) / m_cell) + 1;
+  // Cells from one beside the sheet upwards, so that what is cut off is rounded down.
+  const PlanePoint begin = part->first * (1.0 / m_cell) + PlanePoint{1.0, 1.0};
+  const PlanePoint step = way * (1.0 / (m_cell * parts));
   for (int i = 0; i <= parts; ++i) {
-    call(part->first + way * (static_cast<double>(i) / parts));
+    call(static_cast<int>(begin.x + step.x * i) - 1, static_cast<int>(begin.y + step.y * i) - 1);
   }
 }
 
@@ -119,11 +122,11 @@ void Occupancy::take(const SheetBox& box, Kind kind) {
 }
 
 void Occupancy::take(const Lettering& text) {
-  over(text, [this](PlanePoint point) { takeAt(column(point.x), row(point.y), Kind::kText); });
+  over(text, [this](int x, int y) { takeAt(x, y, Kind::kText); });
 }
 
 void Occupancy::take(const Path& path, Kind kind) {
-  const auto mark = [&](PlanePoint point) { takeAt(column(point.x), row(point.y), kind); };
+  const auto mark = [&](int x, int y) { takeAt(x, y, kind); };
   PlanePoint at;
   PlanePoint start;
   for (const PathStep& step : path.steps()) {
@@ -209,14 +212,14 @@ double Occupancy::cost(const Lettering& text) const {
       box.most.y > m_rows * m_cell) {
     sum = kBesideSheet * (box.width() + box.height());
   }
-  over(text, [&](PlanePoint point) { sum += costAt(column(point.x), row(point.y)); });
+  over(text, [&](int x, int y) { sum += costAt(x, y); });
   return sum;
 }
 
 double Occupancy::cost(PlanePoint from, PlanePoint to) const {
   double sum = 0.0;
-  along(from, to, [&](PlanePoint point) {
-    const double cost = costAt(column(point.x), row(point.y));
+  along(from, to, [&](int x, int y) {
+    const double cost = costAt(x, y);
     sum += cost < kTextCost ? kThinShare * cost : cost;
   });
   return sum;

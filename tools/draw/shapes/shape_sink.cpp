@@ -213,6 +213,10 @@ double ShapeSink::heightOf(double height) {
 }
 
 std::vector<Shape> ShapeSink::take() {
+  std::size_t count = 0;
+  for (const std::vector<Shape>& layer : m_layers) {
+    count += layer.size();
+  }
   std::vector<Shape> all;
   // Dashed bars lie on visible ones, so that their gaps are seen.
   for (const Layer bars : {Layer::kLinks, Layer::kBars}) {
@@ -221,6 +225,7 @@ std::vector<Shape> ShapeSink::take() {
                                     [](const Shape& shape) { return !shape.isHidden; });
     }
   }
+  all.reserve(count);
   for (std::vector<Shape>& layer : m_layers) {
     for (Shape& shape : layer) {
       all.push_back(std::move(shape));
