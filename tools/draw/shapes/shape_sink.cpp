@@ -213,11 +213,6 @@ double ShapeSink::heightOf(double height) {
 }
 
 std::vector<Shape> ShapeSink::take() {
-  std::size_t count = 0;
-  for (const std::vector<Shape>& layer : m_layers) {
-    count += layer.size();
-  }
-  std::vector<Shape> all;
   // Dashed bars lie on visible ones, so that their gaps are seen.
   for (const Layer bars : {Layer::kLinks, Layer::kBars}) {
     if (m_context.hidden == HiddenBars::kDashed && sheet().isPaper()) {
@@ -225,6 +220,11 @@ std::vector<Shape> ShapeSink::take() {
                                     [](const Shape& shape) { return !shape.isHidden; });
     }
   }
+  std::size_t count = 0;
+  for (const std::vector<Shape>& layer : m_layers) {
+    count += layer.size();
+  }
+  std::vector<Shape> all;
   all.reserve(count);
   for (std::vector<Shape>& layer : m_layers) {
     for (Shape& shape : layer) {

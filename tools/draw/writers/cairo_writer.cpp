@@ -19,7 +19,10 @@ namespace {
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kPointsPerInch = 72.0;
 constexpr double kMostPixelsASide = 30000.0;  // cairo's limit is a little higher
-constexpr double kUsualPixels = 36e6;         // A0 with 150 dots an inch has 34.9 million
+constexpr int kJoinedInPdf = 100;   // half of the PDF would be what goes around each stroke
+constexpr double kPathShare = 0.3;  // of a halo: a finer outline of letters shows nothing more
+constexpr double kUnseen = 0.005;   // mm: an arc that is no farther from its chord is drawn as that
+constexpr double kUsualPixels = 36e6;  // A0 with 150 dots an inch has 34.9 million
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
@@ -27,7 +30,9 @@ using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
 // Draws on a context whose unit is the millimetre, y downwards.
 class Painter {
  public:
-  Painter(cairo_t* context, const Scene& scene) : m_context(context), m_scene(scene) {}
+  /// Strokes of one style that follow one another are painted as one, up to so many.
+  Painter(cairo_t* context, const Scene& scene, int joined)
+      : m_context(context), m_scene(scene), m_mostJoined(joined) {}
 
   void paint() {
     cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
@@ -36,45 +41,74 @@ class Painter {
     cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
     cairo_select_font_face(m_context, "Arial", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     for (const Shape& shape : m_scene.shapes) {
-      const bool isCut = m_scene.window && shape.layer != Layer::kTitle;
-      if (isCut) {
-        cairo_save(m_context);
-        const SheetBox& window = *m_scene.window;
-        cairo_rectangle(m_context, window.least.x, down(window.most.y), window.width(),
-                        window.height());
-        cairo_clip(m_context);
-      }
+      cut(m_scene.window && shape.layer != Layer::kTitle);
       paint(shape);
-      if (isCut) {
-        cairo_restore(m_context);
-      }
     }
+    cut(false);
   }
 
  private:
+  // From here on nothing is painted beyond the window; or anything again.
+  void cut(bool isWanted) {
+    if (isWanted == m_isCut) {
+      return;
+    }
+    flush();
+    m_isCut = isWanted;
+    if (!isWanted) {
+      cairo_restore(m_context);
+      return;
+    }
+    cairo_save(m_context);
+    const SheetBox& window = *m_scene.window;
+    cairo_rectangle(m_context, window.least.x, down(window.most.y), window.width(),
+                    window.height());
+    cairo_clip(m_context);
+  }
+
   void paint(const Shape& shape) {
-    const Color& color = shape.style.color;
-    setInk(color);
+    const Style& style = shape.style;
+    const bool isStroke = shape.kind != Shape::Kind::kText && !style.isFilled && !style.isOnPaper;
+    if (!isStroke || m_joined == m_mostJoined || (m_joined > 0 && style != m_open)) {
+      flush();
+    }
+    if (isStroke) {
+      m_open = style;
+      ++m_joined;
+      return trace(shape);
+    }
+    setInk(style.color);
     if (shape.kind == Shape::Kind::kText) {
       return paintText(shape);
     }
-    cairo_new_path(m_context);
+    trace(shape);
+    if (style.isFilled) {
+      cairo_fill(m_context);
+      return;
+    }
+    cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
+    cairo_fill_preserve(m_context);
+    setInk(style.color);
+    stroke(style);
+  }
+
+  // Paints the strokes that are not painted yet.
+  void flush() {
+    if (m_joined > 0) {
+      setInk(m_open.color);
+      stroke(m_open);
+      m_joined = 0;
+    }
+  }
+
+  void trace(const Shape& shape) {
     if (shape.kind == Shape::Kind::kCircle) {
+      cairo_new_sub_path(m_context);
       cairo_arc(m_context, shape.center.x, down(shape.center.y), shape.radius, 0.0,
                 2.0 * std::numbers::pi);
     } else {
       trace(shape.path);
     }
-    if (shape.style.isFilled) {
-      cairo_fill(m_context);
-      return;
-    }
-    if (shape.style.isOnPaper) {
-      cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
-      cairo_fill_preserve(m_context);
-      setInk(color);
-    }
-    stroke(shape.style);
   }
 
   void setInk(const Color& color) {
@@ -112,6 +146,10 @@ class Painter {
 
   void traceArc(const PathStep& step, PlanePoint from) {
     const PlanePoint out = from - step.center;
+    if (lengthOf(out) * (1.0 - std::cos(step.sweep / 2.0)) < kUnseen) {
+      cairo_line_to(m_context, step.to.x, down(step.to.y));
+      return;
+    }
     const double begin = std::atan2(-out.y, out.x);
     const double end = begin - step.sweep;
     const auto arc = step.sweep > 0.0 ? cairo_arc_negative : cairo_arc;
@@ -125,12 +163,10 @@ class Painter {
     cairo_translate(m_context, base.x, down(base.y));
     cairo_rotate(m_context, -text.angle);
     cairo_set_font_size(m_context, fontSizeOf(text.height));
-    cairo_text_extents_t extents;
-    cairo_text_extents(m_context, text.text.c_str(), &extents);
     const double share = text.alignX == AlignX::kCentre  ? 0.5
                          : text.alignX == AlignX::kRight ? 1.0
                                                          : 0.0;
-    const double begin = -share * extents.x_advance;
+    const double begin = share > 0.0 ? -share * advanceOf(text.text) : 0.0;
     if (shape.style.isOnPaper) {
       blankAround(text, begin);
     }
@@ -140,26 +176,61 @@ class Painter {
     cairo_restore(m_context);
   }
 
+  double advanceOf(const std::string& text) {
+    cairo_text_extents_t extents;
+    cairo_text_extents(m_context, text.c_str(), &extents);
+    return extents.x_advance;
+  }
+
   void blankAround(const Lettering& text, double begin) {
     cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
     cairo_new_path(m_context);
     cairo_move_to(m_context, begin, 0.0);
     cairo_text_path(m_context, text.text.c_str());
+    thinPath(kPathShare * haloOf(text.height));
     cairo_set_dash(m_context, nullptr, 0, 0.0);
     cairo_set_line_width(m_context, haloOf(text.height));
     cairo_stroke(m_context);
+  }
+
+  // Makes lines of the context's path, none shorter than that but the last of an outline.
+  void thinPath(double least) {
+    const std::unique_ptr<cairo_path_t, decltype(&cairo_path_destroy)> path(
+        cairo_copy_path_flat(m_context), cairo_path_destroy);
+    cairo_new_path(m_context);
+    PlanePoint last;
+    for (int i = 0; i < path->num_data; i += path->data[i].header.length) {
+      const cairo_path_data_t* const step = path->data + i;
+      if (step->header.type == CAIRO_PATH_CLOSE_PATH) {
+        cairo_close_path(m_context);
+        continue;
+      }
+      const PlanePoint to{step[1].point.x, step[1].point.y};
+      if (step->header.type == CAIRO_PATH_MOVE_TO) {
+        cairo_move_to(m_context, to.x, to.y);
+      } else if (lengthOf(to - last) >= least) {
+        cairo_line_to(m_context, to.x, to.y);
+      } else {
+        continue;
+      }
+      last = to;
+    }
   }
 
   [[nodiscard]] double down(double y) const { return m_scene.height - y; }
 
   cairo_t* m_context;
   const Scene& m_scene;
+  int m_mostJoined;
+  int m_joined = 0;
+  Style m_open;  // of the strokes that are not painted yet
+  bool m_isCut = false;
 };
 
-void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre) {
+void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre, int joined) {
   const Context context(cairo_create(surface.get()), cairo_destroy);
   cairo_scale(context.get(), unitsPerMillimetre, unitsPerMillimetre);
-  Painter(context.get(), scene).paint();
+  Painter(context.get(), scene, joined).paint();
   cairo_show_page(context.get());
   const cairo_status_t status = cairo_status(context.get());
   if (status != CAIRO_STATUS_SUCCESS) {
@@ -193,7 +264,7 @@ void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::pat
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width),
                                                    static_cast<int>(height)),
                         cairo_surface_destroy);
-  paintOn(surface, scene, scale);
+  paintOn(surface, scene, scale, 1);
   check(cairo_surface_write_to_png(surface.get(), toUtf8(path).c_str()), path);
 }
 
@@ -214,7 +285,7 @@ void writePdf(std::span<const Scene> pages, const std::filesystem::path& path) {
                                  "2000-01-01T00:00:00Z");
   for (const Scene& page : pages) {
     cairo_pdf_surface_set_size(surface.get(), page.width * scale, page.height * scale);
-    paintOn(surface, page, scale);
+    paintOn(surface, page, scale, kJoinedInPdf);
   }
   cairo_surface_finish(surface.get());
   check(cairo_surface_status(surface.get()), path);
