@@ -22,6 +22,13 @@ constexpr unsigned int kNoHelp = 0;
 
 constexpr std::string_view kDeclaration = "version='1.0' encoding='ISO-8859-1'";
 
+dom::Durability durabilityOf(int scratch) {
+  if (scratch == 0) {
+    return dom::Durability::kDisk;
+  }
+  return scratch == 1 ? dom::Durability::kScratch : dom::Durability::kPassing;
+}
+
 void showMissingServicePrompt(const CString& prompt) {
   quorvan::showMessageBox(prompt, kOkButton, kNoHelp);
 }
@@ -122,8 +129,7 @@ int CKtFiler::closeFiler() {
   if (m_document == nullptr) {
     return 0;
   }
-  dom::save(m_document, m_fileName,
-            m_scratch != 0 ? dom::Durability::kScratch : dom::Durability::kDisk);
+  dom::save(m_document, m_fileName, durabilityOf(m_scratch));
   if (m_memory != nullptr) {
     m_memory->forget();
   }

@@ -249,9 +249,9 @@ class QUORVAN_API CKtFiler {
   int m_mapLoaded = 0;                        // 1 when the counts were built from the document
   IXMLDOMNodePtr m_currentClass;              // opened by beginClass
   IXMLDOMNodePtr m_currentVector;             // opened by beginVector
-  int m_scratch = 0;                          // 1 for a pattern, whose file is soon deleted
-  CursorPlace m_classPlace;                   // of m_currentClass
-  CursorPlace m_vectorPlace;                  // of m_currentVector
+  int m_scratch = 0;          // 1 for a pattern, whose file is soon deleted; 2: at once
+  CursorPlace m_classPlace;   // of m_currentClass
+  CursorPlace m_vectorPlace;  // of m_currentVector
   std::shared_ptr<quorvan::DocumentMemory> m_memory;  // of the document opened last
   long m_missingLeft = kMissingEntries;               // since the walk over a class began
 };

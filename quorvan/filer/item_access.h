@@ -12,8 +12,12 @@ namespace quorvan {
 /// Forwards to the filer; see there for what each operation does, gives and raises.
 class ItemAccess {
  public:
-  /// newFiler for a path at which there is no file: none is looked for.
-  static int openNew(CKtFiler& filer, CString path) { return open(filer, std::move(path), false); }
+  /// newFiler for a path at which there is no file: none is looked for, and the one that is saved
+  /// there is deleted at once.
+  static int openPassing(CKtFiler& filer, CString path) {
+    filer.m_scratch = 2;
+    return open(filer, std::move(path), false);
+  }
   /// newFiler; the file is looked for only where it may be there.
   static int open(CKtFiler& filer, CString path, bool mayBeThere);
 

@@ -76,6 +76,7 @@ enum class Durability {
   kDisk,     // it survives a power failure once it is saved
   kScratch,  // it is soon deleted: nobody waits for the disk, and no link is followed; where there
              // is no file it is written in its place, and an end of the process leaves part of it
+  kPassing,  // the same, and deleted as soon as it is complete, which a system may do in one
 };
 
 /// Writes the document to the file in the encoding that its declaration names (UTF-8 without

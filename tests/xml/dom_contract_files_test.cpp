@@ -202,6 +202,16 @@ TEST_F(DomContract, SavingReplacesTheWholeFile) {
   }
 }
 
+TEST_F(DomContract, APassingFileIsGoneWhenItIsSaved) {
+  for (const bool isSomethingThere : {false, true}) {
+    if (isSomethingThere) {
+      writeFile("output.xml", "old");
+    }
+    dom::save(m_document, wide(file("output.xml")), dom::Durability::kPassing);
+    EXPECT_TRUE(std::filesystem::is_empty(file(""))) << isSomethingThere;
+  }
+}
+
 TEST_F(DomContract, SavingLeavesNothingElseInTheFolder) {
   dom::save(m_document, wide(file("output.xml")));
   static_cast<void>(saved());

@@ -18,32 +18,38 @@ constexpr const wchar_t* kScratchPath = L"TempFiler.xml";
 class ScratchFile {
  public:
   ScratchFile() : m_isFree(platform::deleteFile(kScratchPath)) {}
-  ~ScratchFile() { platform::deleteFile(kScratchPath); }
+  ~ScratchFile() {
+    if (!m_isGone) {
+      platform::deleteFile(kScratchPath);
+    }
+  }
   ScratchFile(const ScratchFile&) = delete;
   ScratchFile& operator=(const ScratchFile&) = delete;
 
   // One that cannot be deleted is opened, and what it holds is looked for.
   void open(CKtPatternFiler& pattern) const {
     if (m_isFree) {
-      ItemAccess::openNew(pattern, kScratchPath);
+      ItemAccess::openPassing(pattern, kScratchPath);
     } else {
       pattern.newFiler(kScratchPath);
     }
   }
+  void close(CKtPatternFiler& pattern) { m_isGone = pattern.closeFiler() == 1 && m_isFree; }
 
  private:
-  bool m_isFree;  // there is no file of that name
+  bool m_isFree;          // there is no file of that name
+  bool m_isGone = false;  // it was deleted when it was saved
 };
 
 }  // namespace
 
 int indexInFile(const WritePattern& writePattern) {
-  const ScratchFile scratch;
+  ScratchFile scratch;
   CKtPatternFiler pattern;
   scratch.open(pattern);
   writePattern(pattern);
   const int found = theFiler.seek(&pattern);
-  pattern.closeFiler();
+  scratch.close(pattern);
   return found;
 }
 

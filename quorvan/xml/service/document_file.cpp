@@ -223,15 +223,17 @@ void saveFile(IXMLDOMDocument& document, const CString& path, dom::Durability du
   if (!hasRoot || root == nullptr || target.empty()) {
     platform::raiseComError(E_FAIL);
   }
-  if (durability == dom::Durability::kScratch && saveScratch(document, target)) {
-    return;
+  if (durability == dom::Durability::kDisk || !saveScratch(document, target)) {
+    const NewFile file(pathBeside(target));
+    file.write(document);
+    if (durability == dom::Durability::kDisk) {
+      file.flush();
+    }
+    file.replace(target);
   }
-  const NewFile file(pathBeside(target));
-  file.write(document);
-  if (durability == dom::Durability::kDisk) {
-    file.flush();
+  if (durability == dom::Durability::kPassing) {
+    ::DeleteFileW(target.c_str());
   }
-  file.replace(target);
 }
 
 // One that is open to be written cannot be deleted.

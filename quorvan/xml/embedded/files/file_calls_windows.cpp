@@ -8,8 +8,9 @@ namespace {
 
 constexpr FileCalls kSystemCalls = {
     [](const wchar_t* path, DWORD access, DWORD sharing, DWORD disposition) -> HANDLE {
+      const DWORD passing = (access & DELETE) != 0 ? FILE_FLAG_DELETE_ON_CLOSE : 0;
       const HANDLE file = ::CreateFileW(path, access, sharing, nullptr, disposition,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+                                        FILE_ATTRIBUTE_NORMAL | passing, nullptr);
       return file == INVALID_HANDLE_VALUE ? kNoFile : file;
     },
     [](HANDLE file, void* buffer, DWORD size, DWORD* moved) {

@@ -19,7 +19,7 @@ inline constexpr SystemFile kNoFile = nullptr;
 inline constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 
 /// Each works like the Windows function of its name, but that a file which could not be opened is
-/// kNoFile.
+/// kNoFile, and that one which was opened with the right to delete it is gone when it is closed.
 struct FileCalls {
   HANDLE (*createFile)(const wchar_t* path, DWORD access, DWORD sharing, DWORD disposition);
   BOOL (*readFile)(HANDLE file, void* buffer, DWORD size, DWORD* moved);

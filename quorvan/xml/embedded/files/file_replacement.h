@@ -9,7 +9,7 @@
 //
 // A scratch file is made at its own path where there is nothing. It stands in a folder that others
 // may write too: a link, a device or a pipe in its place is replaced itself, and nothing that it
-// leads to is touched.
+// leads to is touched. One that only passes is deleted when it is complete.
 //
 //   class FileReplacement
 //     FileReplacement(const SystemPath& path, dom::Durability durability)

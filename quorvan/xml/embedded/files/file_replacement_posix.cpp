@@ -155,7 +155,7 @@ FileReplacement::~FileReplacement() {
 }
 
 void FileReplacement::begin() {
-  if (m_durability == dom::Durability::kScratch && tryCreateAtTarget()) {
+  if (m_durability != dom::Durability::kDisk && tryCreateAtTarget()) {
     return;
   }
   std::optional<struct stat> former = statusOf(m_target);
@@ -264,6 +264,13 @@ void FileReplacement::write(std::string_view bytes) {
 }
 
 void FileReplacement::commit() {
+  putInPlace();
+  if (m_durability == dom::Durability::kPassing) {
+    static_cast<void>(::unlink(m_target.c_str()));
+  }
+}
+
+void FileReplacement::putInPlace() {
   if (m_beside.empty() || m_beside == m_target) {
     // Closing may be what tells that not all arrived.
     if (fileCalls().close(std::exchange(m_file, -1)) != 0 && errno != EINTR) {

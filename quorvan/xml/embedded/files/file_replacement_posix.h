@@ -26,6 +26,7 @@ class FileReplacement {
 
  private:
   void begin();
+  void putInPlace();
   bool tryCreateAtTarget();
   void openInPlace();
   void createBeside(const std::optional<struct stat>& former);

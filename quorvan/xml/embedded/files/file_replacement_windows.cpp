@@ -105,7 +105,7 @@ void FileReplacement::begin() {
     }
     return;
   }
-  if (m_durability == dom::Durability::kScratch && tryCreateAtTarget()) {
+  if (m_durability != dom::Durability::kDisk && tryCreateAtTarget()) {
     return;
   }
   DWORD former = fileCalls().getFileAttributes(m_target.c_str());
@@ -130,7 +130,9 @@ void FileReplacement::begin() {
 // False where something is in the way.
 bool FileReplacement::tryCreateAtTarget() {
   m_beside = m_target;
-  m_file = fileCalls().createFile(m_target.c_str(), GENERIC_WRITE, 0, CREATE_NEW);
+  const DWORD access =
+      m_durability == dom::Durability::kPassing ? GENERIC_WRITE | DELETE : GENERIC_WRITE;
+  m_file = fileCalls().createFile(m_target.c_str(), access, 0, CREATE_NEW);
   if (m_file == kNoFile) {
     m_beside.clear();
   }
@@ -187,6 +189,9 @@ void FileReplacement::commit() {
     raiseLastError();
   }
   m_beside.clear();
+  if (m_durability == dom::Durability::kPassing) {
+    fileCalls().deleteFile(m_target.c_str());
+  }
 }
 
 // Without this a power failure could leave the new name over data that never reached the disk. Some
