@@ -27,6 +27,9 @@ double advanceOf(std::uint32_t letter) {
   if (letter == '\t') {
     return kTab;
   }
+  if (letter == '\n' || letter == '\r') {
+    return kAdvances[0];  // drawn as a blank
+  }
   if (letter < ' ') {
     return 0.0;
   }

@@ -11,6 +11,7 @@
 #include <tools/console/console.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/scene/lettering_metrics.h>
+#include <tools/draw/writers/text_painter.h>
 
 namespace quorvan::tool {
 
@@ -19,9 +20,8 @@ namespace {
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kPointsPerInch = 72.0;
 constexpr double kMostPixelsASide = 30000.0;  // cairo's limit is a little higher
-constexpr int kJoinedInPdf = 100;   // half of the PDF would be what goes around each stroke
-constexpr double kPathShare = 0.3;  // of a halo: a finer outline of letters shows nothing more
-constexpr double kUnseen = 0.005;   // mm: an arc that is no farther from its chord is drawn as that
+constexpr int kJoinedInPdf = 100;  // half of the PDF would be what goes around each stroke
+constexpr double kUnseen = 0.005;  // mm: an arc that is no farther from its chord is drawn as that
 constexpr double kUsualPixels = 36e6;  // A0 with 150 dots an inch has 34.9 million
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
@@ -32,14 +32,13 @@ class Painter {
  public:
   /// Strokes of one style that follow one another are painted as one, up to so many.
   Painter(cairo_t* context, const Scene& scene, int joined)
-      : m_context(context), m_scene(scene), m_mostJoined(joined) {}
+      : m_context(context), m_scene(scene), m_mostJoined(joined), m_texts(context) {}
 
   void paint() {
     cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
     cairo_paint(m_context);
     cairo_set_line_cap(m_context, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
-    cairo_select_font_face(m_context, "Arial", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     for (const Shape& shape : m_scene.shapes) {
       cut(m_scene.window && shape.layer != Layer::kTitle);
       paint(shape);
@@ -157,64 +156,12 @@ class Painter {
   }
 
   void paintText(const Shape& shape) {
-    const Lettering& text = shape.lettering;
-    const PlanePoint base = baseOf(text);
+    const PlanePoint base = baseOf(shape.lettering);
     cairo_save(m_context);
     cairo_translate(m_context, base.x, down(base.y));
-    cairo_rotate(m_context, -text.angle);
-    cairo_set_font_size(m_context, fontSizeOf(text.height));
-    const double share = text.alignX == AlignX::kCentre  ? 0.5
-                         : text.alignX == AlignX::kRight ? 1.0
-                                                         : 0.0;
-    const double begin = share > 0.0 ? -share * advanceOf(text.text) : 0.0;
-    if (shape.style.isOnPaper) {
-      blankAround(text, begin);
-    }
-    setInk(shape.style.color);
-    cairo_move_to(m_context, begin, 0.0);
-    cairo_show_text(m_context, text.text.c_str());
+    cairo_rotate(m_context, -shape.lettering.angle);
+    m_texts.paint(shape.lettering, shape.style);
     cairo_restore(m_context);
-  }
-
-  double advanceOf(const std::string& text) {
-    cairo_text_extents_t extents;
-    cairo_text_extents(m_context, text.c_str(), &extents);
-    return extents.x_advance;
-  }
-
-  void blankAround(const Lettering& text, double begin) {
-    cairo_set_source_rgb(m_context, 1.0, 1.0, 1.0);
-    cairo_new_path(m_context);
-    cairo_move_to(m_context, begin, 0.0);
-    cairo_text_path(m_context, text.text.c_str());
-    thinPath(kPathShare * haloOf(text.height));
-    cairo_set_dash(m_context, nullptr, 0, 0.0);
-    cairo_set_line_width(m_context, haloOf(text.height));
-    cairo_stroke(m_context);
-  }
-
-  // Makes lines of the context's path, none shorter than that but the last of an outline.
-  void thinPath(double least) {
-    const std::unique_ptr<cairo_path_t, decltype(&cairo_path_destroy)> path(
-        cairo_copy_path_flat(m_context), cairo_path_destroy);
-    cairo_new_path(m_context);
-    PlanePoint last;
-    for (int i = 0; i < path->num_data; i += path->data[i].header.length) {
-      const cairo_path_data_t* const step = path->data + i;
-      if (step->header.type == CAIRO_PATH_CLOSE_PATH) {
-        cairo_close_path(m_context);
-        continue;
-      }
-      const PlanePoint to{step[1].point.x, step[1].point.y};
-      if (step->header.type == CAIRO_PATH_MOVE_TO) {
-        cairo_move_to(m_context, to.x, to.y);
-      } else if (lengthOf(to - last) >= least) {
-        cairo_line_to(m_context, to.x, to.y);
-      } else {
-        continue;
-      }
-      last = to;
-    }
   }
 
   [[nodiscard]] double down(double y) const { return m_scene.height - y; }
@@ -225,6 +172,7 @@ class Painter {
   int m_joined = 0;
   Style m_open;  // of the strokes that are not painted yet
   bool m_isCut = false;
+  TextPainter m_texts;
 };
 
 void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre, int joined) {

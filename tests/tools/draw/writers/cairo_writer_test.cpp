@@ -14,6 +14,7 @@
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 #include <tools/console/console.h>
+#include <tools/draw/scene/text_width.h>
 
 namespace quorvan::tool {
 
@@ -128,6 +129,67 @@ TEST(ToolPictureFiles, ThatCannotBeWrittenAreNamed) {
     }
   }
 }
+
+// The picture of a text, and of whatever lies over it.
+std::string pictureOf(const std::string& text, const std::vector<Shape>& over = {}) {
+  Scene scene = sceneOfSize(200, 20);
+  Shape shape{};
+  shape.layer = Layer::kTexts;
+  shape.kind = Shape::Kind::kText;
+  shape.style = {{}, 0.0, true};
+  shape.lettering = {text, {5, 8}, 6.0, 0.0, AlignX::kLeft, AlignY::kBase};
+  scene.shapes.push_back(shape);
+  scene.shapes.insert(scene.shapes.end(), over.begin(), over.end());
+  writePng(scene, 100, "text.png");
+  return fileBytes("text.png");
+}
+
+// Paper over all that lies to the right of x.
+Shape paperFrom(double x) {
+  Shape paper{};
+  paper.layer = Layer::kTexts;
+  paper.kind = Shape::Kind::kPath;
+  paper.style = {{255, 255, 255}, 0.0, true};
+  paper.path.moveTo({x, 0});
+  paper.path.lineTo({200, 0});
+  paper.path.lineTo({200, 20});
+  paper.path.lineTo({x, 20});
+  paper.path.close();
+  return paper;
+}
+
+TEST(ToolPaintedTexts, AreNoWiderThanTheSheetIsLaidOutFor) {
+  for (const char* const text :
+       {"WWWWMMMM", "12 HA16 e=20 L=3.20", "iiiiiilllll", "\u0428\u0429\u0416\u042E\u0428\u0429",
+        "\u0152\u00C6\u0132\u0152\u00C6", "\u6881\u914D\u7B4B\u56F3", "a\tb\tc", "one\ntwo"}) {
+    const double end = 5.0 + textWidth(text, 6.0) + 0.5;
+    EXPECT_EQ(pictureOf(text), pictureOf(text, {paperFrom(end)})) << text;
+    EXPECT_NE(pictureOf(text), pictureOf(text, {paperFrom(5.5)})) << text;
+  }
+}
+
+TEST(ToolPaintedTexts, AreOneLineWithoutSignsForWhatHasNone) {
+  EXPECT_EQ(pictureOf("a\nb"), pictureOf("a b"));
+  EXPECT_EQ(pictureOf("a\x01\x1F"
+                      "b"),
+            pictureOf("ab"));
+  EXPECT_NE(pictureOf("a\tb"), pictureOf("a b")) << "a tab is wider";
+  EXPECT_EQ(pictureOf("a\t"), pictureOf("a")) << "and blank";
+}
+
+#ifdef QUORVAN_HAS_PANGO
+
+// The order and the joints that such letters have by themselves, against those that are forced.
+TEST(ToolPaintedTexts, RunFromRightToLeftInHebrew) {
+  EXPECT_EQ(pictureOf("\u05D0\u05D1\u05D2"), pictureOf("\u202D\u05D2\u05D1\u05D0\u202C"));
+  EXPECT_NE(pictureOf("\u05D0\u05D1\u05D2"), pictureOf("\u202D\u05D0\u05D1\u05D2\u202C"));
+}
+
+TEST(ToolPaintedTexts, JoinTheLettersOfArabic) {
+  EXPECT_NE(pictureOf("\u0628\u0628\u0628"), pictureOf("\u0628\u200C\u0628\u200C\u0628"));
+}
+
+#endif
 
 }  // namespace
 
