@@ -6,16 +6,19 @@
 
 #include <quorvan/text/utf8.h>
 
+#include <tools/text/text_beginning.h>
+
 namespace quorvan::tool {
 
 namespace {
 
 constexpr std::int64_t kLeastLong = -2147483648;
+constexpr std::size_t kMostQuoted = 60;  // of a wrong value, in bytes
 constexpr std::string_view kSegmentMembers[] = {"start", "end", "bulge"};
 
 [[noreturn]] void refuse(const std::string& name, std::string_view expected, const Json& value) {
   throw WrongMember('"' + name + "\" must be " + std::string(expected) + ", not " +
-                    inlineJson(value).substr(0, 60));
+                    std::string(textBeginning(inlineJson(value), kMostQuoted)));
 }
 
 Coordinates pointFromJson(const Json& value, const std::string& name) {

@@ -21,6 +21,7 @@ std::size_t endOfString(std::string_view json, std::size_t at) {
 
 std::size_t lineOfElement(std::string_view json, std::size_t place) {
   constexpr std::string_view kBlanks = " \t\r\n";
+  constexpr std::string_view kBehindWords = ",:]} \t\r\n";  // and numbers
   std::size_t depth = 0;
   std::size_t entry = 0;
   bool isInElements = false;
@@ -44,6 +45,9 @@ std::size_t lineOfElement(std::string_view json, std::size_t place) {
       isInElements = ++depth == kElementsDepth ? key == "\"elements\"" : isInElements;
     } else if (unit == '}' || unit == ']') {
       --depth;
+    } else if (unit != ',' && unit != ':') {
+      at = json.find_first_of(kBehindWords, at);
+      continue;
     }
     ++at;
   }

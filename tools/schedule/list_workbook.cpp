@@ -8,6 +8,7 @@
 #include <tools/console/terminal.h>
 #include <tools/schedule/list_tables.h>
 #include <tools/schedule/list_writers.h>
+#include <tools/text/text_beginning.h>
 
 namespace quorvan::tool {
 
@@ -15,16 +16,11 @@ namespace {
 
 constexpr std::size_t kMostText = 32000;  // a cell takes a little more
 
-// Cut between characters.
 std::string fitting(std::string text) {
   if (text.size() <= kMostText) {
     return text;
   }
-  std::size_t end = kMostText;
-  while ((static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
-    --end;
-  }
-  return text.substr(0, end) + "...";
+  return std::string(textBeginning(text, kMostText)) + "...";
 }
 
 class Book {
