@@ -98,7 +98,7 @@ void checkSum(const Record& record, RecordSink& sink) {
 
 void checkCharacters(const Record& record, RecordSink& sink) {
   const auto strange = std::ranges::find_if(record.line, [](char one) {
-    return static_cast<unsigned char>(one) >= 0x80 || static_cast<unsigned char>(one) < 0x20;
+    return static_cast<unsigned char>(one) >= 0x7F || static_cast<unsigned char>(one) < 0x20;
   });
   if (strange != record.line.end()) {
     sink.add(findings::kNotAscii, static_cast<std::size_t>(strange - record.line.begin()), {},
