@@ -128,4 +128,38 @@ TEST_F(ToolProgress, WipesNothingWhereNothingWasDrawn) {
   EXPECT_EQ(m_err.str(), "");
 }
 
+// A cell is three percent and a third; the number and the bar never say more than is done.
+TEST_F(ToolProgress, RoundsDownWhatIsDone) {
+  struct Share {
+    std::uint64_t done;
+    std::uint64_t total;
+    std::size_t cells;
+    int percent;
+  };
+  const Share shares[] = {{0, 7, 0, 0},      {1, 100, 0, 1},       {33, 1000, 0, 3},
+                          {34, 1000, 0, 3},  {4, 100, 1, 4},       {1, 3, 9, 33},
+                          {1, 2, 15, 50},    {2, 3, 19, 66},       {999, 1000, 29, 99},
+                          {97, 100, 29, 97}, {1000, 1000, 30, 100}};
+  for (const Share& share : shares) {
+    std::ostringstream err;
+    Console console{m_out, err, true};
+    Progress progress(console, "x", clock());
+    m_now += milliseconds(2000);
+    report(progress, share.done, share.total);
+    EXPECT_EQ(err.str(), "\rx [" + std::string(share.cells, '#') +
+                             std::string(30 - share.cells, ' ') + "] " +
+                             std::to_string(share.percent) + " %");
+  }
+}
+
+TEST_F(ToolProgress, LeavesNothingBehindWhereNothingWasDrawn) {
+  Console console{m_out, m_err, true};
+  {
+    Progress progress(console, "reading", clock());
+    m_now += milliseconds(999);
+    report(progress, 50, 100);
+  }
+  EXPECT_EQ(m_err.str(), "");
+}
+
 }  // namespace
