@@ -18,7 +18,7 @@ namespace {
 using test::bent;
 using test::polygonBar;
 
-constexpr double kRadians = std::numbers::pi / 180.0;
+constexpr double kDegree = std::numbers::pi / 180.0;
 
 CornerLine lineOfLegs(const std::vector<double>& legs, const std::vector<double>& turns) {
   return cornerLineOf(polygonBar(10, legs, turns), AngleUnit::kDegrees);
@@ -37,8 +37,8 @@ TEST(CornerLines, HaveHooksForLegsOnTheirSide) {
   const CornerLine both = cornerLineOf(straightWithHooks(90, 135), AngleUnit::kDegrees);
   EXPECT_EQ(both.legs, (std::vector<double>{100, 1000, 120}));
   ASSERT_EQ(both.corners.size(), 2U);
-  EXPECT_NEAR(both.corners[0].angle, 90 * kRadians, 1e-12);
-  EXPECT_NEAR(both.corners[1].angle, 135 * kRadians, 1e-12);
+  EXPECT_NEAR(both.corners[0].angle, 90 * kDegree, 1e-12);
+  EXPECT_NEAR(both.corners[1].angle, 135 * kDegree, 1e-12);
   EXPECT_TRUE(both.corners[0].isHook && both.corners[1].isHook);
   EXPECT_TRUE(both.corners[0].isLeft && both.corners[1].isLeft);
   EXPECT_TRUE(both.beginsWithHook && both.endsWithHook);
@@ -141,7 +141,7 @@ TEST(FacetedArcs, AreThreeBendsAtLeast) {
   EXPECT_EQ(arcs[0].firstBend, 0U);
   EXPECT_EQ(arcs[0].lastBend, 2U);
   // A chord of 200 for 20 degrees.
-  EXPECT_NEAR(arcs[0].radius, 100.0 / std::sin(10 * kRadians), 1e-6);
+  EXPECT_NEAR(arcs[0].radius, 100.0 / std::sin(10 * kDegree), 1e-6);
   EXPECT_TRUE(facetedArcsOf(bent(polygonBar(8, {500}, {}))).empty());
 }
 

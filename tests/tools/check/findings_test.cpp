@@ -207,7 +207,7 @@ TEST(ToolFindings, AreSortedByPlaceAndStayInOrderAtOne) {
   EXPECT_EQ(order, "fifth fourth first third second ");
 }
 
-std::string printed(const FileFindings& result) {
+std::string printedFindings(const FileFindings& result) {
   std::ostringstream out;
   printFindings(result, out);
   return out.str();
@@ -215,9 +215,9 @@ std::string printed(const FileFindings& result) {
 
 TEST(ToolFindingText, TellsOneFindingInThreeLinesAndCountsThem) {
   FileFindings result{"a.xml"};
-  EXPECT_EQ(printed(result), "a.xml: no findings\n");
+  EXPECT_EQ(printedFindings(result), "a.xml: no findings\n");
   result.findings.push_back(findingAt(7, 2, findings::kDiameter, "Diameter"));
-  EXPECT_EQ(printed(result),
+  EXPECT_EQ(printedFindings(result),
             "a.xml:7:2: warning 505: diameter that is no standard size: CKtZantoLine 3, Diameter\n"
             "    found a; expected b\n"
             "    to mend: correct the diameter in the producing program, or name your sizes with "
@@ -226,10 +226,10 @@ TEST(ToolFindingText, TellsOneFindingInThreeLinesAndCountsThem) {
   Finding bare{&findings::kUnreadable, {}, {}, {}, {}, "", "a file"};
   bare.mend.kind = Mend::Kind::kRemove;
   result.findings = {bare, bare};
-  EXPECT_EQ(printed(result).substr(0, printed(result).find("    to mend")),
+  EXPECT_EQ(printedFindings(result).substr(0, printedFindings(result).find("    to mend")),
             "a.xml: error 107: file that cannot be read\n    found nothing; expected a file\n");
-  EXPECT_NE(printed(result).find("right to read [--repair]\n"), std::string::npos);
-  EXPECT_TRUE(printed(result).ends_with("a.xml: 2 errors, 0 warnings, 0 notes\n"));
+  EXPECT_NE(printedFindings(result).find("right to read [--repair]\n"), std::string::npos);
+  EXPECT_TRUE(printedFindings(result).ends_with("a.xml: 2 errors, 0 warnings, 0 notes\n"));
 }
 
 TEST(ToolFindingText, ShowsWhatCouldSteerATerminal) {
@@ -237,7 +237,7 @@ TEST(ToolFindingText, ShowsWhatCouldSteerATerminal) {
   Finding one = findingAt(1, 1, findings::kDiameter, "D\x1b[2J");
   one.found = "\u202e";
   result.findings.push_back(one);
-  const std::string text = printed(result);
+  const std::string text = printedFindings(result);
   EXPECT_EQ(text.find('\x1b'), std::string::npos);
   EXPECT_EQ(text.find("\u202e"), std::string::npos);
   EXPECT_TRUE(text.starts_with("a\\nb.xml:1:1: ")) << text;
@@ -246,7 +246,7 @@ TEST(ToolFindingText, ShowsWhatCouldSteerATerminal) {
 TEST(ToolFindingText, NamesTheRulesThatWereNotChecked) {
   FileFindings result{"a.xml"};
   result.notChecked = {NotChecked{&findings::kDiameter, "no sizes"}};
-  EXPECT_EQ(printed(result),
+  EXPECT_EQ(printedFindings(result),
             "a.xml: not checked 505 (diameter that is no standard size): no sizes\n"
             "a.xml: no findings\n");
 }

@@ -29,12 +29,12 @@ std::string wideBytes(const std::u16string& text, bool isBigEndian, bool hasMark
   return bytes;
 }
 
-const char16_t* const kPieces[] = {u"<D>",        u"</D>",   u"a",      u"\r\n",
-                                   u"\u00e9",     u"\u20ac", u"\ufffd", u"\U0001f600",
-                                   u"\U0010fffd", u"\u07ff", u"\u0800"};
-const char* const kPlainPieces[] = {"<D>",        "</D>",   "a",      "\r\n",
-                                    "\u00e9",     "\u20ac", "\ufffd", "\U0001f600",
-                                    "\U0010fffd", "\u07ff", "\u0800"};
+const char16_t* const kWidePieces[] = {u"<D>",        u"</D>",   u"a",      u"\r\n",
+                                       u"\u00e9",     u"\u20ac", u"\ufffd", u"\U0001f600",
+                                       u"\U0010fffd", u"\u07ff", u"\u0800"};
+const char* const kNarrowPieces[] = {"<D>",        "</D>",   "a",      "\r\n",
+                                     "\u00e9",     "\u20ac", "\ufffd", "\U0001f600",
+                                     "\U0010fffd", "\u07ff", "\u0800"};
 
 TEST(ToolSourceBytes, AreTheTextAgainInEitherOrderOfUtf16) {
   std::mt19937 random(481);
@@ -44,9 +44,9 @@ TEST(ToolSourceBytes, AreTheTextAgainInEitherOrderOfUtf16) {
     std::u16string wide = u"<?xml version=\"1.0\"?>";
     std::string plain = "<?xml version=\"1.0\"?>";
     for (std::size_t i = random() % 40; i > 0; --i) {
-      const std::size_t piece = random() % std::size(kPieces);
-      wide += kPieces[piece];
-      plain += kPlainPieces[piece];
+      const std::size_t piece = random() % std::size(kWidePieces);
+      wide += kWidePieces[piece];
+      plain += kNarrowPieces[piece];
     }
     const std::string bytes = wideBytes(wide, isBigEndian, hasMark);
     const SourceEncoding encoding = encodingOf(bytes);

@@ -15,10 +15,10 @@ namespace quorvan::tool {
 
 namespace {
 
-using Kind = SourcePiece::Kind;
+using PieceKind = SourcePiece::Kind;
 
 struct NamedPiece {
-  Kind kind;
+  PieceKind kind;
   std::string text;
   std::string name = {};
 
@@ -33,8 +33,9 @@ std::vector<NamedPiece> piecesOf(const std::string& text) {
   std::vector<NamedPiece> pieces;
   SourceMarkup markup(text, false);
   while (markup.next()) {
-    const bool hasName = markup.piece().opensElement() || markup.piece().kind == Kind::kEndTag ||
-                         markup.piece().kind == Kind::kInstruction;
+    const bool hasName = markup.piece().opensElement() ||
+                         markup.piece().kind == PieceKind::kEndTag ||
+                         markup.piece().kind == PieceKind::kInstruction;
     pieces.push_back({markup.piece().kind, std::string(markup.text()),
                       hasName ? std::string(markup.name()) : std::string()});
   }
@@ -42,21 +43,21 @@ std::vector<NamedPiece> piecesOf(const std::string& text) {
 }
 
 const std::vector<NamedPiece> kPieces = {
-    {Kind::kStartTag, "<a>", "a"},
-    {Kind::kStartTag, "<a-b.c x='>' y=\"/>\">", "a-b.c"},
-    {Kind::kStartTag, "<long\r\n\tx = '\"'\r\n>", "long"},
-    {Kind::kEmptyTag, "<a/>", "a"},
-    {Kind::kEmptyTag, "<e x='/' />", "e"},
-    {Kind::kEndTag, "</a>", "a"},
-    {Kind::kEndTag, "</a\n>", "a"},
-    {Kind::kText, "text ]]&gt; 'x\" >", ""},
-    {Kind::kCharacterData, "<![CDATA[<a> ]] > ]]>", ""},
-    {Kind::kComment, "<!-- <a> -- '-->", ""},
-    {Kind::kComment, "<!---->", ""},
-    {Kind::kInstruction, "<?php <a> > ?>", "php"},
-    {Kind::kInstruction, "<?xml-stylesheet x?>", "xml-stylesheet"},
-    {Kind::kDocumentType, "<!DOCTYPE a SYSTEM \"x>y\">", ""},
-    {Kind::kDocumentType, "<!DOCTYPE a [<!ENTITY e '>]'><!-- ]> --><?p ]> ?>]>", ""},
+    {PieceKind::kStartTag, "<a>", "a"},
+    {PieceKind::kStartTag, "<a-b.c x='>' y=\"/>\">", "a-b.c"},
+    {PieceKind::kStartTag, "<long\r\n\tx = '\"'\r\n>", "long"},
+    {PieceKind::kEmptyTag, "<a/>", "a"},
+    {PieceKind::kEmptyTag, "<e x='/' />", "e"},
+    {PieceKind::kEndTag, "</a>", "a"},
+    {PieceKind::kEndTag, "</a\n>", "a"},
+    {PieceKind::kText, "text ]]&gt; 'x\" >", ""},
+    {PieceKind::kCharacterData, "<![CDATA[<a> ]] > ]]>", ""},
+    {PieceKind::kComment, "<!-- <a> -- '-->", ""},
+    {PieceKind::kComment, "<!---->", ""},
+    {PieceKind::kInstruction, "<?php <a> > ?>", "php"},
+    {PieceKind::kInstruction, "<?xml-stylesheet x?>", "xml-stylesheet"},
+    {PieceKind::kDocumentType, "<!DOCTYPE a SYSTEM \"x>y\">", ""},
+    {PieceKind::kDocumentType, "<!DOCTYPE a [<!ENTITY e '>]'><!-- ]> --><?p ]> ?>]>", ""},
 };
 
 TEST(ToolMarkup, IsEveryPieceByItself) {
@@ -70,10 +71,10 @@ TEST(ToolMarkup, IsEveryPieceByItself) {
 
 TEST(ToolMarkup, BeginsWithADeclarationThereAlone) {
   const std::string declaration = "<?xml version=\"1.0\"?>";
-  EXPECT_EQ(piecesOf(declaration).front().kind, Kind::kDeclaration);
-  EXPECT_EQ(piecesOf(' ' + declaration).front().kind, Kind::kInstruction);
-  EXPECT_EQ(piecesOf("<?xml?>").front().kind, Kind::kInstruction);
-  EXPECT_EQ(piecesOf("<?xmlx y?>").front().kind, Kind::kInstruction);
+  EXPECT_EQ(piecesOf(declaration).front().kind, PieceKind::kDeclaration);
+  EXPECT_EQ(piecesOf(' ' + declaration).front().kind, PieceKind::kInstruction);
+  EXPECT_EQ(piecesOf("<?xml?>").front().kind, PieceKind::kInstruction);
+  EXPECT_EQ(piecesOf("<?xmlx y?>").front().kind, PieceKind::kInstruction);
 }
 
 // Pieces one behind the other, with white space or without: the same ones come out.
@@ -82,11 +83,11 @@ TEST(ToolMarkup, IsThePiecesOfAnySequence) {
   const char* const blanks[] = {"", " ", "\n", "\r\n\t"};
   for (int round = 0; round < 300; ++round) {
     std::string text = "<first/>";
-    std::vector<NamedPiece> expected{{Kind::kEmptyTag, "<first/>", "first"}};
+    std::vector<NamedPiece> expected{{PieceKind::kEmptyTag, "<first/>", "first"}};
     for (std::size_t i = random() % 12; i > 0; --i) {
       const NamedPiece& piece = kPieces[random() % kPieces.size()];
       // A text takes in the blanks behind it, and another text.
-      if (piece.kind == Kind::kText) {
+      if (piece.kind == PieceKind::kText) {
         continue;
       }
       text += blanks[random() % 4] + piece.text;

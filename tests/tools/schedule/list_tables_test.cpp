@@ -19,7 +19,7 @@ using test::BarParts;
 using test::cellsOf;
 using test::ListedBars;
 using test::titlesOf;
-using Texts = std::vector<std::string>;
+using CellTexts = std::vector<std::string>;
 
 constexpr TableOptions kPeople{Audience::kPeople};
 constexpr TableOptions kPrograms{Audience::kPrograms};
@@ -53,45 +53,46 @@ TEST(ToolListCells, AreTextsOrNumbersWithTheirDecimals) {
 TEST(ToolBarTable, OfBarsAsDrawnHasTheColumnsOfItsReaders) {
   const ListedBars bars(barAlongX(1, 1000));
   EXPECT_EQ(titlesOf(barTable(bars.list(), kEnglishList, kPeople)),
-            (Texts{"mark", "shape", "grade", "adherence", "diameter [mm]", "number", "length [mm]",
-                   "total [m]", "mass [kg]", "elements"}));
+            (CellTexts{"mark", "shape", "grade", "adherence", "diameter [mm]", "number",
+                       "length [mm]", "total [m]", "mass [kg]", "elements"}));
   EXPECT_EQ(titlesOf(barTable(bars.list(), kEnglishList, kPrograms)),
-            (Texts{"drawing", "mark", "shape", "grade", "adherence", "diameter [mm]", "number",
-                   "length [mm]", "length to [mm]", "total length [m]", "mass [kg]", "elements",
-                   "remarks"}));
+            (CellTexts{"drawing", "mark", "shape", "grade", "adherence", "diameter [mm]", "number",
+                       "length [mm]", "length to [mm]", "total length [m]", "mass [kg]", "elements",
+                       "remarks"}));
   EXPECT_EQ(titlesOf(barTable(bars.list(), kEnglishList, {Audience::kPrograms, true})).back(),
             "explanation");
   EXPECT_EQ(titlesOf(barTable(bars.list(), kEnglishList, {Audience::kPeople, true})).back(),
             "elements");
   EXPECT_EQ(cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0),
-            (Texts{"loaded.xml", "1", "straight bar", "B500B", "Ha", "10", "1", "1000", "", "1.00",
-                   "0.62", "StraightBar 1", ""}));
+            (CellTexts{"loaded.xml", "1", "straight bar", "B500B", "Ha", "10", "1", "1000", "",
+                       "1.00", "0.62", "StraightBar 1", ""}));
 }
 
 TEST(ToolBarTable, OfAScheduleHasRollersCodesAndDimensions) {
   const std::string bar = barOfPoints("LBar", {{0, 500, 0}, {0, 0, 0}, {800, 0, 0}});
   const ListedBars iso(bar, test::bySchedule(Schedule::kIso3766));
   const ListTable table = barTable(iso.list(), kEnglishList, kPeople);
-  EXPECT_EQ(titlesOf(table),
-            (Texts{"mark", "shape", "grade", "adherence", "diameter [mm]", "roller [mm]", "number",
-                   "length [mm]", "total [m]", "mass [kg]", "dimensions", "elements"}));
+  EXPECT_EQ(titlesOf(table), (CellTexts{"mark", "shape", "grade", "adherence", "diameter [mm]",
+                                        "roller [mm]", "number", "length [mm]", "total [m]",
+                                        "mass [kg]", "dimensions", "elements"}));
   EXPECT_EQ(cellsOf(table, 0)[5], "40");
   EXPECT_EQ(cellsOf(table, 0)[10], "505 / 805");
   const ListedBars british(bar, test::bySchedule(Schedule::kBs8666));
   const ListTable codes = barTable(british.list(), kEnglishList, kPeople);
-  EXPECT_EQ(titlesOf(codes), (Texts{"mark", "code", "shape", "grade", "adherence", "diameter [mm]",
-                                    "roller [mm]", "number", "length [mm]", "total [m]",
-                                    "mass [kg]", "A [mm]", "B [mm]", "elements"}));
+  EXPECT_EQ(titlesOf(codes), (CellTexts{"mark", "code", "shape", "grade", "adherence",
+                                        "diameter [mm]", "roller [mm]", "number", "length [mm]",
+                                        "total [m]", "mass [kg]", "A [mm]", "B [mm]", "elements"}));
   EXPECT_EQ(cellsOf(codes, 0)[1], "11");
   EXPECT_EQ(cellsOf(codes, 0)[11], "505");
   EXPECT_EQ(cellsOf(codes, 0)[12], "(805)");
   const ListTable all = barTable(british.list(), kEnglishList, kPrograms);
-  EXPECT_EQ(titlesOf(all), (Texts{"drawing",    "mark",        "code",           "shape",
-                                  "grade",      "adherence",   "diameter [mm]",  "roller [mm]",
-                                  "number",     "length [mm]", "length to [mm]", "total length [m]",
-                                  "mass [kg]",  "A [mm]",      "B [mm]",         "C [mm]",
-                                  "D [mm]",     "E [mm]",      "F [mm]",         "R [mm]",
-                                  "dimensions", "elements",    "remarks"}));
+  EXPECT_EQ(titlesOf(all),
+            (CellTexts{"drawing",    "mark",        "code",           "shape",
+                       "grade",      "adherence",   "diameter [mm]",  "roller [mm]",
+                       "number",     "length [mm]", "length to [mm]", "total length [m]",
+                       "mass [kg]",  "A [mm]",      "B [mm]",         "C [mm]",
+                       "D [mm]",     "E [mm]",      "F [mm]",         "R [mm]",
+                       "dimensions", "elements",    "remarks"}));
   EXPECT_EQ(cellsOf(all, 0)[14], "805");  // no parentheses for programs
   EXPECT_EQ(cellsOf(all, 0)[15], "");
 }
@@ -99,7 +100,7 @@ TEST(ToolBarTable, OfAScheduleHasRollersCodesAndDimensions) {
 // A straight bar has code 00, of two digits, and no bend for a roller.
 TEST(ToolBarTable, HasNoRollerForAStraightBar) {
   const ListedBars bars(barAlongX(1, 1000), test::bySchedule(Schedule::kBs8666));
-  const Texts cells = cellsOf(barTable(bars.list(), kEnglishList, kPeople), 0);
+  const CellTexts cells = cellsOf(barTable(bars.list(), kEnglishList, kPeople), 0);
   EXPECT_EQ(cells[1], "00");
   EXPECT_EQ(cells[6], "-");
   EXPECT_EQ(cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0)[7], "");
@@ -120,13 +121,13 @@ TEST(ToolBarTable, HasAQuestionMarkForTheWidthOfAStirrup) {
   const std::string stirrup = barOfPoints("Stirrup", {{0, 0, 0}, {500, 0, 0}}, 90);
   const ListedBars bars(stirrup, test::bySchedule(Schedule::kIso3766));
   const ListTable table = barTable(bars.list(), kEnglishList, kPeople);
-  const Texts titles = titlesOf(table);
-  const Texts cells = cellsOf(table, 0);
+  const CellTexts titles = titlesOf(table);
+  const CellTexts cells = cellsOf(table, 0);
   EXPECT_EQ(cells[7].substr(0, 4), "\u2265 ");
   EXPECT_NE(cells[10].find(" / ? / "), std::string::npos) << cells[10];
   EXPECT_EQ(titles.back(), "remarks");
   EXPECT_NE(cells.back().find("at least: its width is not in the file"), std::string::npos);
-  const Texts forPrograms = cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0);
+  const CellTexts forPrograms = cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0);
   EXPECT_EQ(forPrograms[8].find('\xE2'), std::string::npos);
 }
 
@@ -136,9 +137,9 @@ TEST(ToolBarTable, HasLengthsFromAndToTogetherForPeople) {
   test::SeriesParts series = test::uprightBars(0, 0, 1000, 3, 200);
   series.top = {100, 300, 500};
   const ListedBars bars(barOf(parts) + seriesOf(series));
-  const Texts people = cellsOf(barTable(bars.list(), kEnglishList, kPeople), 0);
+  const CellTexts people = cellsOf(barTable(bars.list(), kEnglishList, kPeople), 0);
   EXPECT_EQ(people[6], "600 to 1000");
-  const Texts programs = cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0);
+  const CellTexts programs = cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0);
   EXPECT_EQ(programs[7], "600");
   EXPECT_EQ(programs[8], "1000");
   EXPECT_EQ(cellsOf(barTable(bars.list(), kFrenchList, kPeople), 0)[6], "600 \u00e0 1000");
@@ -146,12 +147,12 @@ TEST(ToolBarTable, HasLengthsFromAndToTogetherForPeople) {
 
 TEST(ToolBarTable, HasNoLengthForABarSeenEndOn) {
   const ListedBars bars(barOfPoints("PointBar", {{}}), test::bySchedule(Schedule::kBs8666));
-  const Texts people = cellsOf(barTable(bars.list(), kEnglishList, kPeople), 0);
+  const CellTexts people = cellsOf(barTable(bars.list(), kEnglishList, kPeople), 0);
   EXPECT_EQ(people[1], "");
   for (const std::size_t column : {8U, 9U, 10U}) {
     EXPECT_EQ(people[column], "-") << column;
   }
-  const Texts programs = cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0);
+  const CellTexts programs = cellsOf(barTable(bars.list(), kEnglishList, kPrograms), 0);
   for (const std::size_t column : {9U, 10U, 11U, 12U}) {
     EXPECT_EQ(programs[column], "") << column;
   }
@@ -172,9 +173,10 @@ TEST(ToolSumTable, HasDiametersAsShortAsTheyGo) {
   const ListedBars bars(barAlongX(1, 1000, 8) + barAlongX(2, 1000, 12.5) +
                         barAlongX(3, 1000, 9.525));
   const ListTable table = sumTable(bars.list(), kEnglishList);
-  EXPECT_EQ(titlesOf(table), (Texts{"diameter [mm]", "grade", "number", "total [m]", "mass [kg]"}));
+  EXPECT_EQ(titlesOf(table),
+            (CellTexts{"diameter [mm]", "grade", "number", "total [m]", "mass [kg]"}));
   ASSERT_EQ(table.rows.size(), 3U);
-  EXPECT_EQ(cellsOf(table, 0), (Texts{"8", "B500B", "1", "1.00", "0.39"}));
+  EXPECT_EQ(cellsOf(table, 0), (CellTexts{"8", "B500B", "1", "1.00", "0.39"}));
   EXPECT_EQ(cellsOf(table, 1)[0], "9.53");
   EXPECT_EQ(cellsOf(table, 2)[0], "12.5");
 }
@@ -191,20 +193,21 @@ TEST(ToolListTables, NameTheDrawingWhereThereAreSeveral) {
   EXPECT_EQ(titlesOf(barTable(two, kEnglishList, kPeople))[0], "drawing");
   EXPECT_EQ(cellsOf(barTable(two, kEnglishList, kPeople), 1)[0], "loaded.xml");
   EXPECT_EQ(titlesOf(meshTable(one, kEnglishList, Audience::kPeople)),
-            (Texts{"reference", "type", "pieces", "along X [mm]", "along Y [mm]", "area [m2]",
-                   "total area [m2]"}));
+            (CellTexts{"reference", "type", "pieces", "along X [mm]", "along Y [mm]", "area [m2]",
+                       "total area [m2]"}));
   EXPECT_EQ(cellsOf(meshTable(two, kEnglishList, Audience::kPeople), 0),
-            (Texts{"A", "T1", "ST 25", "1", "6000", "2400", "14.40", "14.40"}));
+            (CellTexts{"A", "T1", "ST 25", "1", "6000", "2400", "14.40", "14.40"}));
   EXPECT_EQ(titlesOf(leftOutTable(one, kEnglishList, Audience::kPeople)),
-            (Texts{"class", "index", "number", "reason"}));
+            (CellTexts{"class", "index", "number", "reason"}));
   EXPECT_EQ(titlesOf(leftOutTable(one, kEnglishList, Audience::kPrograms))[0], "drawing");
-  EXPECT_EQ(titlesOf(explanationTable(one, kEnglishList)), (Texts{"mark", "shape", "explanation"}));
+  EXPECT_EQ(titlesOf(explanationTable(one, kEnglishList)),
+            (CellTexts{"mark", "shape", "explanation"}));
   EXPECT_EQ(cellsOf(explanationTable(two, kEnglishList), 1),
-            (Texts{"loaded.xml", "1", "straight bar", "1 drawn: 1"}));
+            (CellTexts{"loaded.xml", "1", "straight bar", "1 drawn: 1"}));
   EXPECT_EQ(titlesOf(drawingTable(two, kEnglishList)),
-            (Texts{"drawing", "file", "number", "total [m]", "mass [kg]"}));
+            (CellTexts{"drawing", "file", "number", "total [m]", "mass [kg]"}));
   EXPECT_EQ(cellsOf(drawingTable(two, kEnglishList), 0),
-            (Texts{"A", "loaded.xml", "1", "1.00", "0.62"}));
+            (CellTexts{"A", "loaded.xml", "1", "1.00", "0.62"}));
 }
 
 // Twenty thousand bars without a diameter are one line, not twenty thousand.
@@ -218,9 +221,9 @@ TEST(ToolLeftOutTable, GathersElementsOfOneClassAndReason) {
   const ListTable table = leftOutTable(bars.list(), kEnglishList, Audience::kPeople);
   ASSERT_EQ(table.rows.size(), 3U);
   EXPECT_EQ(cellsOf(table, 0),
-            (Texts{"StraightBar", "1-3, 5", "4", "no diameter that can be reckoned with"}));
+            (CellTexts{"StraightBar", "1-3, 5", "4", "no diameter that can be reckoned with"}));
   EXPECT_EQ(cellsOf(table, 1),
-            (Texts{"StraightBar", "4", "1", "no length that can be reckoned with"}));
+            (CellTexts{"StraightBar", "4", "1", "no length that can be reckoned with"}));
   EXPECT_EQ(cellsOf(table, 2)[0], "Pin");
 }
 

@@ -14,7 +14,7 @@ namespace quorvan::tool {
 namespace {
 
 // Every text of a wording, in the order of its members.
-std::vector<std::string_view> textsOf(const ListWording& words) {
+std::vector<std::string_view> everyTextOf(const ListWording& words) {
   std::vector<std::string_view> texts(words.shapes.begin(), words.shapes.end());
   texts.insert(texts.end(), words.reasons.begin(), words.reasons.end());
   const auto addMembers = [&texts](const auto& group) {
@@ -34,7 +34,7 @@ std::vector<std::string_view> textsOf(const ListWording& words) {
   return texts;
 }
 
-std::multiset<char> placesIn(std::string_view text) {
+std::multiset<char> placeholdersIn(std::string_view text) {
   std::multiset<char> places;
   for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
     places.insert(text.at(at + 1));
@@ -54,13 +54,13 @@ TEST(ToolListWording, FillsItsPlacesWhereverTheyStand) {
 
 // A translation that forgot a value, or a text, would show at the customer's first.
 TEST(ToolListWording, HasEveryTextInEveryLanguageWithTheSamePlaces) {
-  const std::vector<std::string_view> english = textsOf(kEnglishList);
+  const std::vector<std::string_view> english = everyTextOf(kEnglishList);
   for (const ListWording* const words : kListWordings) {
-    const std::vector<std::string_view> texts = textsOf(*words);
+    const std::vector<std::string_view> texts = everyTextOf(*words);
     ASSERT_EQ(texts.size(), english.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {
       EXPECT_FALSE(texts[i].empty()) << words->name << " lacks: " << english[i];
-      EXPECT_EQ(placesIn(texts[i]), placesIn(english[i])) << texts[i];
+      EXPECT_EQ(placeholdersIn(texts[i]), placeholdersIn(english[i])) << texts[i];
     }
   }
 }
