@@ -43,6 +43,7 @@ class Painter {
       cut(m_scene.window && shape.layer != Layer::kTitle);
       paint(shape);
     }
+    flush();
     cut(false);
   }
 

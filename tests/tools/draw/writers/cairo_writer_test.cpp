@@ -158,6 +158,18 @@ Shape paperFrom(double x) {
   return paper;
 }
 
+// Strokes are painted together, the last of a picture as well.
+TEST(ToolPng, HasTheStrokesThatComeLast) {
+  Shape line = paperFrom(50);
+  line.style = {{}, 0.35};
+  const std::string bare = pictureOf("x");
+  const std::string one = pictureOf("x", {line});
+  EXPECT_NE(one, bare);
+  Shape other = paperFrom(150);
+  other.style = line.style;
+  EXPECT_NE(pictureOf("x", {line, other}), one);
+}
+
 TEST(ToolPaintedTexts, AreNoWiderThanTheSheetIsLaidOutFor) {
   for (const char* const text :
        {"WWWWMMMM", "12 HA16 e=20 L=3.20", "iiiiiilllll", "\u0428\u0429\u0416\u042E\u0428\u0429",
