@@ -6,9 +6,10 @@ function canvasSurface(canvas, moving, picture) {
   const context = canvas.getContext('2d', {alpha: false});
   const painter = canvasPainter(picture);
   const touch = canvasTouch(picture);
-  const portion = 10;       // milliseconds of painting in a frame
+  const portionFirst = 120; // milliseconds of painting in a frame, before there is a picture
+  const portion = 25;       // and in one that stands still
   const portionMoving = 3;  // and in one that moves
-  const atOnce = 1000;      // shapes
+  const atOnce = 8;         // milliseconds: what takes no longer is painted anew in each frame
   const foundColor = '#ff8a00';
   const dark = window.matchMedia('(prefers-color-scheme: dark)');
   const all = new Uint32Array(picture.count).map(function (_, i) { return i; });
@@ -79,6 +80,7 @@ function canvasSurface(canvas, moving, picture) {
     let ready = null;
     let next = null;
     let spare = null;
+    let cost = 0.01;  // milliseconds for a shape, as they were of late
 
     function begin(view, shapes) {
       const used = next || spare;
@@ -96,12 +98,18 @@ function canvasSurface(canvas, moving, picture) {
       return plate.getContext('2d', {alpha: !isOpaque, willReadFrequently: true});
     }
 
-    // Paints until the time is over; gives whether there is more to paint.
-    function goOn(end) {
-      while (next && next.at < next.shapes.length && performance.now() < end) {
-        const to = Math.min(next.shapes.length, next.at + 200);
+    // Paints until the time is over; gives whether there is more to paint. Each piece ends with a look at the
+    // bitmap, so that what is only noted down until then takes its time within it.
+    function goOn(time) {
+      const end = performance.now() + time;
+      let now = performance.now();
+      while (next && next.at < next.shapes.length && now < end) {
+        const to = Math.min(next.shapes.length, next.at + Math.max(1, Math.floor((end - now) / cost)));
         painter.paint(next, next.view, next.shapes, next.at, to, isShown, next.ink);
-        next.getImageData(0, 0, 1, 1);  // what is only noted down so far takes its time now
+        next.getImageData(0, 0, 1, 1);
+        const after = performance.now();
+        cost = 0.5 * cost + 0.5 * Math.max(after - now, 0.05) / (to - next.at);
+        now = after;
         next.at = to;
       }
       if (next && next.at >= next.shapes.length) {
@@ -129,6 +137,8 @@ function canvasSurface(canvas, moving, picture) {
       begin: begin,
       goOn: goOn,
       show: show,
+      isReady: function () { return ready !== null; },
+      takes: function (shapes) { return cost * shapes.length; },
       // The view that it is or will be of.
       view: function () { return (next || ready || {}).view; }
     };
@@ -172,8 +182,8 @@ function canvasSurface(canvas, moving, picture) {
 
   function isSame(a, b) { return Boolean(a && b) && a.x === b.x && a.y === b.y && a.scale === b.scale; }
 
-  // Few shapes are painted at once; of many a new bitmap is begun when the view stands still, while the old one
-  // moves with it.
+  // Few shapes are painted anew in each frame; of many a new bitmap is begun when the view stands still, while
+  // the old one moves with it.
   function frame() {
     isAsked = false;
     fit();
@@ -181,22 +191,15 @@ function canvasSurface(canvas, moving, picture) {
     const shapes = visibleShapes(view);
     const isMoving = !isSame(view, before);
     before = view;
-    const isAtOnce = shapes.length + foundShapes.length <= atOnce;
-    let isMore = false;
-    if (isAtOnce) {
-      paintPaper(context, view);
-      painter.paint(context, view, shapes, 0, shapes.length, isShown, ink());
-      painter.paint(context, view, foundShapes, 0, foundShapes.length, isShown, foundInk());
-    } else {
-      if (isStale || !sheet.view() || (!isMoving && !isSame(view, sheet.view()))) { sheet.begin(view, shapes); }
-      if (isFoundStale || (!isMoving && !isSame(view, found.view()))) { found.begin(view, foundShapes); }
-      isStale = isFoundStale = false;
-      const end = performance.now() + (isMoving ? portionMoving : portion);
-      isMore = [found.goOn(end), sheet.goOn(end)].some(Boolean) || isMoving;
-      paintPaper(context, view);
-      sheet.show(view);
-      found.show(view);
-    }
+    const isQuick = sheet.takes(shapes) + found.takes(foundShapes) < atOnce;
+    if (isStale || !sheet.view() || ((isQuick || !isMoving) && !isSame(view, sheet.view()))) { sheet.begin(view, shapes); }
+    if (isFoundStale || ((isQuick || !isMoving) && !isSame(view, found.view()))) { found.begin(view, foundShapes); }
+    isStale = isFoundStale = false;
+    const time = !sheet.isReady() ? portionFirst : isQuick || !isMoving ? portion : portionMoving;
+    const isMore = [found.goOn(time), sheet.goOn(time)].some(Boolean) || isMoving;
+    paintPaper(context, view);
+    sheet.show(view);
+    found.show(view);
     canvas.dataset.painted = String(!isMore);
     if (isMore) { ask(); }
   }

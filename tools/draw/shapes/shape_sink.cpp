@@ -216,8 +216,9 @@ std::vector<Shape> ShapeSink::take() {
   // Dashed bars lie on visible ones, so that their gaps are seen.
   for (const Layer bars : {Layer::kLinks, Layer::kBars}) {
     if (m_context.hidden == HiddenBars::kDashed && sheet().isPaper()) {
-      std::ranges::stable_partition(m_layers[static_cast<std::size_t>(bars)],
-                                    [](const Shape& shape) { return !shape.isHidden; });
+      std::vector<Shape>& shapes = m_layers[static_cast<std::size_t>(bars)];
+      std::stable_partition(shapes.begin(), shapes.end(),
+                            [](const Shape& shape) { return !shape.isHidden; });
     }
   }
   std::size_t count = 0;
