@@ -1,5 +1,7 @@
 #include <tools/draw/page/packed_numbers.h>
 
+#include <algorithm>
+
 namespace quorvan::tool {
 
 void PackedNumbers::add(std::uint64_t number) {
