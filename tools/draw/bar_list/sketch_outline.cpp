@@ -92,7 +92,7 @@ bool lieTogether(const DrawnLeg& one, const DrawnLeg& other) {
   const auto along = [&](PlanePoint point) {
     return (point.x - one.begin.x) * way.x + (point.y - one.begin.y) * way.y;
   };
-  const auto [least, most] = std::minmax(along(other.begin), along(other.end));
+  const auto [least, most] = std::minmax({along(other.begin), along(other.end)});
   return most > 0.0 && least < lengthOf(one.end - one.begin);
 }
 
