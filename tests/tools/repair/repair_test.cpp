@@ -195,8 +195,8 @@ TEST(ToolRepair, NeverWritesOverTheFileItself) {
     EXPECT_EQ(run.status, 2);
     EXPECT_NE(run.err.find("is the file itself"), std::string::npos) << run.err;
   }
-  std::filesystem::create_hard_link("sample.xml", "link.xml");
-  EXPECT_EQ(runTool({"check", "sample.xml", "--repair", "-o", "link.xml"}).status, 2);
+  std::filesystem::create_hard_link("sample.xml", "same.xml");
+  EXPECT_EQ(runTool({"check", "sample.xml", "--repair", "-o", "same.xml"}).status, 2);
   EXPECT_EQ(fileBytes("sample.xml"), sampleBytes());
 }
 

@@ -160,7 +160,11 @@ TEST(ToolSeriesShapes, ThatAreHiddenAreDashedSolidOrOff) {
   parts.isHidden = true;
   const std::string drawing = barOf(upright()) + test::seriesOf(parts);
   DrawOptions options = atFullSize();
-  EXPECT_TRUE(shapesOn(sceneOf(drawing, options).scene, Layer::kRepartitions).at(0).style.isDashed);
+  const std::vector<Shape> dashed =
+      shapesOn(sceneOf(drawing, options).scene, Layer::kRepartitions, Shape::Kind::kPath);
+  ASSERT_GE(dashed.size(), 2U);
+  EXPECT_EQ(dashed[0].style.color, ink::kPaper) << "shows between the dashes of the one above it";
+  EXPECT_TRUE(dashed[1].style.isDashed);
   options.hidden = HiddenBars::kSolid;
   EXPECT_FALSE(
       shapesOn(sceneOf(drawing, options).scene, Layer::kRepartitions).at(0).style.isDashed);
