@@ -131,8 +131,8 @@ TEST(ToolFishCompletion, QuotesItsTexts) {
        "-n __fish_use_subcommand -f -a show -d 'what is \\'in\\' [a] file: all|none'\n",
        "-n '__fish_seen_subcommand_from show' -l unit -x -a 'mm cm' -d 'Unit: it\\'s [mm]'\n",
        " -s o -l output -r -F -d 'File to write'\n", " -l scale -x -d 'How'\n",
-       "-n '__fish_seen_subcommand_from make; and test (count (commandline -opc)) -ge 2' -f -a "
-       "'Line Text' -d 'Files'\n"});
+       ("-n '__fish_seen_subcommand_from make; and test (count (commandline -opc)) -ge 2' -f -a "
+        "'Line Text' -d 'Files'\n")});
 }
 
 TEST(ToolBashCompletion, KnowsWhichOptionsHaveValues) {

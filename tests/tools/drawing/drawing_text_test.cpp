@@ -47,8 +47,8 @@ TEST(ToolDrawingText, StandsInAnyOrderAndLayout) {
       "\r\n{\r\n\t\"elements\" : [\r\n" + circleText() +
           "\r\n]\r\n,\r\n\"drawing\" : null\r\n}\r\n",
       "\xEF\xBB\xBF" + withElements(circleText()),
-      R"({"elements":[{"Color":7,"Radius":1.0e0,"Center":[1.0,20e-1,3],"class":"CKtZantoCircle"}],)"
-      R"("drawing":null})",
+      (R"({"elements":[{"Color":7,"Radius":1.0e0,"Center":[1.0,20e-1,3],"class":"CKtZantoCircle"}],)"
+       R"("drawing":null})"),
       withElements(R"({"\u0063lass": "CKtZanto\u0043ircle", "Center": [1, 2, 3], "Radius": 1, )"
                    R"("Color": 7})")};
   for (const std::string& text : texts) {
