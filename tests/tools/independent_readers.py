@@ -193,7 +193,7 @@ window.addEventListener('load', function () {
   document.querySelector('#bars .list tbody tr:nth-child(2)').click();
   result.rowFound = found();
   document.getElementById('whole').click();
-  const bar = Array.from(document.querySelectorAll('g[data-layer=bars] path'))[5];
+  const bar = document.querySelector('g[data-layer=bars] path[data-e="14"]');
   const point = bar.getPointAtLength(bar.getTotalLength() * 0.95).matrixTransform(svg.getScreenCTM());
   view.dispatchEvent(new MouseEvent('click', {bubbles: true, clientX: point.x, clientY: point.y}));
   result.element = text('element');

@@ -62,8 +62,11 @@ function canvasSurface(canvas, moving, picture) {
   const light = inkFor(false);
   const onDark = inkFor(true);
   function ink() { return dark.matches && !isPrinting ? onDark : light; }
-  // What is found shows from afar.
-  function foundInk() { return {paper: ink().paper, of: function () { return foundColor; }, least: 2}; }
+  // What is found shows from afar; the gaps between the dashes of a hidden bar stay paper.
+  function foundInk() {
+    const paper = ink().paper;
+    return {paper, of: function (style) { return picture.styles[style].color === '#ffffff' ? paper : foundColor; }, least: 2};
+  }
 
   // --- plates ----------------------------------------------------------------------------------
 

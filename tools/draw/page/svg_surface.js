@@ -27,10 +27,14 @@ function svgSurface(svg) {
     });
   }
 
+  // The gaps between the dashes of a hidden bar are paper, and stay so.
+  const paper = 'rgb(255, 255, 255)';
+
   function mark(places) {
     shapes(places).forEach(function (shape) {
-      if (getComputedStyle(shape).stroke === 'none') { shape.classList.add('filled'); }
-      shape.classList.add('found');
+      const stroke = getComputedStyle(shape).stroke;
+      if (stroke === 'none') { shape.classList.add('filled'); }
+      if (stroke !== paper) { shape.classList.add('found'); }
       const copy = shape.cloneNode(true);
       copy.removeAttribute('data-e');
       copy.setAttribute('data-of', shape.closest('g[data-layer]').dataset.layer);

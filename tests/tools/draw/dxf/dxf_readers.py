@@ -300,10 +300,12 @@ def check_link(element, entities, _):
         for x, y, _ in ring:
             ensure(min(distance((x, y), p, q) for p, q in zip(corners, corners[1:] + corners[:1])) < 1e-4, element)
     if element["class"] == "CKtZantoFrameCirc":
-        # It begins at its start; one without hook or overlap is a full circle.
+        # It begins at its start, with a hook as much short of it as the bend reaches, or a little more where
+        # right-angled hooks run side by side; one without hook or overlap is a full circle.
         starts = [corner for one in entities for corner in vertices(one)[0]]
         is_plain = not element["HookLength1"] and not element["RecoverLength"]
-        ensure(is_plain or any(near_point(one, element["StartPoint"], 1e-4) for one in starts), element)
+        short = max(4.5 * element["Diameter"], 0.4 * element["FrameRadius"]) if element["HookLength1"] else 1e-4
+        ensure(is_plain or any(math.dist(one[:2], element["StartPoint"][:2]) <= short for one in starts), element)
         ensure(any(near(math.dist(element["Center"][:2], one[:2]), element["FrameRadius"], 1e-4) for one in starts), element)
 
 
