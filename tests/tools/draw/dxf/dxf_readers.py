@@ -300,13 +300,27 @@ def check_link(element, entities, _):
         for x, y, _ in ring:
             ensure(min(distance((x, y), p, q) for p, q in zip(corners, corners[1:] + corners[:1])) < 1e-4, element)
     if element["class"] == "CKtZantoFrameCirc":
-        # It begins at its start, with a hook as much short of it as the bend reaches, or a little more where
-        # right-angled hooks run side by side; one without hook or overlap is a full circle.
         starts = [corner for one in entities for corner in vertices(one)[0]]
-        is_plain = not element["HookLength1"] and not element["RecoverLength"]
-        short = max(4.5 * element["Diameter"], 0.4 * element["FrameRadius"]) if element["HookLength1"] else 1e-4
-        ensure(is_plain or any(math.dist(one[:2], element["StartPoint"][:2]) <= short for one in starts), element)
+        check_ring_start(element, starts)
         ensure(any(near(math.dist(element["Center"][:2], one[:2]), element["FrameRadius"], 1e-4) for one in starts), element)
+
+
+def check_ring_start(element, corners):
+    """It begins at its start, with a hook as much short of it as the bend reaches, which is no more than the
+    hook is long; one without hook or overlap is a full circle."""
+    if not element["HookLength1"]:
+        ensure(not element["RecoverLength"] or any(near_point(one, element["StartPoint"], 1e-4) for one in corners), element)
+        return
+    x, y = element["Center"][:2]
+    radius, diameter, angle = element["FrameRadius"], element["Diameter"], math.radians(abs(element["HookAngle1"]))
+    bend = (5 if diameter <= 16 else 8) / 2 * diameter
+    least = most = min(bend * math.tan(min(angle, math.pi / 2) / 2), element["HookLength1"]) / radius
+    if element["RecoverLength"] <= 0 and angle < 1.8:
+        most = max(least, 0.4)  # right-angled hooks run side by side
+    begin = math.atan2(element["StartPoint"][1] - y, element["StartPoint"][0] - x)
+    turns = [math.remainder(math.atan2(one[1] - y, one[0] - x) - begin, math.tau) for one in corners
+             if near(math.dist((x, y), one[:2]), radius, 1e-4)]
+    ensure(any(least - 1e-5 <= abs(turn) <= most + 1e-5 for turn in turns), element, turns, least, most)
 
 
 def distance(place, a, b):
