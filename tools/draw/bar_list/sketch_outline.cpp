@@ -1,5 +1,6 @@
 #include <tools/draw/bar_list/sketch_outline.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
+#include <string>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include <tools/draw/page/packed_numbers.h>
 #include <tools/draw/page/script_json.h>
