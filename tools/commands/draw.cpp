@@ -164,14 +164,15 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
   return result;
 }
 
-void writePicture(const TransferFile& file, const SceneResult& result,
-                  const DrawArguments& arguments, const DrawOptions& drawing,
-                  const std::filesystem::path& path, Console& console) {
-  if (formOf(arguments.output) != ".html") {
+// A page, or a picture without a list.
+void writePicture(const TransferFile& file, const SceneResult& result, const BarList* list,
+                  const DrawArguments& arguments, const std::filesystem::path& path,
+                  Console& console) {
+  if (list == nullptr) {
     return writeScene(result.scene, {arguments.output, arguments.dotsPerInch}, path, console);
   }
   std::ofstream out(path, std::ios::binary);
-  writeHtmlPage(file, result.scene, *drawing.unit, result.unitsPerMillimetre, out);
+  writeHtmlPage(file, *list, result.scene, result.unitsPerMillimetre, out);
   closeWritten(out, arguments.output);
 }
 
@@ -254,7 +255,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   if (bvbs::isBendingDataName(arguments.file)) {
     return drawBendingData(arguments, console);
   }
-  const DrawOptions drawing = drawOptions(arguments);
+  DrawOptions drawing = drawOptions(arguments);
   refuseSameFile(arguments.file, arguments.output);
   const TransferFile file(arguments.file, console);
   if (formOf(arguments.output) == ".dxf") {
@@ -265,10 +266,22 @@ void draw(const DrawArguments& arguments, Console& console) {
             folder.file(), console);
     return folder.moveToTarget();
   }
-  const SceneResult result = buildScene(file, drawing, console);
+  if (!drawing.angles) {
+    drawing.angles = guessAngleUnit(file).unit;
+  }
+  // The page has the bar list beside the drawing, whose labels say what is in it.
+  std::optional<BarList> list;
+  if (formOf(arguments.output) == ".html") {
+    ListOptions options;
+    options.unit = drawing.unit;
+    options.angles = drawing.angles;
+    list = makeBarList({&file}, options);
+  }
+  const BarList* const listed = list ? &*list : nullptr;
+  const SceneResult result = buildScene(file, drawing, console, listed);
   report(file, result, drawing, console);
   const WorkFolder folder(arguments.output, console);
-  writePicture(file, result, arguments, drawing, folder.file(), console);
+  writePicture(file, result, listed, arguments, folder.file(), console);
   folder.moveToTarget();
 }
 

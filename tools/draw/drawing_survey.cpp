@@ -28,9 +28,7 @@ void look(const Shape& shape, Findings& findings, SheetBox& box) {
     return;
   }
   // Lines keep within the margin with their width.
-  Shape bare = shape;
-  bare.style.width = 0.0;
-  const SheetBox painted = paintedBox(bare);
+  const SheetBox painted = paintedBox(shape, 0.0);
   box.include(painted);
   if (shape.layer == Layer::kLines && (painted.width() == 0.0 || painted.height() == 0.0)) {
     findings.lines.push_back(painted);

@@ -25,10 +25,26 @@ double letteringOf(const ScaleHints& hints, const Sheet& sheet) {
   return height ? std::clamp(*height / sheet.scale(), kLeastLabel, kLargestLabel) : kLabelLettering;
 }
 
+BarNumbers numbersOf(const TransferFile& file, const DrawOptions& options, AngleUnit angles,
+                     const BarList* list) {
+  if (options.marks == Marks::kNone) {
+    return {};
+  }
+  if (list != nullptr) {
+    return numbersByMark(*list);
+  }
+  ListOptions numbers;
+  numbers.unit = options.unit;
+  numbers.angles = angles;
+  numbers.hasShapes = false;
+  return numbersByMark(makeBarList({&file}, numbers));
+}
+
 // Draws element by element.
 class Builder {
  public:
-  Builder(const TransferFile& file, const DrawOptions& options, Progress& progress)
+  Builder(const TransferFile& file, const DrawOptions& options, const BarList* list,
+          Progress& progress)
       : m_file(file),
         m_options(options),
         m_progress(progress),
@@ -36,6 +52,7 @@ class Builder {
         m_colors(options.colors ? *options.colors : guessColorScheme(file)),
         m_language(options.language ? *options.language : guessLanguage(file)),
         m_repeated(file),
+        m_numbers(numbersOf(file, options, m_angles, list)),
         m_survey(survey(file, options, m_angles, m_repeated)) {
     if (m_survey.hasBars && options.marks != Marks::kNone && !m_survey.contents.hints.frame &&
         !options.window) {
@@ -62,7 +79,7 @@ class Builder {
     DrawContext context{sheet, m_colors, m_angles, m_options.hidden, m_language};
     context.lettering = letteringOf(m_survey.contents.hints, sheet);
     ShapeSink sink(context);
-    MarkLabels labels(m_file, sheet, m_options);
+    MarkLabels labels(m_file, m_numbers, sheet, m_options);
     ElementPainter painter(m_file, m_repeated, sink, &labels);
     drawElements(painter);
     labels.draw(sink);
@@ -143,15 +160,17 @@ class Builder {
   ColorScheme m_colors;
   Language m_language;
   RepeatedBars m_repeated;
+  BarNumbers m_numbers;
   DrawingSurvey m_survey;
   double m_overhang = 0.0;
 };
 
 }  // namespace
 
-SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console) {
+SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console,
+                       const BarList* list) {
   Progress progress(console, "drawing " + printable(file.name()));
-  return Builder(file, options, progress).build();
+  return Builder(file, options, list, progress).build();
 }
 
 }  // namespace quorvan::tool

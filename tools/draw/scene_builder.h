@@ -9,6 +9,7 @@
 #include <tools/draw/scene/draw_options.h>
 #include <tools/draw/scene/scene.h>
 #include <tools/files/transfer_file.h>
+#include <tools/schedule/bar_list.h>
 
 namespace quorvan::tool {
 
@@ -21,6 +22,8 @@ struct SceneResult {
   std::uint64_t withoutHeight = 0;      // texts without a height, which got one
 };
 
-SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console);
+/// `list` is the bar list of the file, where that is made already.
+SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console,
+                       const BarList* list = nullptr);
 
 }  // namespace quorvan::tool

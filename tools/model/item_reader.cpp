@@ -281,7 +281,26 @@ class ItemReader::Reading {
     }
   }
 
+  // The coordinates of a point whose attributes are just X, Y and Z, as hosts write them; gives
+  // whether they are.
+  bool readOrdered(const Node& node, Coordinates& point) const {
+    auto attribute = m_tree.attributes(node).begin();
+    double* const values[] = {&point.x, &point.y, &point.z};
+    for (std::size_t i = 0; i < std::size(values); ++i, ++attribute) {
+      if (attribute == AttributeList::Iterator() ||
+          attribute->name != filer::kCoordinateNames[i].text()) {
+        return false;
+      }
+      const double number = parseDouble(attribute->value);
+      *values[i] = m_values == Values::kAsFiled ? filedNumber(attribute->value, number) : number;
+    }
+    return true;
+  }
+
   void readPoint(const Node& node, Coordinates& point) {
+    if (m_problems == nullptr && readOrdered(node, point)) {
+      return;
+    }
     readDouble(node, filer::kX.text(), point.x);
     readDouble(node, filer::kY.text(), point.y);
     readDouble(node, filer::kZ.text(), point.z);

@@ -3,10 +3,56 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 #include <quorvan/text/numbers.h>
 
 namespace quorvan::tool {
+
+namespace {
+
+constexpr double kTens[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5};
+
+// Whole numbers below a thousand million with few decimals are told by one product, unless that
+// lies so near the middle between two that only all digits can tell.
+bool appendQuickly(std::string& out, double value, int decimals) {
+  constexpr double kMostScaled = 1e9;  // its product is known to a ten-millionth
+  constexpr double kUncertain = 1e-6;
+  if (decimals < 0 || decimals >= static_cast<int>(std::size(kTens))) {
+    return false;
+  }
+  const double scaled = std::abs(value) * kTens[decimals];
+  if (!(scaled < kMostScaled)) {
+    return false;
+  }
+  auto whole = static_cast<std::uint32_t>(scaled);
+  const double beyond = scaled - whole;
+  if (std::abs(beyond - 0.5) < kUncertain) {
+    return false;
+  }
+  whole += beyond > 0.5 ? 1U : 0U;
+  while (decimals > 0 && whole % 10 == 0) {
+    whole /= 10;
+    --decimals;
+  }
+  if (value < 0.0 && whole != 0) {
+    out += '-';
+  }
+  std::array<char, 16> digits{};
+  char* const end = digits.data() + digits.size();
+  char* at = end;
+  for (int i = 0; i <= decimals || whole != 0; ++i) {
+    if (i == decimals && i > 0) {
+      *--at = '.';
+    }
+    *--at = static_cast<char>('0' + whole % 10);
+    whole /= 10;
+  }
+  out.append(at, end);
+  return true;
+}
+
+}  // namespace
 
 std::string shortest(double value) {
   std::array<char, kShortestCapacity> buffer{};
@@ -25,11 +71,15 @@ std::string fixed(double value, int decimals) {
   return text;
 }
 
-std::string rounded(double value, int decimals) {
+void appendRounded(std::string& out, double value, int decimals) {
   constexpr double kLargest =
       1e15;  // beyond it a number has no decimals, and its digits mean little
+  if (appendQuickly(out, value, decimals)) {
+    return;
+  }
   if (!(std::abs(value) < kLargest)) {
-    return shortest(value);
+    out += shortest(value);
+    return;
   }
   std::string text = fixed(value, decimals);
   if (text.find('.') != std::string::npos) {
@@ -38,6 +88,12 @@ std::string rounded(double value, int decimals) {
       text.pop_back();
     }
   }
+  out += text;
+}
+
+std::string rounded(double value, int decimals) {
+  std::string text;
+  appendRounded(text, value, decimals);
   return text;
 }
 

@@ -18,6 +18,8 @@ std::string fixed(double value, int decimals);
 /// Rounded to `decimals` places, without zeros at the end; no "-0". From 1e15 upwards as short as
 /// it goes.
 std::string rounded(double value, int decimals);
+/// The same, behind a text that is there.
+void appendRounded(std::string& out, double value, int decimals);
 
 /// Ascending numbers, consecutive ones as "1-4"; "..." after the first `most` of these runs.
 std::string runsOf(const std::vector<std::int64_t>& numbers,

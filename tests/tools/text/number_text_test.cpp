@@ -93,6 +93,32 @@ TEST(ToolNumbers, KeepZerosBeforeThePointWhereTheyAreRounded) {
   EXPECT_EQ(rounded(20.0, 0), "20");
 }
 
+// The usual ones are rounded without their digits being made; at the middle between two that alone
+// would guess.
+TEST(ToolNumbers, AreRoundedAsAllTheirDigitsSay) {
+  const auto byDigits = [](double value, int decimals) {
+    std::string text = fixed(value, decimals);
+    if (decimals > 0) {
+      text.erase(text.find_last_not_of('0') + 1);
+      text.erase(text.find_last_not_of('.') + 1);
+    }
+    return text;
+  };
+  std::mt19937_64 random(11);
+  for (int round = 0; round < 20000; ++round) {
+    const auto whole = static_cast<std::int64_t>(random()) >> (round % 50 + 14);
+    for (int decimals = 0; decimals <= 6; ++decimals) {
+      const double middle = (static_cast<double>(whole) + 0.5) / std::pow(10.0, decimals);
+      for (const double value :
+           {static_cast<double>(whole) * 1e-7, middle, std::nextafter(middle, kLargest),
+            std::nextafter(middle, -kLargest), middle + 1e-10}) {
+        ASSERT_EQ(rounded(value, decimals), byDigits(value, decimals))
+            << shortest(value) << ' ' << decimals;
+      }
+    }
+  }
+}
+
 TEST(ToolNumbers, AreWithinHalfALastPlace) {
   std::mt19937_64 random(5);
   for (int round = 0; round < 2000; ++round) {

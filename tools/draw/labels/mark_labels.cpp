@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <tools/schedule/bar_list.h>
-
 namespace quorvan::tool {
 
 namespace {
@@ -13,17 +11,19 @@ constexpr double kAtSeries = 2.0;  // mm beside its bars
 
 }  // namespace
 
-MarkLabels::MarkLabels(const TransferFile& file, const Sheet& sheet, const DrawOptions& options)
-    : m_marks(options.marks), m_hasSeries(options.shows(Layer::kRepartitions)) {
+BarNumbers numbersByMark(const BarList& list) {
+  BarNumbers numbers;
+  for (const BarRow& row : list.rows) {
+    numbers[row.mark] += row.number;
+  }
+  return numbers;
+}
+
+MarkLabels::MarkLabels(const TransferFile& file, const BarNumbers& numbers, const Sheet& sheet,
+                       const DrawOptions& options)
+    : m_marks(options.marks), m_hasSeries(options.shows(Layer::kRepartitions)), m_numbers(numbers) {
   if (m_marks == Marks::kAuto && options.shows(Layer::kTexts)) {
     m_texts.emplace(file, sheet);
-  }
-  if (m_marks != Marks::kNone) {
-    ListOptions list;
-    list.hasShapes = false;
-    for (const BarRow& row : makeBarList({&file}, list).rows) {
-      m_numbers[row.mark] += row.number;
-    }
   }
 }
 

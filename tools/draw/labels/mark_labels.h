@@ -12,13 +12,20 @@
 #include <tools/draw/shapes/shape_sink.h>
 #include <tools/files/transfer_file.h>
 #include <tools/model/bar.h>
+#include <tools/schedule/bar_list.h>
 
 namespace quorvan::tool {
 
+/// How many bars the list has of each mark.
+using BarNumbers = std::unordered_map<std::int64_t, std::uint64_t>;
+BarNumbers numbersByMark(const BarList& list);
+
 class MarkLabels {
  public:
-  /// By what is shown of the drawing: texts and series that are not say nothing.
-  MarkLabels(const TransferFile& file, const Sheet& sheet, const DrawOptions& options);
+  /// By what is shown of the drawing: texts and series that are not say nothing. The labels say the
+  /// numbers, which outlive them.
+  MarkLabels(const TransferFile& file, const BarNumbers& numbers, const Sheet& sheet,
+             const DrawOptions& options);
 
   /// Looks at a bar that is drawn.
   void look(const Element& element, const Bar& bar, const Sheet& sheet);
@@ -59,8 +66,8 @@ class MarkLabels {
 
   Marks m_marks;
   bool m_hasSeries;
-  std::optional<MarkTexts> m_texts;                           // that the drawing has
-  std::unordered_map<std::int64_t, std::uint64_t> m_numbers;  // of bars, by mark
+  std::optional<MarkTexts> m_texts;  // that the drawing has
+  const BarNumbers& m_numbers;
   std::unordered_map<std::int64_t, Said> m_said;
   std::set<std::int64_t> m_named;  // by these texts
   std::vector<Labelled> m_bars;

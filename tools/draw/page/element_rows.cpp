@@ -48,8 +48,9 @@ class RowWriter {
 
   // The mark of a bar, and of a repartition that of its bar.
   std::optional<std::int64_t> markOf(const Element& element, const std::vector<ItemValue>& items) {
-    if (const auto shape = barShapeOf(element)) {
-      return toBar(*shape, items).reference;
+    if (barShapeOf(element)) {
+      const ItemValue* const mark = findItem(items, "Reference");
+      return mark == nullptr ? 0 : mark->integer;
     }
     if (element.is(items::ElementClass::kRepartition)) {
       const Bar* const bar = m_bars.find(toRepartition(items));

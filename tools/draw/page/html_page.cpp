@@ -62,10 +62,8 @@ std::string csvOf(const BarList& list) {
   return out.str();
 }
 
-void writeBars(const TransferFile& file, const LengthUnit& unit, std::ostream& out) {
-  ListOptions options;
-  options.unit = &unit;
-  const BarList list = makeBarList({&file}, options);
+void writeBars(const BarList& list, std::ostream& out) {
+  const LengthUnit& unit = *list.options.unit;
   Json rows = Json::array();
   for (const BarRow& row : list.rows) {
     rows.push_back({{"mark", row.mark},
@@ -109,7 +107,7 @@ void writeDrawing(const Scene& scene, bool isLarge, std::ostream& out) {
 
 }  // namespace
 
-void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
+void writeHtmlPage(const TransferFile& file, const BarList& list, const Scene& scene,
                    double unitsPerMillimetre, std::ostream& out) {
   const bool isLarge = scene.shapes.size() > kMostSvgShapes;
   ElementHead head;
@@ -131,8 +129,8 @@ void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUni
     } else if (part == "data") {
       out << "{\"classes\": " << scriptJson(head.classes)
           << ",\n\"marks\": " << scriptJson(head.marks);
-      writeBars(file, unit, out);
-      writeUnit(unit, unitsPerMillimetre, out);
+      writeBars(list, out);
+      writeUnit(*list.options.unit, unitsPerMillimetre, out);
     }
   });
 }

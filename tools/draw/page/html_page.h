@@ -11,8 +11,9 @@
 namespace quorvan::tool {
 
 /// Writes well-formed XHTML that is HTML as well. It loads nothing from anywhere, and forbids
-/// itself to. `unitsPerMillimetre` is what a millimetre of the sheet is in the drawing's unit.
-void writeHtmlPage(const TransferFile& file, const Scene& scene, const LengthUnit& unit,
+/// itself to. The list is that of the file, in the drawing's unit; `unitsPerMillimetre` is what a
+/// millimetre of the sheet is in it.
+void writeHtmlPage(const TransferFile& file, const BarList& list, const Scene& scene,
                    double unitsPerMillimetre, std::ostream& out);
 
 }  // namespace quorvan::tool

@@ -206,11 +206,11 @@ class PictureWriter {
   }
 
   std::size_t styleOf(const Style& style) {
-    Json text = Json::array({webColor(style.color), std::round(style.width * kPerMillimetre),
-                             style.isFilled, style.isDashed, style.isOnPaper});
     if (m_lastStyle && *m_lastStyle == style) {
       return m_lastStyleNumber;
     }
+    Json text = Json::array({webColor(style.color), std::round(style.width * kPerMillimetre),
+                             style.isFilled, style.isDashed, style.isOnPaper});
     const auto [number, isNew] = m_knownStyles.numberOf(text.dump());
     if (isNew) {
       m_styles.push_back(std::move(text));

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include <tools/draw/scene/painted_box.h>
 
@@ -13,7 +14,7 @@ namespace {
 constexpr double kMostCells = 8e6;
 constexpr int kArcParts = 12;
 // Of a text, a line, concrete, a cell each.
-constexpr int kCosts[] = {static_cast<int>(Occupancy::kTextCost), 5, 1};
+constexpr unsigned kCosts[] = {static_cast<unsigned>(Occupancy::kTextCost), 5, 1};
 constexpr double kBesideSheet = 200.0;  // the sheet
 constexpr double kThinShare = 0.15;     // of the cost of a line or concrete
 
@@ -30,8 +31,32 @@ int placeAmong(int count, double place) {
 
 int costOf(std::uint8_t cell) {
   const unsigned bits = cell;
-  return static_cast<int>(bits & 1U) * kCosts[0] + static_cast<int>(bits >> 1U & 1U) * kCosts[1] +
-         static_cast<int>(bits >> 2U & 1U) * kCosts[2];
+  return static_cast<int>((bits & 1U) * kCosts[0] + (bits >> 1U & 1U) * kCosts[1] +
+                          (bits >> 2U & 1U) * kCosts[2]);
+}
+
+// Of eight cells: each byte has the cost of its cell, and the product adds them all up in its
+// highest.
+int costOfEight(const std::uint8_t* cells) {
+  constexpr std::uint64_t kOneEach = 0x0101010101010101;
+  constexpr unsigned kHighest = 56;
+  static_assert(8 * (kCosts[0] + kCosts[1] + kCosts[2]) < 256);
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, cells, sizeof bits);
+  const std::uint64_t costs = (bits & kOneEach) * kCosts[0] + (bits >> 1U & kOneEach) * kCosts[1] +
+                              (bits >> 2U & kOneEach) * kCosts[2];
+  return static_cast<int>(costs * kOneEach >> kHighest);
+}
+
+int costOf(const std::uint8_t* cells, int count) {
+  int sum = 0;
+  for (; count >= 8; count -= 8, cells += 8) {
+    sum += costOfEight(cells);
+  }
+  for (; count > 0; --count, ++cells) {
+    sum += costOf(*cells);
+  }
+  return sum;
 }
 
 }  // namespace
@@ -54,7 +79,7 @@ int Occupancy::row(double y) const {
   return placeAmong(m_rows, y / m_cell);
 }
 
-void Occupancy::takeAt(int x, int y, Kind kind) {
+inline void Occupancy::takeAt(int x, int y, Kind kind) {
   if (x >= 0 && y >= 0 && x < m_columns && y < m_rows) {
     m_cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns) +
             static_cast<std::size_t>(x)] |= static_cast<std::uint8_t>(kind);
@@ -82,7 +107,8 @@ void Occupancy::along(PlanePoint from, PlanePoint to, Call call) const {
     return;
   }
   const PlanePoint way = part->second - part->first;
-  const int parts = static_cast<int>(lengthOf(way) / m_cell) + 1;
+  // Nothing here is so long that its square were no number.
+  const int parts = static_cast<int>(std::sqrt(way.x * way.x + way.y * way.y) / m_cell) + 1;
   // Cells from one beside the sheet upwards, so that what is cut off is rounded down.
   const PlanePoint begin = part->first * (1.0 / m_cell) + PlanePoint{1.0, 1.0};
   const PlanePoint step = way * (1.0 / (m_cell * parts));
@@ -115,14 +141,26 @@ void Occupancy::take(const SheetBox& box, Kind kind) {
   const int right = std::min(m_columns - 1, column(box.most.x));
   const int high = std::min(m_rows - 1, row(box.most.y));
   for (int y = std::max(0, row(box.least.y)); y <= high; ++y) {
+    std::uint8_t* const cells =
+        m_cells.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns);
     for (int x = left; x <= right; ++x) {
-      takeAt(x, y, kind);
+      cells[x] |= static_cast<std::uint8_t>(kind);
     }
   }
 }
 
 void Occupancy::take(const Lettering& text) {
   over(text, [this](int x, int y) { takeAt(x, y, Kind::kText); });
+}
+
+void Occupancy::takeArc(PlanePoint from, const PathStep& arc, Kind kind) {
+  const PlanePoint turn = turned({1.0, 0.0}, arc.sweep / kArcParts);
+  PlanePoint out = from - arc.center;
+  for (int i = 0; i < kArcParts; ++i) {
+    const PlanePoint next{out.x * turn.x - out.y * turn.y, out.x * turn.y + out.y * turn.x};
+    along(arc.center + out, arc.center + next, [&](int x, int y) { takeAt(x, y, kind); });
+    out = next;
+  }
 }
 
 void Occupancy::take(const Path& path, Kind kind) {
@@ -138,11 +176,7 @@ void Occupancy::take(const Path& path, Kind kind) {
     } else if (step.kind == PathStep::Kind::kLine) {
       along(at, step.to, mark);
     } else {
-      const PlanePoint out = at - step.center;
-      for (int i = 0; i < kArcParts; ++i) {
-        along(step.center + turned(out, step.sweep * i / kArcParts),
-              step.center + turned(out, step.sweep * (i + 1) / kArcParts), mark);
-      }
+      takeArc(at, step, kind);
     }
     at = step.to;
   }
@@ -192,11 +226,7 @@ double Occupancy::cost(const SheetBox& box, double most) const {
     }
     const std::uint8_t* const cells =
         m_cells.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns);
-    int covered = 0;
-    for (int x = first; x <= last; ++x) {
-      covered += costOf(cells[x]);
-    }
-    sum += covered + kBesideSheet * beside;
+    sum += costOf(cells + first, last - first + 1) + kBesideSheet * beside;
   }
   return sum;
 }

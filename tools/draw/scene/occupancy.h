@@ -40,6 +40,7 @@ class Occupancy {
   [[nodiscard]] int row(double y) const;
   [[nodiscard]] double costAt(int x, int y) const;
   void takeAt(int x, int y, Kind kind);
+  void takeArc(PlanePoint from, const PathStep& arc, Kind kind);
   template <class Call>
   void along(PlanePoint from, PlanePoint to, Call call) const;
   template <class Call>

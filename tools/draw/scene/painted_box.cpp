@@ -58,14 +58,17 @@ TextCorners cornersOf(const Lettering& text) {
   return {{begin, end, end + up, begin + up}};
 }
 
-SheetBox paintedBox(const Shape& shape) {
+SheetBox paintedBox(const Shape& shape, double width) {
   if (shape.kind == Shape::Kind::kCircle) {
-    const double reach = shape.radius + shape.style.width / 2.0;
-    return SheetBox{shape.center, shape.center}.grown(reach);
+    return SheetBox{shape.center, shape.center}.grown(shape.radius + width / 2.0);
   }
-  if (shape.kind == Shape::Kind::kPath) {
-    const SheetBox box = boxOf(shape.path);
-    return box.isEmpty() ? box : box.grown(shape.style.width / 2.0);
+  const SheetBox box = boxOf(shape.path);
+  return box.isEmpty() ? box : box.grown(width / 2.0);
+}
+
+SheetBox paintedBox(const Shape& shape) {
+  if (shape.kind != Shape::Kind::kText) {
+    return paintedBox(shape, shape.style.width);
   }
   SheetBox box = SheetBox::none();
   const TextCorners text = cornersOf(shape.lettering);

@@ -217,8 +217,11 @@ std::vector<Shape> ShapeSink::take() {
   for (const Layer bars : {Layer::kLinks, Layer::kBars}) {
     if (m_context.hidden == HiddenBars::kDashed && sheet().isPaper()) {
       std::vector<Shape>& shapes = m_layers[static_cast<std::size_t>(bars)];
-      std::stable_partition(shapes.begin(), shapes.end(),
-                            [](const Shape& shape) { return !shape.isHidden; });
+      const auto isSeen = [](const Shape& shape) { return !shape.isHidden; };
+      // To part what is parted already takes room for as many again.
+      if (!std::ranges::is_partitioned(shapes, isSeen)) {
+        std::stable_partition(shapes.begin(), shapes.end(), isSeen);
+      }
     }
   }
   std::size_t count = 0;

@@ -3,7 +3,9 @@
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <string>
 #include <tuple>
+#include <vector>
 
 #include <quorvan/text/utf8.h>
 
@@ -32,34 +34,43 @@ class StyleSheet {
  public:
   explicit StyleSheet(const Scene& scene) {
     for (const Shape& shape : scene.shapes) {
-      m_numbers.emplace(keyOf(shape.style), m_numbers.size());
-    }
-    for (const auto& [key, place] : m_numbers) {
-      m_order.emplace(place, key);
+      nameOf(shape.style);
     }
   }
 
-  [[nodiscard]] std::string nameOf(const Style& style) const {
-    return "s" + std::to_string(m_numbers.at(keyOf(style)));
+  const std::string& nameOf(const Style& style) {
+    const Key key{style.color.red, style.color.green, style.color.blue, style.width,
+                  style.isFilled,  style.isDashed,    style.isOnPaper};
+    if (m_last != nullptr && m_last->first == key) {
+      return m_last->second;
+    }
+    const auto [at, isNew] = m_names.try_emplace(key);
+    if (isNew) {
+      at->second = "s" + std::to_string(m_styles.size());
+      m_styles.push_back(style);
+    }
+    m_last = &*at;
+    return at->second;
   }
 
   void write(std::ostream& out) const {
     out << "<style>\n"
            "svg{font-family:Arial,Helvetica,\"Liberation Sans\",sans-serif;"
            "stroke-linecap:round;stroke-linejoin:round}\n";
-    for (const auto& [place, key] : m_order) {
-      const auto& [color, width, isFilled, isDashed, isOnPaper] = key;
-      const std::string fill = isFilled ? color : isOnPaper ? kPaper : "none";
+    for (std::size_t place = 0; place < m_styles.size(); ++place) {
+      const Style& style = m_styles[place];
+      const std::string color = webColor(style.color);
+      const std::string fill = style.isFilled ? color : style.isOnPaper ? kPaper : "none";
       out << ".s" << place << "{fill:" << fill;
-      if (width > 0.0) {
-        out << ";stroke:" << color << ";stroke-width:" << number(width);
+      if (style.width > 0.0) {
+        out << ";stroke:" << color << ";stroke-width:" << number(style.width);
       }
-      if (isFilled && isOnPaper) {
+      if (style.isFilled && style.isOnPaper) {
         out << ";paint-order:stroke;stroke:" << kPaper;
       }
-      if (isDashed) {
-        out << ";stroke-dasharray:" << number(dashOf(width)) << ' ' << number(dashOf(width) * 0.75)
-            << ";stroke-linecap:butt";
+      if (style.isDashed) {
+        out << ";stroke-dasharray:" << number(dashOf(style.width)) << ' '
+            << number(dashOf(style.width) * 0.75) << ";stroke-linecap:butt";
       }
       out << "}\n";
     }
@@ -67,14 +78,11 @@ class StyleSheet {
   }
 
  private:
-  using Key = std::tuple<std::string, double, bool, bool, bool>;
+  using Key = std::tuple<std::uint8_t, std::uint8_t, std::uint8_t, double, bool, bool, bool>;
 
-  static Key keyOf(const Style& style) {
-    return {webColor(style.color), style.width, style.isFilled, style.isDashed, style.isOnPaper};
-  }
-
-  std::map<Key, std::size_t> m_numbers;
-  std::map<std::size_t, Key> m_order;
+  std::map<Key, std::string> m_names;
+  std::vector<Style> m_styles;
+  const std::map<Key, std::string>::value_type* m_last = nullptr;  // most often it comes again
 };
 
 class Writer {
@@ -124,94 +132,120 @@ class Writer {
     }
   }
 
-  // Attributes that every shape has.
-  std::string common(const Shape& shape) {
-    std::string text =
-        " class=\"" + m_styles.nameOf(shape.style) + (shape.isHidden ? " hidden-bar\"" : "\"");
+  // Begins the element of a shape, with the attributes that every shape has.
+  void open(std::string_view name, const Shape& shape) {
+    m_line.append(1, '<').append(name).append(" class=\"").append(m_styles.nameOf(shape.style));
+    m_line += shape.isHidden ? " hidden-bar\"" : "\"";
     if (shape.element != kNoElement) {
-      text += " data-e=\"" + std::to_string(shape.element) + '"';
+      m_line.append(" data-e=\"").append(std::to_string(shape.element)).append(1, '"');
     }
-    return text;
   }
 
   void writeShape(const Shape& shape) {
+    m_line.clear();
     switch (shape.kind) {
       case Shape::Kind::kPath:
-        m_out << "<path" << common(shape) << " d=\"" << pathData(shape.path) << "\"/>\n";
-        return;
+        addPath(shape);
+        break;
       case Shape::Kind::kCircle:
-        m_out << "<circle" << common(shape) << " cx=\"" << number(shape.center.x) << "\" cy=\""
-              << number(m_scene.height - shape.center.y) << "\" r=\"" << number(shape.radius)
-              << "\"/>\n";
-        return;
+        addCircle(shape);
+        break;
       case Shape::Kind::kText:
-        writeText(shape);
-        return;
+        addText(shape);
+        break;
     }
+    m_out << m_line;
   }
 
-  [[nodiscard]] std::string place(PlanePoint point) const {
-    return number(point.x) + ' ' + number(m_scene.height - point.y);
+  void addNumber(std::string_view attribute, double value) {
+    m_line.append(1, ' ').append(attribute).append("=\"");
+    appendRounded(m_line, value, kDecimals);
+    m_line += '"';
   }
 
-  [[nodiscard]] std::string pathData(const Path& path) const {
-    std::string data;
+  void addPlace(PlanePoint point) {
+    appendRounded(m_line, point.x, kDecimals);
+    m_line += ' ';
+    appendRounded(m_line, m_scene.height - point.y, kDecimals);
+  }
+
+  void addCircle(const Shape& shape) {
+    open("circle", shape);
+    addNumber("cx", shape.center.x);
+    addNumber("cy", m_scene.height - shape.center.y);
+    addNumber("r", shape.radius);
+    m_line += "/>\n";
+  }
+
+  void addPath(const Shape& shape) {
+    open("path", shape);
+    m_line += " d=\"";
     PlanePoint at;
-    for (const PathStep& step : path.steps()) {
+    for (const PathStep& step : shape.path.steps()) {
       switch (step.kind) {
         case PathStep::Kind::kMove:
-          data += 'M' + place(step.to);
-          break;
         case PathStep::Kind::kLine:
-          data += 'L' + place(step.to);
+          m_line += step.kind == PathStep::Kind::kMove ? 'M' : 'L';
+          addPlace(step.to);
           break;
         case PathStep::Kind::kArc:
-          data += arcData(step, at);
+          addArc(step, at);
           break;
         case PathStep::Kind::kClose:
-          data += 'Z';
+          m_line += 'Z';
           continue;
       }
       at = step.to;
     }
-    return data;
+    m_line += "\"/>\n";
   }
 
   // An arc of more than half a turn is cut in two: its ends may be too close to tell its side.
-  [[nodiscard]] std::string arcData(const PathStep& step, PlanePoint from) const {
-    const std::string radius = number(lengthOf(step.to - step.center));
-    // To the left upwards is against the clock, which SVG counts as 0 with y downwards.
-    const std::string head =
-        'A' + radius + ' ' + radius + " 0 0 " + (step.sweep > 0.0 ? "0 " : "1 ");
-    if (std::abs(step.sweep) <= std::numbers::pi * 0.999) {
-      return head + place(step.to);
+  void addArc(const PathStep& step, PlanePoint from) {
+    constexpr double kMostSweep = std::numbers::pi * 0.999;
+    if (std::abs(step.sweep) > kMostSweep) {
+      addArcTo(step, step.center + turned(from - step.center, step.sweep / 2.0));
     }
-    const PlanePoint middle = step.center + turned(from - step.center, step.sweep / 2.0);
-    return head + place(middle) + head + place(step.to);
+    addArcTo(step, step.to);
   }
 
-  void writeText(const Shape& shape) {
+  void addArcTo(const PathStep& step, PlanePoint to) {
+    const double radius = lengthOf(step.to - step.center);
+    m_line += 'A';
+    appendRounded(m_line, radius, kDecimals);
+    m_line += ' ';
+    appendRounded(m_line, radius, kDecimals);
+    // To the left upwards is against the clock, which SVG counts as 0 with y downwards.
+    m_line += step.sweep > 0.0 ? " 0 0 0 " : " 0 0 1 ";
+    addPlace(to);
+  }
+
+  void addText(const Shape& shape) {
     const Lettering& text = shape.lettering;
     const PlanePoint base = baseOf(text);
-    m_out << "<text" << common(shape) << " x=\"" << number(base.x) << "\" y=\""
-          << number(m_scene.height - base.y) << "\" font-size=\"" << number(fontSizeOf(text.height))
-          << '"';
+    open("text", shape);
+    addNumber("x", base.x);
+    addNumber("y", m_scene.height - base.y);
+    addNumber("font-size", fontSizeOf(text.height));
     if (shape.style.isOnPaper) {
-      m_out << " stroke-width=\"" << number(haloOf(text.height)) << '"';
+      addNumber("stroke-width", haloOf(text.height));
     }
     if (text.alignX != AlignX::kLeft) {
-      m_out << " text-anchor=\"" << (text.alignX == AlignX::kCentre ? "middle" : "end") << '"';
+      m_line += text.alignX == AlignX::kCentre ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
     }
-    const double degrees = -text.angle * 180.0 / std::numbers::pi;
-    if (number(degrees) != "0") {
-      m_out << " transform=\"rotate(" << number(degrees) << ' ' << place(base) << ")\"";
+    const std::string degrees = number(-text.angle * 180.0 / std::numbers::pi);
+    if (degrees != "0") {
+      m_line.append(" transform=\"rotate(").append(degrees).append(1, ' ');
+      addPlace(base);
+      m_line += ")\"";
     }
-    m_out << '>' << xmlText(text.text) << "</text>\n";
+    m_line.append(1, '>').append(xmlText(text.text)).append("</text>\n");
   }
 
   const Scene& m_scene;
   StyleSheet m_styles;
   std::ostream& m_out;
+  std::string m_line;  // the element that is being written
 };
 
 }  // namespace

@@ -50,6 +50,29 @@ TEST(ToolOccupancy, CountsEveryKindAtOnePlaceOnce) {
   EXPECT_GT(taken.cost(box), line);
 }
 
+// Cells are counted several at a time; none of them twice, and none beside the box.
+TEST(ToolOccupancy, CostsOfABoxWhatItsCellsCost) {
+  std::mt19937 random(3);
+  Occupancy taken(60, 30);
+  for (int i = 0; i < 400; ++i) {
+    const double x = 0.5 * static_cast<double>(random() % 120) + 0.25;
+    const double y = 0.5 * static_cast<double>(random() % 60) + 0.25;
+    const Kind kinds[] = {Kind::kText, Kind::kLine, Kind::kConcrete};
+    taken.take(spot(x, y, 0.1), kinds[random() % 3]);
+  }
+  for (int width = 1; width <= 40; ++width) {
+    const double left = 0.5 * static_cast<double>(random() % 80);
+    double sum = 0.0;
+    for (int x = 0; x < width; ++x) {
+      for (int y = 20; y < 25; ++y) {
+        sum += taken.cost(spot(left + 0.5 * x + 0.25, 0.5 * y + 0.25, 0.1));
+      }
+    }
+    const SheetBox box{{left + 0.1, 10.1}, {left + 0.5 * width - 0.1, 12.4}};
+    EXPECT_EQ(taken.cost(box), sum) << width;
+  }
+}
+
 TEST(ToolOccupancy, CostsMoreTheMoreIsCovered) {
   Occupancy taken(100, 50);
   taken.take(SheetBox{{20, 20}, {30, 30}}, Kind::kLine);
