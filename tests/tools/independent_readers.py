@@ -6,12 +6,14 @@ usage: independent_readers.py CHECK PROGRAM PROJECT FOLDER
 CHECK is json, xml, pdf, page, workbook or printed_list. Ends with 77 where the reader is not on this system.
 """
 
+import html
 import json
 import pathlib
 import re
 import shutil
 import subprocess
 import sys
+import zlib
 
 MISSING = 77
 
@@ -157,14 +159,69 @@ def check_xml(shop):
             run(xmllint, "--noout", "--nonet", shop.draw(file, ending, "--marks", "all"))
 
 
+DOTS = "60"        # an inch, of pictures that are held against each other
+PATCH = 10         # dots a side, whose mean is compared: edges are smoothed in many ways
+MOST_APART = 0.25  # of the way from black to white
+
+
+def rows_of_png(data):
+    """The rows of a picture of eight bits a colour."""
+    packed = b""
+    at = 8
+    while at < len(data):
+        size = int.from_bytes(data[at:at + 4], "big")
+        if data[at + 4:at + 8] == b"IHDR":
+            width = int.from_bytes(data[at + 8:at + 12], "big")
+        elif data[at + 4:at + 8] == b"IDAT":
+            packed += data[at + 8:at + 8 + size]
+        at += size + 12
+    raw = zlib.decompress(packed)
+    above = bytearray(3 * width)
+    rows = []
+    for begin in range(0, len(raw), 3 * width + 1):
+        row = bytearray(raw[begin + 1:begin + 3 * width + 1])
+        kind = raw[begin]
+        for i, value in enumerate(row) if kind else ():
+            left = row[i - 3] if i > 2 else 0
+            corner = above[i - 3] if i > 2 else 0
+            near = min((abs(above[i] - corner), 0, left), (abs(left - corner), 1, above[i]),
+                       (abs(left + above[i] - 2 * corner), 2, corner))[2]
+            row[i] = (value + (0, left, above[i], (left + above[i]) // 2, near)[kind]) & 255
+        rows.append(row)
+        above = row
+    return rows
+
+
+def patches_of(rows):
+    """How bright each patch is, from 0 to 1."""
+    sums = [[sum(row[at:at + 3 * PATCH]) for at in range(0, len(row) - 3 * PATCH + 1, 3 * PATCH)] for row in rows]
+    return [[sum(column) / (PATCH * PATCH * 3 * 255) for column in zip(*sums[at:at + PATCH])]
+            for at in range(0, len(sums) - PATCH + 1, PATCH)]
+
+
+def same_picture(name, pdf, png):
+    """The page of a PDF has the same on it as a PNG of the drawing."""
+    page = run(need("pdftocairo"), "-r", DOTS, "-png", "-singlefile", pdf, "-")
+    one, other = patches_of(rows_of_png(page)), patches_of(rows_of_png(png.read_bytes()))
+    if abs(len(one) - len(other)) > 1 or min(min(row) for row in one) > 0.8:
+        sys.exit(f"{name}: another size, or nothing on it")
+    apart = max(abs(a - b) for row, line in zip(one, other) for a, b in zip(row, line))
+    if apart > MOST_APART:
+        sys.exit(f"{name}: the PDF differs from the PNG by {apart:.2f} somewhere")
+
+
 def check_pdf(shop):
-    pdftoppm = need("pdftoppm")
+    pdftotext = need("pdftotext")
     for file in shop.files:
         picture = shop.draw(file, ".pdf")
-        run(pdftoppm, "-r", "20", "-png", "-singlefile", picture, file.with_suffix(""))
-        # A drawing of any kind is no plain sheet.
-        if file.with_suffix(".png").stat().st_size < 2000:
-            sys.exit(f"{picture}: there is nothing on it")
+        if file in (shop.files[0], shop.files[-1]):
+            same_picture(file.name, picture, shop.draw(file, ".png", "--dpi", DOTS))
+        # Each text is found, and as often as the drawing has it.
+        words = run(pdftotext, "-raw", picture, "-").decode().split()
+        texts = re.findall(r"<text[^>]*>([^<]*)</text>", shop.draw(file, ".svg").read_text(encoding="utf-8"))
+        wanted = html.unescape(" ".join(texts)).split()
+        if sorted("".join(words)) != sorted("".join(wanted)):
+            sys.exit(f"{picture}: has other letters than the drawing")
 
 
 # Clicks on elements, switches layers, moves about; the page then says what came of it.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 
 #include <tools/draw/scene/scene.h>
 
@@ -24,6 +25,13 @@ inline PlanePoint baseOf(const Lettering& text) noexcept {
 /// The paper left blank around a text that lies over lines, in mm.
 inline double haloOf(double capitals) noexcept {
   return 0.3 * capitals;
+}
+
+/// Whether an arc that begins so far out of its centre comes nowhere so far from its chord that it
+/// would be seen.
+inline bool isFlat(PlanePoint out, double sweep) noexcept {
+  constexpr double kUnseen = 0.005;  // mm
+  return lengthOf(out) * (1.0 - std::cos(sweep / 2.0)) < kUnseen;
 }
 
 /// The length of a dash, in mm.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <memory>
 #include <numbers>
 
@@ -12,6 +13,9 @@
 #include <tools/console/terminal.h>
 #include <tools/draw/scene/lettering_metrics.h>
 #include <tools/draw/writers/text_painter.h>
+#ifdef QUORVAN_HAS_FONT_SUBSETS
+#include <tools/draw/writers/pdf_document.h>
+#endif
 
 namespace quorvan::tool {
 
@@ -20,8 +24,7 @@ namespace {
 constexpr double kMillimetresPerInch = 25.4;
 constexpr double kPointsPerInch = 72.0;
 constexpr double kMostPixelsASide = 30000.0;  // cairo's limit is a little higher
-constexpr int kJoinedInPdf = 100;  // half of the PDF would be what goes around each stroke
-constexpr double kUnseen = 0.005;  // mm: an arc that is no farther from its chord is drawn as that
+constexpr int kJoinedInPdf = 100;      // half of the PDF would be what goes around each stroke
 constexpr double kUsualPixels = 36e6;  // A0 with 150 dots an inch has 34.9 million
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
@@ -146,7 +149,7 @@ class Painter {
 
   void traceArc(const PathStep& step, PlanePoint from) {
     const PlanePoint out = from - step.center;
-    if (lengthOf(out) * (1.0 - std::cos(step.sweep / 2.0)) < kUnseen) {
+    if (isFlat(out, step.sweep)) {
       cairo_line_to(m_context, step.to.x, down(step.to.y));
       return;
     }
@@ -222,6 +225,14 @@ void writePdf(const Scene& scene, const std::filesystem::path& path) {
 }
 
 void writePdf(std::span<const Scene> pages, const std::filesystem::path& path) {
+#ifdef QUORVAN_HAS_FONT_SUBSETS
+  if (const auto bytes = pdfDocument(pages)) {
+    std::ofstream out(path, std::ios::binary);
+    out << *bytes;
+    out.close();
+    return check(out ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR, path);
+  }
+#endif
   const double scale = kPointsPerInch / kMillimetresPerInch;
   const Scene& first = pages.front();
   const Surface surface(

@@ -4,33 +4,14 @@
 #include <pango/pangocairo.h>
 #endif
 
-#include <algorithm>
-#include <cmath>
 #include <string>
 
 #include <tools/draw/scene/lettering_metrics.h>
-#include <tools/draw/scene/text_width.h>
+#include <tools/draw/writers/text_layout.h>
 
 namespace quorvan::tool {
 
 namespace {
-
-// How far a text lies before its point.
-double shareBefore(AlignX align) {
-  return align == AlignX::kCentre ? 0.5 : align == AlignX::kRight ? 1.0 : 0.0;
-}
-
-// A text is one line: what would begin another is a blank, other control characters are nothing.
-std::string onOneLine(std::string line) {
-  constexpr char kDelete = 0x7F;
-  std::ranges::replace_if(
-      line, [](char unit) { return unit == '\n' || unit == '\r'; }, ' ');
-  std::erase_if(line, [](char unit) {
-    return (static_cast<unsigned char>(unit) < static_cast<unsigned char>(' ') && unit != '\t') ||
-           unit == kDelete;
-  });
-  return line;
-}
 
 // Makes lines of the context's path, none shorter than that but the last of an outline.
 void thinPath(cairo_t* context, double least) {
@@ -75,45 +56,14 @@ void setInk(cairo_t* context, const Color& color) {
 
 #ifdef QUORVAN_HAS_PANGO
 
-namespace {
-
-template <class Object>
-using Owned = std::unique_ptr<Object, decltype(&g_object_unref)>;
-
-// Letters are laid out once at this size and drawn at any: their places are not rounded to points
-// of the picture.
-constexpr double kLayoutSize = 100.0;
-constexpr int kTabWidth = 127;  // four blanks
-
-Owned<PangoLayout> newLayout(cairo_t* context) {
-  const Owned<PangoContext> state(pango_cairo_create_context(context), g_object_unref);
-  const std::unique_ptr<cairo_font_options_t, decltype(&cairo_font_options_destroy)> options(
-      cairo_font_options_create(), cairo_font_options_destroy);
-  cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
-  cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
-  pango_cairo_context_set_font_options(state.get(), options.get());
-  Owned<PangoLayout> layout(pango_layout_new(state.get()), g_object_unref);
-  const std::unique_ptr<PangoFontDescription, decltype(&pango_font_description_free)> font(
-      pango_font_description_from_string("Arial, Helvetica, Liberation Sans, DejaVu Sans, Sans"),
-      pango_font_description_free);
-  pango_font_description_set_absolute_size(font.get(), kLayoutSize * PANGO_SCALE);
-  pango_layout_set_font_description(layout.get(), font.get());
-  pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-  const std::unique_ptr<PangoTabArray, decltype(&pango_tab_array_free)> tabs(
-      pango_tab_array_new_with_positions(1, FALSE, PANGO_TAB_LEFT, kTabWidth * PANGO_SCALE),
-      pango_tab_array_free);
-  pango_layout_set_tabs(layout.get(), tabs.get());
-  return layout;
-}
-
-}  // namespace
-
 struct TextPainter::Fonts {
   Owned<PangoLayout> layout;
 };
 
-TextPainter::TextPainter(cairo_t* context)
-    : m_context(context), m_fonts(std::make_unique<Fonts>(Fonts{newLayout(context)})) {}
+TextPainter::TextPainter(cairo_t* context) : m_context(context) {
+  const Owned<PangoContext> state(pango_cairo_create_context(context), g_object_unref);
+  m_fonts = std::make_unique<Fonts>(Fonts{newLayout(state.get())});
+}
 
 void TextPainter::paint(const Lettering& text, const Style& style) {
   const double size = fontSizeOf(text.height);
@@ -127,8 +77,7 @@ void TextPainter::paint(const Lettering& text, const Style& style) {
   pango_layout_get_extents(layout, nullptr, &logical);
   const double toSize = size / kLayoutSize;
   const double width = static_cast<double>(logical.width) / PANGO_SCALE * toSize;
-  const double most = textWidth(text.text, text.height);
-  const double narrowed = width > most && most > 0.0 ? most / width : 1.0;
+  const double narrowed = narrowing(text, width);
   const double base = static_cast<double>(pango_layout_get_baseline(layout)) / PANGO_SCALE;
   cairo_save(m_context);
   cairo_scale(m_context, toSize * narrowed, toSize);
@@ -166,10 +115,7 @@ void TextPainter::paint(const Lettering& text, const Style& style) {
   cairo_set_font_size(m_context, fontSizeOf(text.height));
   cairo_text_extents_t extents;
   cairo_text_extents(m_context, line.c_str(), &extents);
-  const double most = textWidth(text.text, text.height);
-  if (extents.x_advance > most && most > 0.0) {
-    cairo_scale(m_context, most / extents.x_advance, 1.0);
-  }
+  cairo_scale(m_context, narrowing(text, extents.x_advance), 1.0);
   const double begin = -shareBefore(text.alignX) * extents.x_advance;
   if (style.isOnPaper) {
     cairo_new_path(m_context);

@@ -1,0 +1,14 @@
+// What is painted on a page of a PDF.
+#pragma once
+
+#include <string>
+
+#include <tools/draw/scene/scene.h>
+#include <tools/draw/writers/pdf_texts.h>
+
+namespace quorvan::tool {
+
+/// The operators that paint the scene. Its texts were added before.
+std::string pdfContent(const Scene& scene, const PdfTexts& texts);
+
+}  // namespace quorvan::tool
