@@ -5,6 +5,8 @@
 #include <new>
 #include <sstream>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/arguments.h>
 #include <tools/commands/command_table.h>
 #include <tools/text/nearest_word.h>

@@ -1,5 +1,7 @@
 #include <tools/commands/arguments.h>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/command_table.h>
 
 namespace quorvan::tool {

@@ -6,6 +6,8 @@
 #include <memory>
 #include <optional>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/bending_data_options.h>
 #include <tools/commands/command_table.h>
 #include <tools/commands/measures.h>

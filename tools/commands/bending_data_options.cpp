@@ -1,5 +1,7 @@
 #include <tools/commands/bending_data_options.h>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/bvbs/writing/bending_data.h>
 #include <tools/commands/command_table.h>
 #include <tools/files/work_folder.h>

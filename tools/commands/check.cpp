@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/bvbs/checking/abs_checker.h>
 #include <tools/bvbs/data_file.h>
 #include <tools/check/checker.h>

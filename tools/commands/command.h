@@ -7,9 +7,12 @@
 #include <string_view>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include <tools/console/console.h>
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace quorvan::tool {
 
@@ -45,9 +48,6 @@ struct Command {
 };
 
 /// Holds the values of an option against the words, and has shells offer them.
-inline CLI::Option* oneOf(CLI::Option* option, const std::vector<std::string>& words, Run& run) {
-  run.words[option] = words;
-  return option->check(CLI::IsMember(words));
-}
+CLI::Option* oneOf(CLI::Option* option, const std::vector<std::string>& words, Run& run);
 
 }  // namespace quorvan::tool

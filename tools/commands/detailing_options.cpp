@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/measures.h>
 
 namespace quorvan::tool {

@@ -5,6 +5,8 @@
 #include <memory>
 #include <optional>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/command_table.h>
 #include <tools/commands/picture_file.h>
 #include <tools/diff/difference.h>

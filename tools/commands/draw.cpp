@@ -7,6 +7,8 @@
 #include <memory>
 #include <optional>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/bvbs/data_file.h>
 #include <tools/bvbs/sheet/shape_sheet.h>
 #include <tools/commands/command_table.h>

@@ -4,6 +4,8 @@
 #include <memory>
 #include <span>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/command_table.h>
 #include <tools/files/drawing_files.h>
 #include <tools/listing/file_summary.h>

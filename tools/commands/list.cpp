@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/command_table.h>
 #include <tools/listing/element_to_json.h>
 #include <tools/listing/item_cells.h>

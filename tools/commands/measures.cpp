@@ -1,5 +1,7 @@
 #include <tools/commands/measures.h>
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 
 #include <quorvan/text/numbers.h>

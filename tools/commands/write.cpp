@@ -3,6 +3,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include <CLI/CLI.hpp>
+
 #include <quorvan/export/export.h>
 #include <quorvan/platform/com_error.h>
 #include <quorvan/text/utf8.h>

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/commands/arguments.h>
 #include <tools/commands/command_table.h>
 

@@ -8,6 +8,7 @@
 #include <numbers>
 #include <random>
 
+#include <tests/tools/draw/overlap.h>
 #include <tests/tools/drawn_elements.h>
 #include <tests/tools/picture.h>
 #include <tests/tools/tool_run.h>
@@ -238,11 +239,6 @@ std::string beamOf(unsigned seed) {
                          .color = 3});
   }
   return all;
-}
-
-bool overlap(const SheetBox& a, const SheetBox& b) {
-  return a.least.x < b.most.x && b.least.x < a.most.x && a.least.y < b.most.y &&
-         b.least.y < a.most.y;
 }
 
 // The letters of a text from the base line to the height of capitals.

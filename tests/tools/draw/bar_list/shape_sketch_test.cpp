@@ -7,6 +7,7 @@
 #include <cmath>
 #include <random>
 
+#include <tests/tools/draw/overlap.h>
 #include <tests/tools/drawn_elements.h>
 #include <tests/tools/loaded_file.h>
 #include <tools/draw/scene/painted_box.h>
@@ -201,11 +202,6 @@ BarParts legsInTurn(const std::vector<double>& legs, const std::vector<double>& 
     angle += i < turns.size() ? turns[i] : 0.0;
   }
   return parts;
-}
-
-bool overlap(const SheetBox& one, const SheetBox& other) {
-  return one.least.x < other.most.x && other.least.x < one.most.x && one.least.y < other.most.y &&
-         other.least.y < one.most.y;
 }
 
 // Whether the letters come closer to the path than half its pen.
