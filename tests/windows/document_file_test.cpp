@@ -111,5 +111,30 @@ TEST_F(DocumentFile, AShorterDocumentLeavesNoTail) {
   EXPECT_EQ(test::savedBytes("long.xml"), "<R/>\r\n");
 }
 
+// --- the file that is gone once it is complete --------------------------------------------------
+
+TEST_F(DocumentFile, APassingFileLeavesNothing) {
+  addRoot("R");
+  save(m_document, CString(L"passing.xml"), Durability::kPassing);
+  EXPECT_FALSE(fs::exists("passing.xml"));
+  EXPECT_FALSE(fs::exists("passing.xml.quorvan-new"));
+}
+
+TEST_F(DocumentFile, APassingFileTakesAwayWhatIsInItsPlace) {
+  writeFile("passing.xml", "<Old/>");
+  addRoot("R");
+  save(m_document, CString(L"passing.xml"), Durability::kPassing);
+  EXPECT_FALSE(fs::exists("passing.xml"));
+}
+
+TEST_F(DocumentFile, APassingFileThatCannotBeMadeIsAnError) {
+  addRoot("R");
+  EXPECT_THROW(save(m_document, CString(L"missing\\passing.xml"), Durability::kPassing),
+               _com_error);
+  fs::create_directory("passing.xml");
+  EXPECT_THROW(save(m_document, CString(L"passing.xml"), Durability::kPassing), _com_error);
+  EXPECT_TRUE(fs::is_directory("passing.xml"));
+}
+
 }  // namespace
 }  // namespace quorvan::dom

@@ -8,6 +8,7 @@
 
 #include <quorvan/platform/com_error.h>
 #include <quorvan/text/utf8.h>
+#include <quorvan/xml/service/document_bytes.h>
 #include <quorvan/xml/service/node_access.h>
 
 namespace quorvan::service {
@@ -160,6 +161,26 @@ bool saveScratch(IXMLDOMDocument& document, const std::wstring& target) {
   return true;
 }
 
+// The same for a file that is deleted as soon as it is complete: its closing does that, and nobody
+// else comes to open it.
+bool savePassing(IXMLDOMDocument& document, const std::wstring& target) {
+  const std::string bytes = bytesOf(document);
+  const HANDLE file = ::CreateFileW(target.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  DWORD count = 0;
+  const BOOL isWritten =
+      ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
+  const DWORD error = isWritten == 0 ? ::GetLastError() : ERROR_WRITE_FAULT;
+  ::CloseHandle(file);
+  if (isWritten == 0 || count != bytes.size()) {
+    platform::raiseComError(HRESULT_FROM_WIN32(error));
+  }
+  return true;
+}
+
 }  // namespace
 
 bool loadFile(IXMLDOMDocument& document, const CString& path) {
@@ -222,6 +243,9 @@ void saveFile(IXMLDOMDocument& document, const CString& path, dom::Durability du
   const std::wstring target = fullPath(path);
   if (!hasRoot || root == nullptr || target.empty()) {
     platform::raiseComError(E_FAIL);
+  }
+  if (durability == dom::Durability::kPassing && savePassing(document, target)) {
+    return;
   }
   if (durability == dom::Durability::kDisk || !saveScratch(document, target)) {
     const NewFile file(pathBeside(target));

@@ -8,6 +8,7 @@
 #include <quorvan/text/utf8.h>
 #include <quorvan/xml/character_rules.h>
 #include <quorvan/xml/name_rules.h>
+#include <quorvan/xml/service/document_class.h>
 #include <quorvan/xml/service/document_file.h>
 #include <quorvan/xml/service/node_access.h>
 #include <quorvan/xml/service/tree_rules.h>
@@ -20,21 +21,6 @@ using service::Bstr;
 using service::check;
 using service::found;
 using service::Owned;
-
-// The oldest, version-independent document class.
-constexpr CLSID kDocumentClass = {
-    0x2933BF90, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
-// In-process server, in-process handler, local server, remote server.
-constexpr DWORD kClassContext = 23;
-
-// COM unloads a service after the last CoUninitialize, nodes held or not, and a filer releases its
-// nodes after that call: the code that ends them has to stay.
-void keepServiceLoaded(IUnknown& object) {
-  const auto* const code = *reinterpret_cast<const wchar_t* const*>(&object);
-  HMODULE module = nullptr;
-  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN, code,
-                       &module);
-}
 
 // Names and numbers are ASCII as a rule: those are widened where they are to stay.
 Bstr wide(std::string_view utf8) {
@@ -179,12 +165,9 @@ IXMLDOMNodePtr firstNamed(IXMLDOMNodePtr node, const Name& name) {
 HRESULT createDocument(IXMLDOMDocumentPtr& document) {
   document = nullptr;
   IXMLDOMDocument* created = nullptr;
-  const HRESULT result =
-      ::CoCreateInstance(kDocumentClass, nullptr, kClassContext, __uuidof(IXMLDOMDocument),
-                         reinterpret_cast<void**>(&created));
+  const HRESULT result = service::createDocument(&created);
   if (SUCCEEDED(result)) {
     document = IXMLDOMDocumentPtr(created, false);
-    keepServiceLoaded(*created);
   }
   return result;
 }

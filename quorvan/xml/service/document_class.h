@@ -1,0 +1,13 @@
+// The class of documents that the system offers.
+#pragma once
+
+#include <quorvan/xml/handles.h>
+
+namespace quorvan::service {
+
+/// A new document into `document`, which is null after a failure; the result is that of
+/// CoCreateInstance(). The class is looked up in the registry once a thread: looking it up takes
+/// longer than all that is done with a small document.
+HRESULT createDocument(IXMLDOMDocument** document);
+
+}  // namespace quorvan::service
