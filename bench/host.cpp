@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include <bench/scratch_file.h>
 #include <quorvan/export/export.h>
 #include <quorvan/quorvan.h>
 
@@ -127,6 +128,12 @@ void measureAll() {
     readAll<CKtZantoStraightBar>((bars + 1) / 2);
   }
   std::remove("drawing.xml");
+  constexpr int kFiles = 2000;
+  measure("scratch-files", kFiles, nothing, [] {
+    for (int i = 0; i < kFiles; ++i) {
+      bench::passScratchFile();
+    }
+  });
 }
 
 }  // namespace
