@@ -58,6 +58,56 @@ function canvasPainter(picture) {
     context.setLineDash(style.isDashed ? [dash, 0.75 * dash] : []);
   }
 
+  // A browser makes the letters of a text anew for every angle, which takes most of the time of a drawing that
+  // has texts at any. Those that are too small to be read and come again are turned as bitmaps, made at twice
+  // their size: they look the same.
+  const stampUses = 4;      // the first are written
+  const stampSize = 1.5;    // pixels: larger letters can be read, and are always written
+  const stampFineness = 2;
+  let stamps = new Map();
+  let stampScale = 0;       // of the view that they are for
+
+  function stampOf(context, text, size, color) {
+    const measure = context.measureText(text);
+    const left = Math.ceil(stampFineness * measure.actualBoundingBoxLeft) + 2;
+    const up = Math.ceil(stampFineness * measure.actualBoundingBoxAscent) + 2;
+    const bitmap = document.createElementNS('http://www.w3.org/1999/xhtml', 'canvas');
+    bitmap.width = left + Math.ceil(stampFineness * measure.actualBoundingBoxRight) + 2;
+    bitmap.height = up + Math.ceil(stampFineness * measure.actualBoundingBoxDescent) + 2;
+    const letters = bitmap.getContext('2d', {willReadFrequently: true});
+    letters.font = size * stampFineness + fontNames;
+    letters.textAlign = context.textAlign;
+    letters.fillStyle = color;
+    letters.fillText(text, left, up);
+    return {bitmap: bitmap, left: left, up: up};
+  }
+
+  // Gives whether it has painted the text.
+  function paintStamp(context, view, i, x, y, size, color) {
+    const angle = picture.angle[i];
+    // At right angles there is nothing to gain.
+    if (size >= stampSize || Math.abs(Math.sin(2 * angle)) < 1e-3) { return false; }
+    if (stampScale !== view.scale) {
+      stamps = new Map();
+      stampScale = view.scale;
+    }
+    const key = [picture.of[i], size, picture.align[i], color].join();
+    const uses = stamps.get(key) || 0;
+    if (typeof uses === 'number' && uses < stampUses) {
+      stamps.set(key, uses + 1);
+      return false;
+    }
+    const stamp = typeof uses === 'number' ? stampOf(context, picture.texts[picture.of[i]], size, color) : uses;
+    stamps.set(key, stamp);
+    const cos = Math.cos(angle) / stampFineness;
+    const sin = Math.sin(angle) / stampFineness;
+    context.imageSmoothingQuality = 'medium';
+    context.setTransform(cos, sin, -sin, cos, x, y);
+    context.drawImage(stamp.bitmap, -stamp.left, -stamp.up);
+    context.setTransform(1, 0, 0, 1, 0, 0);
+    return true;
+  }
+
   function paintText(context, view, i, style, ink) {
     const size = picture.size[i] * view.scale;
     if (!(size > 0)) { return; }
@@ -67,6 +117,8 @@ function canvasPainter(picture) {
     const x = (picture.x[i] - view.x) * view.scale;
     const y = (picture.y[i] - view.y) * view.scale;
     const isTurned = picture.angle[i] !== 0;
+    const color = ink.of(picture.style[i]);
+    if (!style.isOnPaper && text !== '' && paintStamp(context, view, i, x, y, size, color)) { return; }
     if (isTurned) {
       context.setTransform(1, 0, 0, 1, x, y);
       context.rotate(picture.angle[i]);
@@ -79,7 +131,7 @@ function canvasPainter(picture) {
       context.lineWidth = 0.3 * 0.716 * size;
       context.strokeText(text, atX, atY);
     }
-    context.fillStyle = ink.of(picture.style[i]);
+    context.fillStyle = color;
     context.fillText(text, atX, atY);
     if (isTurned) { context.setTransform(1, 0, 0, 1, 0, 0); }
   }

@@ -111,6 +111,22 @@ def check_picture(page, files):
             sys.exit("there is nothing on the picture")
 
 
+def write_turned_texts(path):
+    """A drawing of texts that come again at many angles, over lines."""
+    elements = []
+    for i in range(ELEMENTS):
+        x, y = i % 100 * 150.0, i // 100 * 120.0
+        elements.append(f'<CKtZantoLine version="1" index="{i + 1}"><Point1 X="{x}" Y="{y}" Z="0"/>'
+                        f'<Point2 X="{x + 100}" Y="{y + i % 90}" Z="0"/><Color long="8"/></CKtZantoLine>')
+        if i % 5 == 0:
+            elements.append(f'<CKtZantoText version="1" index="{i // 5 + 1}"><Contents string="{i % 7} HA20"/>'
+                            f'<Location X="{x}" Y="{y + 60}" Z="0"/><Angle double="{i * 0.7 % 360:.1f}"/>'
+                            f'<JustificationX long="{i % 3}"/><JustificationY long="{i % 4}"/>'
+                            f'<Color long="{i % 6 + 1}"/><Height double="{(8, 12, 30)[i % 3]}"/></CKtZantoText>')
+    path.write_text('<?xml version="1.0" encoding="UTF-8"?>\n<Document>' + "".join(elements) + "</Document>\n",
+                    encoding="utf-8")
+
+
 def orange(page):
     """Pixels in the colour of what is found, or nearly so."""
     return page.browser.value("""(function () {
@@ -271,6 +287,13 @@ def main():
             check(CanvasPage(browser, address), files)
             same(f"errors in the page ({name})", [], browser.errors)
             print("passed:", name)
+        turned = {"xml": folder / "turned.xml", "html": folder / "turned.html", "svg": folder / "turned.svg"}
+        write_turned_texts(turned["xml"])
+        for form in ("html", "svg"):
+            run(program, "draw", turned["xml"], "-o", turned[form])
+        check_picture(CanvasPage(browser, turned["html"].resolve().as_uri()), turned)
+        same("errors in the page (turned)", [], browser.errors)
+        print("passed: texts at any angle")
     return None
 
 
