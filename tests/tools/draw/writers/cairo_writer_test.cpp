@@ -114,6 +114,26 @@ TEST(ToolPdf, SaysNothingOfTheDayOnWhichItWasMade) {
   EXPECT_NE(pdf.find("20000101000000", date), std::string::npos);
 }
 
+#ifdef QUORVAN_HAS_FONT_SUBSETS
+
+// A letter that no font has is a box with its number, which cairo paints.
+TEST(ToolPdf, IsLeftToCairoWhereALetterHasNoFont) {
+  Scene scene = sceneOfSize(100, 100);
+  Shape text{};
+  text.layer = Layer::kTexts;
+  text.kind = Shape::Kind::kText;
+  text.style = {{}, 0.0, true};
+  text.lettering = {"A", {5, 8}, 6.0, 0.0, AlignX::kLeft, AlignY::kBase};
+  scene.shapes.push_back(text);
+  writePdf(scene, "letters.pdf");
+  EXPECT_EQ(fileBytes("letters.pdf").find("cairo"), std::string::npos);
+  scene.shapes.front().lettering.text = "A\U000F1234";
+  writePdf(scene, "boxes.pdf");
+  EXPECT_NE(fileBytes("boxes.pdf").find("cairo"), std::string::npos);
+}
+
+#endif
+
 TEST(ToolPictureFiles, ThatCannotBeWrittenAreNamed) {
   for (const char* const name : {"nowhere/x.png", "nowhere/x.pdf"}) {
     try {
