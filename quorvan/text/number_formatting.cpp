@@ -47,24 +47,29 @@ void putBytes(char* out, std::uint64_t bytes) noexcept {
 
 constexpr std::uint64_t kZeros = 0x3030'3030'3030'3030;  // "00000000"
 
-// Writes past the end that it returns: up to eight bytes in all.
-char* putInteger(char* out, std::uint64_t value) noexcept {
-  if (value >= kEightDigits) {
-    out = putInteger(out, value / kEightDigits);
-    putBytes(out, kZeros | eightDigits(static_cast<std::uint32_t>(value % kEightDigits)));
-    return out + 8;
-  }
-  const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(value));
+// A number below 10^8. Writes past the end that it returns: eight bytes in all.
+char* putShortInteger(char* out, std::uint32_t value) noexcept {
+  const std::uint64_t digits = eightDigits(value);
   const std::uint64_t lastDigit = std::uint64_t{1} << 56U;  // is written even when it is 0
   const auto leadingZeros = static_cast<unsigned>(std::countr_zero(digits | lastDigit)) / 8;
   putBytes(out, (kZeros | digits) >> (8 * leadingZeros));
   return out + (8 - leadingZeros);
 }
 
-// The point and seven decimals.
+// Writes past the end that it returns, too.
+char* putInteger(char* out, std::uint64_t value) noexcept {
+  if (value < kEightDigits) {
+    return putShortInteger(out, static_cast<std::uint32_t>(value));
+  }
+  out = putInteger(out, value / kEightDigits);
+  putBytes(out, kZeros | eightDigits(static_cast<std::uint32_t>(value % kEightDigits)));
+  return out + 8;
+}
+
+// The point and seven decimals, most often of a whole number.
 char* putFraction(char* out, std::uint32_t value) noexcept {
   constexpr std::uint64_t kPoint = std::uint64_t{'.'} ^ std::uint64_t{'0'};
-  putBytes(out, (kZeros | eightDigits(value)) ^ kPoint);
+  putBytes(out, (value == 0 ? kZeros : kZeros | eightDigits(value)) ^ kPoint);
   return out + 8;
 }
 
@@ -88,8 +93,10 @@ Fixed7 roundOrdinary(std::uint64_t mantissa, int exponent) noexcept {
   const std::uint64_t high = (binary >> 32U) * kFractionScale + (low >> 32U);
   const std::uint64_t rest = (high << 32U) | (low & 0xFFFF'FFFFU);
   const std::uint64_t decimals = high >> 32U;
-  constexpr std::uint64_t kHalf = std::uint64_t{1} << 63U;
-  const std::uint64_t rounded = decimals + (rest > kHalf - (decimals & 1U) ? 1 : 0);
+  // Up when adding this overflows, found without a branch, which nobody could foresee.
+  const std::uint64_t upTo = (std::uint64_t{1} << 63U) - 1 + (decimals & 1U);
+  const std::uint64_t up = ((rest & upTo) | ((rest | upTo) & ~(rest + upTo))) >> 63U;
+  const std::uint64_t rounded = decimals + up;
   const std::uint64_t carry = rounded == kFractionScale ? 1 : 0;
   return {(mantissa >> static_cast<unsigned>(-exponent)) + carry,
           static_cast<std::uint32_t>(carry != 0 ? 0 : rounded)};
@@ -168,6 +175,10 @@ char* formatLong(char* buffer, std::int32_t value) noexcept {
   if (value < 0) {
     *buffer++ = '-';
     magnitude = 0U - magnitude;
+  }
+  if (magnitude < 10) {
+    *buffer = static_cast<char>('0' + magnitude);
+    return buffer + 1;
   }
   return putInteger(buffer, magnitude);
 }
