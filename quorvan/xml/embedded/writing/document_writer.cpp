@@ -6,6 +6,7 @@
 #include <optional>
 
 #include <quorvan/text/utf8.h>
+#include <quorvan/xml/embedded/tree/prefetch.h>
 
 namespace quorvan::embedded {
 
@@ -22,6 +23,10 @@ constexpr std::size_t kSlack = 3 * kPiece;
 // Deeper down the indentation stays the same, so that a saved file is not much larger than the one
 // that was loaded.
 constexpr std::size_t kMaxIndentation = 100;
+
+// Nodes lie in memory as they do in the file: how far ahead of the one being written they are asked
+// for.
+constexpr std::size_t kAhead = 1024;
 
 char* copyText(char* to, const char* text, std::size_t size) noexcept {
   std::memcpy(to, text, kPiece);
@@ -122,6 +127,7 @@ void DocumentWriter::writeNode(Ref top) {
   Ref at = top;
   while (at != 0) {
     const Node& node = m_nodes.node(at);
+    prefetch(reinterpret_cast<const char*>(&node) + kAhead, 1);
     if (node.has(NodeFlag::kSpaceBefore)) {
       writeLineBreak();
     }
@@ -159,33 +165,33 @@ void DocumentWriter::writeStartTag(Ref ref, const Node& node, bool isWhole) {
   constexpr std::size_t kRoom = BlockBuffer::kMaxReserve;
   char* at = m_out.reserve(kRoom);
   const char* limit = at + (kRoom - kSlack);
-  const auto elsewhere = [&](const auto& write) {
-    m_out.advance(at);
-    write();
-    at = m_out.reserve(kRoom);
-    limit = at + (kRoom - kSlack);
-  };
+  const NameEntry* const names = &m_names[kNoName];
   const auto fits = [&](const NameEntry& name, std::size_t size) {
     // The signs around the last attribute may have gone a little beyond the limit.
-    return name.isAscii && at < limit && name.length + size < static_cast<std::size_t>(limit - at);
+    return name.isAscii && static_cast<std::ptrdiff_t>(name.length + size) < limit - at;
   };
-  if (const NameEntry& name = m_names[node.name()]; fits(name, 0)) {
+  if (const NameEntry& name = names[node.name()]; fits(name, 0)) {
     char* const begin = at;
     at = copyText(at, name.text - 1, name.length + 1);
     *begin = '<';
   } else {
     *at++ = '<';
-    elsewhere([&] { writeName(node.name()); });
+    m_out.advance(at);
+    writeName(node.name());
+    at = m_out.reserve(kRoom);
+    limit = at + (kRoom - kSlack);
   }
   for (ValueWalk walk = m_nodes.values(ref); walk.next();) {
-    const NameEntry& name = m_names[walk.name()];
-    const Value value = walk.value();
-    if (value.plain && fits(name, value.text.size())) {
+    const NameEntry& name = names[walk.name()];
+    if (const Value value = walk.value(); value.plain && fits(name, value.text.size())) {
       at = copyText(at, name.text - 1, name.length + 3);
       at = copyText(at, value.text.data(), value.text.size());
       *at++ = '"';
     } else {
-      elsewhere([&] { writeAttribute(walk.name(), value); });
+      m_out.advance(at);
+      writeAttribute(walk.name(), walk.value());
+      at = m_out.reserve(kRoom);
+      limit = at + (kRoom - kSlack);
     }
   }
   if (isWhole) {
