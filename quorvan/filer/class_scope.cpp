@@ -45,13 +45,17 @@ int CKtFiler::CreateClass(const dom::Name& className, int version) {
     return 0;
   }
   // Counted only when the attribute is there: an element that could not be made has no index.
-  const int* const counted = m_classCounts.find(className);
+  int* const counted = m_classCounts.find(className);
   const int index = counted != nullptr ? changedCount(*counted, 1) : 1;
   if (!dom::addAttribute(m_document, m_currentClass, quorvan::filer::kIndexName,
                          static_cast<std::int16_t>(index))) {
     return 0;
   }
-  InsertClassNameInMap(className);
+  if (counted != nullptr) {
+    *counted = index;
+  } else {
+    InsertClassNameInMap(className);
+  }
   return 1;
 }
 

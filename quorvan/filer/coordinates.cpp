@@ -8,20 +8,6 @@ namespace quorvan::filer {
 
 namespace {
 
-// Appends the element with each coordinate in the number form `format`, whose texts are at most
-// `kCapacity` long.
-template <std::size_t kCapacity, char* (*format)(char*, double) noexcept>
-bool appendCoordinates(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
-                       const dom::Name& name, double x, double y, double z) {
-  char texts[3 * kCapacity];
-  char* const endX = format(texts, x);
-  char* const endY = format(endX, y);
-  char* const endZ = format(endY, z);
-  const dom::NewAttribute attributes[] = {
-      {kX, {{texts, endX}}}, {kY, {{endX, endY}}}, {kZ, {{endY, endZ}}}};
-  return dom::appendElement(document, parent, name, attributes);
-}
-
 template <class Geometry>
 int readCoordinates(const IXMLDOMNodePtr& item, Geometry* geometry) {
   dom::AttributeValue value;
@@ -44,12 +30,19 @@ int readCoordinates(const IXMLDOMNodePtr& item, Geometry* geometry) {
 
 bool appendPoint(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                  const dom::Name& name, double x, double y, double z) {
-  return appendCoordinates<kFixed7Capacity, formatFixed7>(document, parent, name, x, y, z);
+  const double coordinates[] = {x, y, z};
+  return dom::appendElement(document, parent, name, kCoordinateNames, coordinates);
 }
 
 bool appendVector(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                   const dom::Name& name, double x, double y, double z) {
-  return appendCoordinates<kShortestCapacity, formatShortest>(document, parent, name, x, y, z);
+  char texts[3 * kShortestCapacity];
+  char* const endX = formatShortest(texts, x);
+  char* const endY = formatShortest(endX, y);
+  char* const endZ = formatShortest(endY, z);
+  const dom::NewAttribute attributes[] = {
+      {kX, {{texts, endX}}}, {kY, {{endX, endY}}}, {kZ, {{endY, endZ}}}};
+  return dom::appendElement(document, parent, name, attributes);
 }
 
 int itemValue(const IXMLDOMNodePtr& item, CKtPnt3D* point) {

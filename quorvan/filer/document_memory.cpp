@@ -40,7 +40,7 @@ void DocumentMemory::forget() noexcept {
 }
 
 IXMLDOMNodePtr DocumentMemory::firstChildNamed(const IXMLDOMNodePtr& node, const dom::Name& name) {
-  if (!keepsRoot()) {
+  if (!keepsCounts()) {
     return dom::firstChildNamed(node, name);
   }
   if (!m_children.front().isOf(node)) {

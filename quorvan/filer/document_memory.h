@@ -43,14 +43,14 @@ class DocumentMemory {
   /// remembered.
   SearchIndex* index(const IXMLDOMDocumentPtr& document);
 
-  /// Whether root and counts are to be kept: where they may be, and the backend, which keeps no
-  /// revision, would have to look for them.
-  [[nodiscard]] bool keepsRoot() const noexcept { return !m_hasRevision && !m_isHandedOut; }
+  /// Whether counts and children are to be kept: where they may be, and the backend, which keeps
+  /// no revision, would have to look for them.
+  [[nodiscard]] bool keepsCounts() const noexcept { return !m_hasRevision && !m_isHandedOut; }
 
-  /// Whether a caller may have nodes of the document.
+  /// Whether a caller may have nodes of the document. As long as none has, the root is kept.
   [[nodiscard]] bool isHandedOut() const noexcept { return m_isHandedOut; }
 
-  /// The first child of that name of a node in the document, null without one. Where root and
+  /// The first child of that name of a node in the document, null without one. Where
   /// counts are kept, the children of the nodes asked about last are kept, too.
   IXMLDOMNodePtr firstChildNamed(const IXMLDOMNodePtr& node, const dom::Name& name);
 

@@ -153,7 +153,7 @@ int CKtFiler::LoadMapFromXml() {
   // Into a copy: counts that an error left half added would be added again the next time, and the
   // elements written then would get wrong indexes.
   ClassCounts counts = m_classCounts;
-  if (m_memory != nullptr && m_memory->keepsRoot()) {
+  if (m_memory != nullptr && m_memory->keepsCounts()) {
     if (!m_memory->counts()) {
       ClassCounts kept;
       addCountsBelow(root, kept);
@@ -175,7 +175,7 @@ int CKtFiler::InsertClassNameInMap(const dom::Name& className) {
 // The root is known by its place, not by its name: a comment or DOCTYPE that stands where it is
 // expected is taken for it.
 IXMLDOMNodePtr CKtFiler::rootElement() {
-  const bool isKept = m_document != nullptr && m_memory != nullptr && m_memory->keepsRoot();
+  const bool isKept = m_document != nullptr && m_memory != nullptr && !m_memory->isHandedOut();
   if (isKept && m_memory->root() != nullptr) {
     return m_memory->root();
   }

@@ -2,7 +2,6 @@
 #include <quorvan/filer/filer.h>
 #include <quorvan/filer/item_access.h>
 #include <quorvan/filer/item_values.h>
-#include <quorvan/text/numbers.h>
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
@@ -18,10 +17,7 @@ int CKtFiler::write(const dom::Name& name, double value) {
   if (scope == nullptr) {
     return dropItem(name);
   }
-  char text[quorvan::kFixed7Capacity];
-  const dom::NewAttribute attribute{filer::kDoubleKind,
-                                    {{text, quorvan::formatFixed7(text, value)}}};
-  return dom::appendElement(m_document, scope, name, {&attribute, 1}) ? 1 : 0;
+  return dom::appendElement(m_document, scope, name, {&filer::kDoubleKind, 1}, &value) ? 1 : 0;
 }
 
 int CKtFiler::writeItem(CString name, long value) {
@@ -33,10 +29,8 @@ int CKtFiler::write(const dom::Name& name, long value) {
   if (scope == nullptr) {
     return dropItem(name);
   }
-  char text[quorvan::kShortestCapacity];
-  char* const end = quorvan::formatLong(text, static_cast<std::int32_t>(value));
-  const dom::NewAttribute attribute{filer::kLongKind, {{text, end}}};
-  return dom::appendElement(m_document, scope, name, {&attribute, 1}) ? 1 : 0;
+  const auto number = static_cast<std::int32_t>(value);
+  return dom::appendElement(m_document, scope, name, filer::kLongKind, number) ? 1 : 0;
 }
 
 int CKtFiler::writeItem(CString name, CString value) {

@@ -135,7 +135,13 @@ struct NewAttribute {
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes);
 
-/// The same with one attribute of any text.
+/// The same with numbers, which are filed to seven decimals.
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, std::span<const Name> attributes, const double* numbers);
+
+/// The same with one attribute: a whole number, any text.
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, const Name& attribute, std::int32_t number);
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, const Name& attribute, std::wstring_view value);
 

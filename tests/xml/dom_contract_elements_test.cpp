@@ -11,6 +11,16 @@ class NewElement : public DomContract {
     const dom::NewAttribute attributes[] = {{"X", {"1.0"}}, {"Y", {"2.0"}}, {"Z", {"-3.5"}}};
     return dom::appendElement(m_document, parent, dom::Name(std::string_view(name)), attributes);
   }
+
+  // A new element with numbers and one with a whole number.
+  void appendNumbers(const IXMLDOMNodePtr& parent, const dom::Name& name = "N") const {
+    const dom::Name names[] = {"X", "Y", "Z"};
+    const double numbers[] = {1.5, -0.00000004, 1e22};
+    EXPECT_TRUE(dom::appendElement(m_document, parent, name, names, numbers));
+    EXPECT_TRUE(dom::appendElement(m_document, parent, name, "long", std::int32_t{-70000}));
+  }
+  static constexpr const char* kNumbers =
+      "N(X=1.5000000 Y=-0.0000000 Z=10000000000000000000000.0000000) N(long=-70000)";
 };
 
 TEST_F(NewElement, BecomesTheLastChildWithItsAttributesInOrder) {
@@ -34,6 +44,23 @@ TEST_F(NewElement, GoesIntoAnElementOfAnotherDocument) {
   EXPECT_TRUE(appendPoint(parent, "A"));
   EXPECT_TRUE(dom::appendElement(m_document, parent, "B", "string", L"text"));
   EXPECT_EQ(outline(parent), "Parent[A(X=1.0 Y=2.0 Z=-3.5) B(string=text)]");
+}
+
+TEST_F(NewElement, TakesNumbersToSevenDecimalsAndWholeNumbersWhereverItGoes) {
+  const IXMLDOMNodePtr alone = element("Alone");
+  const IXMLDOMNodePtr elsewhere = dom::createElement(newDocument(), "Elsewhere");
+  for (const IXMLDOMNodePtr& parent : {m_root, alone, elsewhere}) {
+    appendNumbers(parent);
+  }
+  EXPECT_EQ(outline(m_root), std::string("Document[") + kNumbers + "]");
+  EXPECT_EQ(outline(alone), std::string("Alone[") + kNumbers + "]");
+  EXPECT_EQ(outline(elsewhere), std::string("Elsewhere[") + kNumbers + "]");
+}
+
+TEST_F(NewElement, WithNumbersRaisesAsAnyOther) {
+  EXPECT_EQ(raisedBy([&] { appendNumbers(m_root, "1N"); }), E_FAIL);
+  EXPECT_EQ(raisedBy([&] { appendNumbers(nullptr); }), E_POINTER);
+  EXPECT_EQ(outline(m_root), "Document");
 }
 
 TEST_F(NewElement, TakesAnyTextThatXmlCarries) {

@@ -2,6 +2,7 @@
 #include <quorvan/xml/dom.h>
 #include <quorvan/xml/values.h>
 
+#include <algorithm>
 #include <new>
 
 #include <quorvan/text/numbers.h>
@@ -19,6 +20,7 @@ using embedded::Ref;
 using embedded::Tree;
 using embedded::Value;
 using embedded::WideValue;
+using embedded::WrittenText;
 
 // The node of a handle that was found not to be null.
 struct Place {
@@ -60,6 +62,21 @@ void appendTo(Tree& tree, Ref parent, const IXMLDOMNodePtr& child) {
   } else {
     tree.adopt(parent, place.tree, place.ref);
   }
+}
+
+// Appends a new element with attributes as Tree::createElement() takes them.
+template <class NameAt, class Put>
+bool appendWith(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent, const Name& name,
+                std::size_t count, std::size_t capacity, const NameAt& nameAt, const Put& put) {
+  Tree& tree = Document::of(document).tree();
+  const Place place(parent);
+  const Ref element = tree.createElement(name, count, capacity, nameAt, put);
+  if (&place.tree == &tree && place.node().isElement()) {
+    tree.appendNew(place.ref, element);
+  } else {
+    appendTo(place.tree, place.ref, tree.handle(element));
+  }
+  return true;
 }
 
 }  // namespace
@@ -146,32 +163,40 @@ void appendNew(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& element) {
 
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes) {
-  Tree& tree = Document::of(document).tree();
-  const Place place(parent);
-  if (&place.tree == &tree && place.node().isElement()) {
-    tree.appendElement(place.ref, name, attributes);
-    return true;
-  }
-  const IXMLDOMNodePtr element = dom::createElement(document, name);
+  std::size_t largest = 0;
   for (const NewAttribute& attribute : attributes) {
-    dom::addAttribute(document, element, attribute.name, attribute.value);
+    largest = std::max(largest, attribute.value.text.size());
   }
-  append(parent, element);
-  return true;
+  const auto nameAt = [&](std::size_t i) -> const Name& { return attributes[i].name; };
+  const auto put = [&](std::size_t i, char* to) {
+    const std::string_view text = attributes[i].value.text;
+    embedded::value_entry::copyBytes(to, text.data(), text.size());
+    return WrittenText{to + text.size(), true};
+  };
+  return appendWith(document, parent, name, attributes.size(), largest, nameAt, put);
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, std::span<const Name> attributes, const double* numbers) {
+  const auto nameAt = [&](std::size_t i) -> const Name& { return attributes[i]; };
+  const auto put = [&](std::size_t i, char* to) {
+    return WrittenText{formatFixed7(to, numbers[i]), true};
+  };
+  return appendWith(document, parent, name, attributes.size(), kFixed7Capacity, nameAt, put);
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, const Name& attribute, std::int32_t number) {
+  const auto nameAt = [&](std::size_t) -> const Name& { return attribute; };
+  const auto put = [&](std::size_t, char* to) { return WrittenText{formatLong(to, number), true}; };
+  return appendWith(document, parent, name, 1, kShortestCapacity, nameAt, put);
 }
 
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, const Name& attribute, std::wstring_view value) {
-  Tree& tree = Document::of(document).tree();
-  const Place place(parent);
-  if (&place.tree == &tree && place.node().isElement()) {
-    tree.appendElement(place.ref, name, attribute, WideValue(value).value());
-    return true;
-  }
-  const IXMLDOMNodePtr element = dom::createElement(document, name);
-  dom::addAttribute(document, element, attribute, value);
-  append(parent, element);
-  return true;
+  const auto nameAt = [&](std::size_t) -> const Name& { return attribute; };
+  const auto put = [&](std::size_t, char* to) { return embedded::putWide(to, value); };
+  return appendWith(document, parent, name, 1, value.size() * kMaxUtf8, nameAt, put);
 }
 
 // --- walking -------------------------------------------------------------------------------
@@ -209,7 +234,8 @@ NodeName nodeName(const IXMLDOMNodePtr& node) {
 }
 
 bool nodeNameIs(const IXMLDOMNodePtr& node, const Name& name) {
-  return nodeName(node).view() == name;
+  const Place place(node);
+  return place.node().name() == place.tree.nodes().names().find(name);
 }
 
 bool isCopy(const IXMLDOMNodePtr& a, const IXMLDOMNodePtr& b) noexcept {

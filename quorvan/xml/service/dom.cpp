@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include <quorvan/text/numbers.h>
 #include <quorvan/text/utf8.h>
 #include <quorvan/xml/character_rules.h>
 #include <quorvan/xml/name_rules.h>
@@ -151,6 +152,19 @@ void appendMade(IXMLDOMNode& parent, IXMLDOMNode& element) {
   }
 }
 
+// Appends a new element after `set` has given it its attributes. False when it could not be made.
+template <class Set>
+bool appendMade(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent, const Name& name,
+                const Set& set) {
+  const Owned<IXMLDOMElement> element = newElement(*document, name);
+  if (element == nullptr) {
+    return false;
+  }
+  set(*element);
+  appendMade(*parent, *element);
+  return true;
+}
+
 IXMLDOMNodePtr firstNamed(IXMLDOMNodePtr node, const Name& name) {
   while (node != nullptr && !nodeNameIs(node, name)) {
     node = nextSibling(node);
@@ -260,26 +274,36 @@ void appendNew(const IXMLDOMNodePtr& parent, const IXMLDOMNodePtr& element) {
 
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, std::span<const NewAttribute> attributes) {
-  const Owned<IXMLDOMElement> element = newElement(*document, name);
-  if (element == nullptr) {
-    return false;
-  }
-  for (const NewAttribute& attribute : attributes) {
-    setAttribute(*element, attribute.name, textValue(wide(attribute.value.text)));
-  }
-  appendMade(*parent, *element);
-  return true;
+  return appendMade(document, parent, name, [&](IXMLDOMElement& element) {
+    for (const NewAttribute& attribute : attributes) {
+      setAttribute(element, attribute.name, textValue(wide(attribute.value.text)));
+    }
+  });
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, std::span<const Name> attributes, const double* numbers) {
+  return appendMade(document, parent, name, [&](IXMLDOMElement& element) {
+    const double* number = numbers;
+    for (const Name& attribute : attributes) {
+      char text[kFixed7Capacity];
+      setAttribute(element, attribute, textValue(wide({text, formatFixed7(text, *number++)})));
+    }
+  });
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, const Name& attribute, std::int32_t number) {
+  char text[kShortestCapacity];
+  const NewAttribute only{attribute, {{text, formatLong(text, number)}}};
+  return appendElement(document, parent, name, {&only, 1});
 }
 
 bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
                    const Name& name, const Name& attribute, std::wstring_view value) {
-  const Owned<IXMLDOMElement> element = newElement(*document, name);
-  if (element == nullptr) {
-    return false;
-  }
-  setAttribute(*element, attribute, textValue(xmlText(value)));
-  appendMade(*parent, *element);
-  return true;
+  return appendMade(document, parent, name, [&](IXMLDOMElement& element) {
+    setAttribute(element, attribute, textValue(xmlText(value)));
+  });
 }
 
 // --- walking -------------------------------------------------------------------------------

@@ -221,6 +221,18 @@ bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& par
          genuine::appendElement(document, parent, name, attribute, value);
 }
 
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, std::span<const Name> attributes, const double* numbers) {
+  return !returnsNothing("appendElement", name.text()) &&
+         genuine::appendElement(document, parent, name, attributes, numbers);
+}
+
+bool appendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& parent,
+                   const Name& name, const Name& attribute, std::int32_t number) {
+  return !returnsNothing("appendElement", name.text()) &&
+         genuine::appendElement(document, parent, name, attribute, number);
+}
+
 IXMLDOMNodePtr firstChild(const IXMLDOMDocumentPtr& document) {
   meet("firstChild");
   return genuine::firstChild(document);

@@ -75,6 +75,20 @@ TEST_F(AttributeStorage, ElementsMadeInOneStepTakeManyAttributesAndMoreLater) {
   EXPECT_EQ(outline(m_root), "Document[Six(a=1 b=2 c=3 d=4 e=5 f=6) Two(a=1 b=again g=7)[None]]");
 }
 
+TEST_F(AttributeStorage, ElementsMadeInOneStepTakeNamesWithHighNumbers) {
+  std::string expected = "Document[";
+  for (int i = 0; i < 17000; ++i) {
+    const std::string text = "n" + std::to_string(i);
+    const dom::Name names[] = {dom::Name(text), dom::Name("X")};
+    const double numbers[] = {i / 4.0, 7.0};
+    ASSERT_TRUE(dom::appendElement(m_document, m_root, dom::Name(text), names, numbers));
+    expected += text + "(" + text + "=" + std::to_string(i / 4) + "." +
+                std::to_string(i % 4 * 25 + 100).substr(1) + "00000 X=7.0000000) ";
+  }
+  expected.back() = ']';
+  EXPECT_EQ(outline(m_root), expected);
+}
+
 TEST_F(AttributeStorage, WideTextsOfEveryLengthAreKept) {
   for (std::size_t length = 0; length < 140; ++length) {
     const std::wstring plain(length, L'p');

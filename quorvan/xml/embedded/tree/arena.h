@@ -32,14 +32,24 @@ class Arena {
   Arena& operator=(const Arena&) = delete;
   ~Arena() = default;
 
-  /// `words` words in a row, not initialised. Raises std::bad_alloc.
-  Ref allocate(std::uint32_t words) {
+  /// Sees to it that so many words in a row come next. Raises std::bad_alloc.
+  void reserve(std::uint32_t words) {
     if (m_limit - m_top < words) {
       addChunk(words);
     }
-    const Ref allocated = m_top;
+  }
+
+  /// `words` words in a row, not initialised. Raises std::bad_alloc.
+  Ref allocate(std::uint32_t words) {
+    reserve(words);
+    return take(words);
+  }
+
+  /// The same with words that reserve() has seen to.
+  Ref take(std::uint32_t words) noexcept {
+    const Ref taken = m_top;
     m_top += words;
-    return allocated;
+    return taken;
   }
 
   /// Makes what was handed out last, and ends at `end`, longer by `words`. False, with nothing

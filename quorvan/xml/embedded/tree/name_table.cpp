@@ -10,7 +10,7 @@ namespace quorvan::embedded {
 
 namespace {
 
-constexpr std::size_t kFirstSlots = 128;
+constexpr std::size_t kFirstSlots = 256;
 constexpr std::size_t kFirstEntries = 48;
 constexpr std::size_t kFirstBlock = 1024;
 constexpr std::size_t kBlock = std::size_t{16} * 1024;

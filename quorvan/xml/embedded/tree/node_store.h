@@ -38,31 +38,24 @@ class NodeStore {
     return ref;
   }
 
-  /// A new node with so many values, of which no two have one name.
-  template <class ValueAt>
-  Ref createWith(NodeType type, NameId name, std::size_t count, const ValueAt& valueAt) {
-    std::uint32_t words = kNodeWords;
-    std::size_t largest = 0;
-    NameId last = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-      const NamedValue added = valueAt(i);
-      largest |= added.value.text.size();
-      last |= added.name;
-      words += value_entry::shortWords(added.value.text.size());
-    }
-    if (!value_entry::isShort(last, largest)) {
-      return createPieceByPiece(type, name, count, valueAt);
-    }
-    const Ref ref = m_arena.allocate(words);
-    auto* at = static_cast<std::uint32_t*>(m_arena.at(ref));
+  /// A new node with a few values, of which no two have one name: `nameAt(i)` gives the name of
+  /// each, and `put(i, to)` writes its text into its place, at most `capacity` bytes, fewer than
+  /// value_entry::kLong.
+  template <class NameAt, class Put>
+  Ref createWith(NodeType type, NameId name, std::size_t count, std::size_t capacity,
+                 const NameAt& nameAt, const Put& put) {
+    m_arena.reserve(kNodeWords +
+                    static_cast<std::uint32_t>(count) * value_entry::mostWords(capacity));
+    auto* const begin = static_cast<std::uint32_t*>(m_arena.at(m_arena.top()));
     const auto flags = count == 0 ? 0U : static_cast<std::uint32_t>(NodeFlag::kHasValues);
-    ::new (at) Node{Node::headOf(type, name) | flags, 0, 0, 0, 0};
-    at += kNodeWords;
+    ::new (begin) Node{Node::headOf(type, name) | flags, 0, 0, 0, 0};
+    std::uint32_t* at = begin + kNodeWords;
     for (std::size_t i = 0; i < count; ++i) {
-      at = value_entry::writeShort(at, valueAt(i), i + 1 != count);
+      at = value_entry::writeInPlace(at, nameAt(i), i + 1 != count,
+                                     [&](char* to) { return put(i, to); });
     }
     m_open.node = 0;
-    return ref;
+    return m_arena.take(static_cast<std::uint32_t>(at - begin));
   }
 
   /// Gives the node a value of that name, in the place of one it has.
@@ -137,7 +130,7 @@ class NodeStore {
   [[nodiscard]] const std::uint32_t* valueList(Ref ref) const noexcept {
     const Node& record = node(ref);
     if (record.has(NodeFlag::kHasValues)) {
-      return static_cast<const std::uint32_t*>(m_arena.at(ref + kNodeWords));
+      return reinterpret_cast<const std::uint32_t*>(&record + 1);
     }
     return record.has(NodeFlag::kValuesElsewhere) ? m_lists.find(ref)->second.begin() : nullptr;
   }
@@ -164,15 +157,6 @@ class NodeStore {
     return true;
   }
 
-  template <class ValueAt>
-  Ref createPieceByPiece(NodeType type, NameId name, std::size_t count, const ValueAt& valueAt) {
-    const Ref ref = create(type, name);
-    for (std::size_t i = 0; i < count; ++i) {
-      const NamedValue added = valueAt(i);
-      put(ref, added.name, added.value);
-    }
-    return ref;
-  }
   void putElsewhere(Ref ref, NameId name, const Value& value, bool isNew);
   bool overwrite(const ValueWalk& entry, const Value& value);
   ListElsewhere& listElsewhere(Ref ref);

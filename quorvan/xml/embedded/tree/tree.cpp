@@ -1,6 +1,5 @@
 #include <quorvan/xml/embedded/tree/tree.h>
 
-#include <array>
 #include <atomic>
 
 #include <quorvan/xml/name_rules.h>
@@ -99,42 +98,17 @@ bool Tree::mayHold(Ref parent, const Node& child, bool isOnly, bool isRoot) cons
   }
 }
 
-void Tree::appendElement(Ref parent, const dom::Name& name,
-                         std::span<const dom::NewAttribute> attributes) {
-  constexpr std::size_t kAtOnce = 4;
-  const std::size_t count = attributes.size();
-  const NameId id = internXmlName(name);
-  Ref child = 0;
-  if (count <= kAtOnce) {
-    std::array<NameId, kAtOnce> names;
-    for (std::size_t i = 0; i < count; ++i) {
-      names[i] = internXmlName(attributes[i].name);
-    }
-    child = m_nodes.createWith(NodeType::kElement, id, count, [&](std::size_t i) {
-      return NamedValue{names[i], {attributes[i].value.text, true}};
-    });
-  } else {
-    child = m_nodes.create(NodeType::kElement, id);
-    for (const dom::NewAttribute& attribute : attributes) {
-      m_nodes.put(child, internXmlName(attribute.name), {attribute.value.text, true});
-    }
+void Tree::appendNewElsewhere(Ref parent, Ref child) {
+  attach(parent, child);
+  if (parent != m_root && isBelowRoot(parent)) {
+    ++m_revision;
   }
-  appendNew(parent, child);
-}
-
-void Tree::appendElement(Ref parent, const dom::Name& name, const dom::Name& attribute,
-                         const Value& value) {
-  const NameId id = internXmlName(name);
-  const NamedValue added = {internXmlName(attribute), value};
-  appendNew(parent,
-            m_nodes.createWith(NodeType::kElement, id, 1, [&](std::size_t) { return added; }));
 }
 
 void Tree::append(Ref parent, Ref child) {
   // An element that stands alone goes below the root without a question.
   if (parent == m_root && node(child).isElement() && node(child).parent == 0) {
-    prepareLink(parent, child);
-    link(parent, child);
+    link(parent, child, prepareLink(parent, child));
     m_nodes.node(child).clear(NodeFlag::kSpaceBefore);
     return;
   }
@@ -146,45 +120,34 @@ void Tree::append(Ref parent, Ref child) {
   const Ref former = this->parent(child);
   const bool isQuiet = former == 0 ? parent == m_root || !isAttached(parent)
                                    : !isAttached(former) && parent != m_root && !isAttached(parent);
-  if (isSpecial(parent)) {
-    prepareLink(parent, child);
-  }
+  ChildIndex::Names* const same = isSpecial(parent) ? prepareLink(parent, child) : nullptr;
   if (former != 0) {
     unlink(child);
   }
-  link(parent, child);
+  link(parent, child, same);
   m_nodes.node(child).clear(NodeFlag::kSpaceBefore);
   if (!isQuiet) {
     ++m_revision;
   }
 }
 
-// Does beforehand all of linking that may fail.
-void Tree::prepareLink(Ref parent, Ref child) {
+// Does beforehand all of linking that may fail. Gives where an index lists the child.
+ChildIndex::Names* Tree::prepareLink(Ref parent, Ref child) {
   if (parent == m_document) {
     if (node(child).isElement() && !node(child).has(NodeFlag::kIndexed)) {
       indexChildren(child);
     }
-  } else {
-    indexOf(parent).findOrAdd(node(child).name());
-    if (m_freeLinks == 0 && !node(child).has(NodeFlag::kListed)) {
-      m_freeLinks = m_nodes.allocateLinks(kSiblingLinksWords);
-      *static_cast<SiblingLinks*>(m_nodes.at(m_freeLinks)) = {};
-    }
+    return nullptr;
   }
+  ChildIndex::Names& same = indexOf(parent).findOrAdd(node(child).name());
+  if (m_freeLinks == 0 && !node(child).has(NodeFlag::kListed)) {
+    m_freeLinks = m_nodes.allocateLinks(kSiblingLinksWords);
+    *static_cast<SiblingLinks*>(m_nodes.at(m_freeLinks)) = {};
+  }
+  return &same;
 }
 
-void Tree::linkSpecially(Ref parent, Ref child) noexcept {
-  if (parent != m_document) {
-    linkByName(parent, child);
-  } else if (node(child).isElement()) {
-    m_root = child;
-    m_rootIndex = &m_indexes.find(child)->second;
-  }
-}
-
-void Tree::linkByName(Ref parent, Ref child) noexcept {
-  ChildIndex::Names& same = *indexOf(parent).find(node(child).name());
+void Tree::linkByName(Ref parent, Ref child, ChildIndex::Names& same) noexcept {
   const Ref place = m_freeLinks;
   auto& placed = *static_cast<SiblingLinks*>(m_nodes.at(place));
   m_freeLinks = placed.nextSame;
@@ -268,7 +231,7 @@ void Tree::indexChildren(Ref parent) {
   }
   m_nodes.node(parent).set(NodeFlag::kIndexed);
   for (Ref at = node(parent).firstChild; at != 0; at = node(at).next) {
-    linkByName(parent, at);
+    linkByName(parent, at, *indexOf(parent).find(node(at).name()));
   }
 }
 

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -74,12 +74,38 @@ class Tree final : public TreeOwners {
     }
   }
 
-  /// Appends a new element with attributes of different names to an element of this tree. Raises
-  /// E_FAIL for a name that XML cannot carry.
-  void appendElement(Ref parent, const dom::Name& name,
-                     std::span<const dom::NewAttribute> attributes);
-  void appendElement(Ref parent, const dom::Name& name, const dom::Name& attribute,
-                     const Value& value);
+  /// A new element without parent that has attributes of different names: `nameAt(i)` gives the
+  /// name of each, and `put(i, to)` writes at most `capacity` bytes of UTF-8 and returns a
+  /// WrittenText. Raises E_FAIL for a name that XML cannot carry.
+  template <class NameAt, class Put>
+  Ref createElement(const dom::Name& name, std::size_t count, std::size_t capacity,
+                    const NameAt& nameAt, const Put& put) {
+    constexpr std::size_t kFew = 4;
+    constexpr std::size_t kShort = 0xFFF;
+    if (count <= kFew && capacity <= kShort) {
+      const NameId id = internXmlName(name);
+      return m_nodes.createWith(
+          NodeType::kElement, id, count, capacity,
+          [&](std::size_t i) { return internXmlName(nameAt(i)); }, put);
+    }
+    const Ref element = createElement(name);
+    std::string text(capacity, '\0');
+    for (std::size_t i = 0; i < count; ++i) {
+      const WrittenText written = put(i, text.data());
+      const auto size = static_cast<std::size_t>(written.end - text.data());
+      m_nodes.put(element, internXmlName(nameAt(i)), {{text.data(), size}, written.plain});
+    }
+    return element;
+  }
+
+  /// Appends an element just made to an element of this tree.
+  void appendNew(Ref parent, Ref child) {
+    if (m_tail.parent == parent && m_tail.isAlone) {
+      linkBehindTail(child);
+    } else {
+      appendNewElsewhere(parent, child);
+    }
+  }
 
   /// Appends a node of this tree as the last child, moving it from where it is. Raises E_FAIL
   /// where the parent cannot hold it.
@@ -92,12 +118,12 @@ class Tree final : public TreeOwners {
   /// Appends a node without parent, which the parent can hold: for those who build whole trees.
   void attach(Ref parent, Ref child) {
     if (isSpecial(parent)) {
-      prepareLink(parent, child);
+      link(parent, child, prepareLink(parent, child));
     } else if (m_tail.parent == parent) {
-      linkBehindTail(node(parent), child);
-      return;
+      linkBehindTail(child);
+    } else {
+      link(parent, child, nullptr);
     }
-    link(parent, child);
   }
 
   /// The first child of that name; the first of the following siblings of that name; 0 without
@@ -125,6 +151,9 @@ class Tree final : public TreeOwners {
   struct Tail {
     Ref parent = 0;
     Ref child = 0;
+    Node* first = nullptr;  // child of the parent
+    Node* last = nullptr;   // the record of `child`
+    bool isAlone = false;   // the parent is an element without parent and index
   };
   using Moves = std::vector<std::pair<Ref, Ref>>;
 
@@ -154,26 +183,15 @@ class Tree final : public TreeOwners {
   [[nodiscard]] bool mayHold(Ref parent, const Node& child, bool isOnly,
                              bool isRoot) const noexcept;
 
-  void appendNew(Ref parent, Ref child) {
-    Node& holder = m_nodes.node(parent);
-    if (m_tail.parent == parent && holder.parent == 0 && holder.isElement() &&
-        !holder.has(NodeFlag::kIndexed)) {
-      linkBehindTail(holder, child);
-      return;
-    }
-    attach(parent, child);
-    if (parent != m_root && isBelowRoot(parent)) {
-      ++m_revision;
-    }
-  }
-
+  void appendNewElsewhere(Ref parent, Ref child);
   void startWalk(Ref parent) noexcept;
   // Whether linking a child to the node takes more than writing down who stands where.
   [[nodiscard]] bool isSpecial(Ref parent) const noexcept {
     return parent == m_document || node(parent).has(NodeFlag::kIndexed);
   }
-  void prepareLink(Ref parent, Ref child);
-  void link(Ref parent, Ref child) noexcept {
+  ChildIndex::Names* prepareLink(Ref parent, Ref child);
+  // `same` is what prepareLink() gave, null where it was not needed.
+  void link(Ref parent, Ref child, ChildIndex::Names* same) noexcept {
     Node& holder = m_nodes.node(parent);
     Node& added = m_nodes.node(child);
     added.parent = parent;
@@ -188,23 +206,27 @@ class Tree final : public TreeOwners {
       m_nodes.node(last).next = child;
       first.previous = child;
     }
-    m_tail = {parent, child};
-    if (isSpecial(parent)) {
-      linkSpecially(parent, child);
+    m_tail = {parent, child, &m_nodes.node(holder.firstChild), &added,
+              holder.parent == 0 && holder.isElement() && !holder.has(NodeFlag::kIndexed)};
+    if (same != nullptr) {
+      linkByName(parent, child, *same);
+    } else if (parent == m_document && added.isElement()) {
+      m_root = child;
+      m_rootIndex = &m_indexes.find(child)->second;
     }
   }
   // Behind the node that was appended last, where that is nothing but writing down who stands
   // where.
-  void linkBehindTail(const Node& holder, Ref child) noexcept {
+  void linkBehindTail(Ref child) noexcept {
     Node& added = m_nodes.node(child);
     added.parent = m_tail.parent;
     added.previous = m_tail.child;
-    m_nodes.node(m_tail.child).next = child;
-    m_nodes.node(holder.firstChild).previous = child;
+    m_tail.last->next = child;
+    m_tail.first->previous = child;
     m_tail.child = child;
+    m_tail.last = &added;
   }
-  void linkSpecially(Ref parent, Ref child) noexcept;
-  void linkByName(Ref parent, Ref child) noexcept;
+  void linkByName(Ref parent, Ref child, ChildIndex::Names& same) noexcept;
   void unlink(Ref child) noexcept;
   void unlinkByName(Ref parent, Ref child) noexcept;
   void indexChildren(Ref parent);

@@ -9,10 +9,11 @@ void Tree::adopt(Ref parent, Tree& from, Ref child) {
   }
   const Ref top = m_nodes.top();
   Moves moves;
+  ChildIndex::Names* same = nullptr;
   try {
     const Ref copy = copyFrom(from, child, moves);
     if (isSpecial(parent)) {
-      prepareLink(parent, copy);
+      same = prepareLink(parent, copy);
     }
   } catch (...) {
     for (const auto& [old, copied] : moves) {
@@ -32,7 +33,7 @@ void Tree::adopt(Ref parent, Tree& from, Ref child) {
   if (former != 0) {
     from.unlink(child);
   }
-  link(parent, moves.front().second);
+  link(parent, moves.front().second, same);
   m_nodes.node(moves.front().second).clear(NodeFlag::kSpaceBefore);
   from.handOver(moves, *this);
 }
@@ -45,7 +46,7 @@ Ref Tree::copyFrom(const Tree& from, Ref top, Moves& moves) {
   for (;;) {
     const Ref copy = copyNode(from, source, moves, names);
     if (parent != 0) {
-      link(parent, copy);
+      link(parent, copy, nullptr);
     }
     if (from.node(source).firstChild != 0) {
       parent = copy;

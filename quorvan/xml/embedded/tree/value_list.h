@@ -25,9 +25,10 @@ struct Value {
   bool plain;  // printable ASCII with nothing to escape: may be written to a file as it stands
 };
 
-struct NamedValue {
-  NameId name;
-  Value value;
+/// Where the text of a value ends that was written into its place.
+struct WrittenText {
+  char* end;
+  bool plain;
 };
 
 namespace value_entry {
@@ -95,24 +96,26 @@ inline void write(std::uint32_t* at, NameId name, const Value& value,
   }
 }
 
-/// Whether an entry is one word and the bytes, few enough to be among many in one allocation. Or
-/// whether all of several are, given their names and sizes laid over each other.
-constexpr bool isShort(NameId name, std::size_t size) noexcept {
-  return name < kWideName && size <= 0xFFF;
+/// The most words of an entry that writeInPlace() makes of so many bytes.
+constexpr std::uint32_t mostWords(std::size_t capacity) noexcept {
+  return words(kWideName, capacity);
 }
 
-/// Words of a short entry.
-constexpr std::uint32_t shortWords(std::size_t size) noexcept {
-  return 1 + static_cast<std::uint32_t>((size + 3) / 4);
-}
-
-/// Writes a short entry and returns where it ends.
-inline std::uint32_t* writeShort(std::uint32_t* at, const NamedValue& added, bool more) noexcept {
-  const std::string_view text = added.value.text;
-  *at = (added.name << kNameShift) | (more ? kMore : 0) | (added.value.plain ? kPlain : 0) |
-        static_cast<std::uint32_t>(text.size());
-  copyBytes(reinterpret_cast<char*>(at + 1), text.data(), text.size());
-  return at + shortWords(text.size());
+/// Writes an entry whose text is put straight into its place, and returns where the entry ends.
+/// `put` gets the place, writes fewer than kLong bytes there and returns their end.
+template <class Put>
+std::uint32_t* writeInPlace(std::uint32_t* at, NameId name, bool more, const Put& put) {
+  std::uint32_t* const header = at++;
+  const bool isWide = name >= kWideName;
+  if (isWide) {
+    *at++ = name;
+  }
+  char* const text = reinterpret_cast<char*>(at);
+  const WrittenText written = put(text);
+  const auto size = static_cast<std::uint32_t>(written.end - text);
+  *header = ((isWide ? kWideName : name) << kNameShift) | (more ? kMore : 0) |
+            (written.plain ? kPlain : 0) | size;
+  return at + (size + 3) / 4;
 }
 
 }  // namespace value_entry

@@ -33,28 +33,28 @@ bool isPlain(std::string_view text) noexcept {
                      [](char unit) { return isPlainUnit(static_cast<unsigned char>(unit)); });
 }
 
+WrittenText putWide(char* to, std::wstring_view wide) noexcept {
+  // As if it were plain, which it nearly always is.
+  const wchar_t* at = wide.data();
+  const wchar_t* const end = at + wide.size();
+  while (at != end && isPlainUnit(static_cast<char32_t>(*at))) {
+    *to++ = static_cast<char>(*at++);
+  }
+  const bool plain = at == end;
+  while (at != end) {
+    to = putUtf8(to, orReplacement(decodeWide(at, end)));
+  }
+  return {to, plain};
+}
+
 WideValue::WideValue(std::wstring_view wide) {
   char* begin = m_short.data();
   if (wide.size() > kShort) {
     m_long.resize(wide.size() * kMaxUtf8);
     begin = m_long.data();
   }
-  // As if it were ASCII, which it nearly always is.
-  char32_t all = 0;
-  for (std::size_t i = 0; i < wide.size(); ++i) {
-    all |= static_cast<char32_t>(wide[i]);
-    begin[i] = static_cast<char>(wide[i]);
-  }
-  m_value = {{begin, wide.size()}, all < 0x80 && isPlain({begin, wide.size()})};
-  if (m_value.plain) {
-    return;
-  }
-  char* to = begin;
-  const wchar_t* at = wide.data();
-  for (const wchar_t* const end = at + wide.size(); at != end;) {
-    to = putUtf8(to, orReplacement(decodeWide(at, end)));
-  }
-  m_value.text = {begin, static_cast<std::size_t>(to - begin)};
+  const WrittenText written = putWide(begin, wide);
+  m_value = {{begin, static_cast<std::size_t>(written.end - begin)}, written.plain};
 }
 
 void appendValue(std::string& out, std::string_view utf8) {

@@ -28,8 +28,11 @@ constexpr std::uint64_t markNotPlain(std::uint64_t bytes) noexcept {
 /// Whether the text is printable ASCII with nothing to escape in XML.
 bool isPlain(std::string_view text) noexcept;
 
-/// Wide text as a value: UTF-8 with U+FFFD in the place of what XML cannot carry. A surrogate pair
-/// is one character.
+/// Writes wide text as a value, at most kMaxUtf8 bytes a unit: UTF-8 with U+FFFD in the place of
+/// what XML cannot carry. A surrogate pair is one character.
+WrittenText putWide(char* to, std::wstring_view wide) noexcept;
+
+/// Wide text as a value, as putWide() writes it.
 class WideValue {
  public:
   /// Raises std::bad_alloc for a long text.
