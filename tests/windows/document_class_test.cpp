@@ -1,5 +1,5 @@
-// Where documents of the service come from: the class is looked up once a thread, and a document is
-// still to be had only while COM is there.
+// Where documents of the service come from: the class is looked up once, and a document is still to
+// be had only while COM is there.
 
 #include <gtest/gtest.h>
 #include <objbase.h>
@@ -44,7 +44,7 @@ TEST(DocumentClass, GivesEachDocumentATreeOfItsOwn) {
   ::CoUninitialize();
 }
 
-TEST(DocumentClass, IsLookedUpByEachThreadInItsApartment) {
+TEST(DocumentClass, IsThereForEachThreadInItsApartment) {
   for (const DWORD apartment : {COINIT_APARTMENTTHREADED, COINIT_MULTITHREADED}) {
     std::thread([apartment] {
       ASSERT_EQ(::CoInitializeEx(nullptr, apartment), S_OK);

@@ -1,5 +1,6 @@
 #include <quorvan/xml/service/document_class.h>
 
+#include <atomic>
 #include <utility>
 
 namespace quorvan::service {
@@ -12,9 +13,20 @@ constexpr CLSID kDocumentClass = {
 // In-process server, in-process handler, local server, remote server.
 constexpr DWORD kClassContext = 23;
 
-// What makes documents for this thread; kept for good, as is the code behind it. Interfaces are not
-// passed between threads.
-thread_local constinit IClassFactory* factory = nullptr;
+// What makes documents for the first thread that asked for one; kept for good, as is the code
+// behind it. Interfaces are not passed between threads, and a place of its own for each thread
+// would be lost whenever the library is unloaded.
+constinit std::atomic<DWORD> owner = 0;
+constinit IClassFactory* factory = nullptr;
+
+bool isOwner() {
+  return owner.load(std::memory_order_relaxed) == ::GetCurrentThreadId();
+}
+
+bool becomesOwner() {
+  DWORD nobody = 0;
+  return isOwner() || owner.compare_exchange_strong(nobody, ::GetCurrentThreadId());
+}
 
 // The module that an object's code is in.
 HMODULE moduleOf(IUnknown& object, DWORD flags) {
@@ -57,14 +69,17 @@ bool isComReady() {
 HRESULT createDocument(IXMLDOMDocument** document) {
   *document = nullptr;
   auto** const created = reinterpret_cast<void**>(document);
-  if (factory != nullptr && isComReady() &&
+  if (isOwner() && factory != nullptr && isComReady() &&
       SUCCEEDED(factory->CreateInstance(nullptr, __uuidof(IXMLDOMDocument), created))) {
     return S_OK;
   }
   const HRESULT result = ::CoCreateInstance(kDocumentClass, nullptr, kClassContext,
                                             __uuidof(IXMLDOMDocument), created);
   if (SUCCEEDED(result)) {
-    keepFactory(keepLoaded(**document));
+    const HMODULE service = keepLoaded(**document);
+    if (becomesOwner()) {
+      keepFactory(service);
+    }
   }
   return result;
 }
