@@ -3,38 +3,14 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
-#include <string>
-#include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include <tools/files/transfer_file.h>
+#include <tools/model/attribute_reader.h>
 #include <tools/model/item_problem.h>
 #include <tools/model/item_value.h>
-#include <tools/text/keyed_hash.h>
 
 namespace quorvan::tool {
-
-/// The children of one element by name: the first of each, which is the one that readers find.
-class NamedChildren {
- public:
-  NamedChildren(const DocumentTree& tree, const Node& parent);
-
-  /// Null where there is none. No name is asked for twice. Costs least in the order of the file.
-  const Node* find(std::string_view name);
-
-  /// Whether every child was found, and in the order of the file.
-  [[nodiscard]] bool isExhausted() const noexcept { return m_next == nullptr; }
-
- private:
-  static constexpr std::size_t kFewChildren = 24;
-
-  const DocumentTree& m_tree;
-  const Node* m_next;  // those before it were asked for
-  std::unordered_map<std::string_view, const Node*, KeyedHash> m_byName;  // where there are many
-  bool m_hasMany = false;
-};
 
 /// Some of the items of each class.
 class ItemSelection {
@@ -57,9 +33,6 @@ class ItemSelection {
 
 /// Whether children that are no items, and items that come again, are problems as well.
 enum class Strangers : std::uint8_t { kReported, kPassedOver };
-/// Which values count: those that readers find, or those that were filed. Readers find no entry of
-/// a list that is longer than its size can say, and 0 for a number without digits.
-enum class Values : std::uint8_t { kAsRead, kAsFiled };
 
 class ItemReader {
  public:

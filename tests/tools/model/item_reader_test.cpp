@@ -10,6 +10,7 @@
 #include <tests/support/transfer_text.h>
 #include <tests/tools/item_samples.h>
 #include <tests/tools/loaded_file.h>
+#include <tools/model/named_children.h>
 
 namespace {
 
