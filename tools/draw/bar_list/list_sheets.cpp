@@ -70,6 +70,11 @@ void fit(std::vector<double>& widths, const std::vector<double>& least, double r
 struct TableLayout {
   std::vector<double> widths;
   double sketch = 0.0;  // width of the column of sketches; 0 without one
+
+  // Where the columns of texts end, and that of the sketches begins.
+  [[nodiscard]] double right() const {
+    return std::accumulate(widths.begin(), widths.end(), kSheetMargin);
+  }
 };
 
 class Sheets {
@@ -209,7 +214,7 @@ class Sheets {
       const double top = m_y;
       addRow(table, columns, cells, sketch);
       if (hasSketches) {
-        const double left = kSheetWidth - kSheetMargin - columns.sketch;
+        const double left = columns.right();
         addSketch(m_list.rows[r], {left, top + kListLettering + kPadding - sketch - kPadding});
       }
     }
