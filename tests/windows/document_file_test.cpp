@@ -131,9 +131,9 @@ TEST_F(DocumentFile, APassingFileThatCannotBeMadeIsAnError) {
   addRoot("R");
   EXPECT_THROW(save(m_document, CString(L"missing\\passing.xml"), Durability::kPassing),
                _com_error);
-  fs::create_directory("passing.xml");
-  EXPECT_THROW(save(m_document, CString(L"passing.xml"), Durability::kPassing), _com_error);
-  EXPECT_TRUE(fs::is_directory("passing.xml"));
+  fs::create_directory("passing-folder.xml");
+  EXPECT_THROW(save(m_document, CString(L"passing-folder.xml"), Durability::kPassing), _com_error);
+  EXPECT_TRUE(fs::is_directory("passing-folder.xml"));
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <quorvan/xml/service/document_class.h>
 
 #include <atomic>
-#include <utility>
 
 namespace quorvan::service {
 
@@ -13,20 +12,39 @@ constexpr CLSID kDocumentClass = {
 // In-process server, in-process handler, local server, remote server.
 constexpr DWORD kClassContext = 23;
 
-// What makes documents for the first thread that asked for one; kept for good, as is the code
-// behind it. Interfaces are not passed between threads, and a place of its own for each thread
-// would be lost whenever the library is unloaded.
-constinit std::atomic<DWORD> owner = 0;
-constinit IClassFactory* factory = nullptr;
+// A place for each thread, given back when the library is unloaded: what a variable of the language
+// takes of the system for that would be lost.
+class ThreadPlace {
+ public:
+  constexpr ThreadPlace() noexcept = default;
+  ~ThreadPlace() { ::TlsFree(m_index.exchange(TLS_OUT_OF_INDEXES)); }
+  ThreadPlace(const ThreadPlace&) = delete;
+  ThreadPlace& operator=(const ThreadPlace&) = delete;
 
-bool isOwner() {
-  return owner.load(std::memory_order_relaxed) == ::GetCurrentThreadId();
-}
+  // Null where nothing was put.
+  [[nodiscard]] void* get() const noexcept {
+    const DWORD index = m_index;
+    return index == TLS_OUT_OF_INDEXES ? nullptr : ::TlsGetValue(index);
+  }
+  // Gives whether it is there from now on.
+  bool put(void* value) noexcept {
+    DWORD none = TLS_OUT_OF_INDEXES;
+    if (m_index == none) {
+      const DWORD index = ::TlsAlloc();
+      if (!m_index.compare_exchange_strong(none, index)) {
+        ::TlsFree(index);  // another thread was faster
+      }
+    }
+    return m_index != TLS_OUT_OF_INDEXES && ::TlsSetValue(m_index, value) != 0;
+  }
 
-bool becomesOwner() {
-  DWORD nobody = 0;
-  return isOwner() || owner.compare_exchange_strong(nobody, ::GetCurrentThreadId());
-}
+ private:
+  std::atomic<DWORD> m_index = TLS_OUT_OF_INDEXES;
+};
+
+// What makes documents for this thread: interfaces are not passed between threads. It is kept for
+// good, as is the code behind it.
+constinit ThreadPlace factoryPlace;
 
 // The module that an object's code is in.
 HMODULE moduleOf(IUnknown& object, DWORD flags) {
@@ -50,10 +68,8 @@ void keepFactory(HMODULE service) {
                                 reinterpret_cast<void**>(&found)))) {
     return;
   }
-  if (moduleOf(*found, GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == service) {
-    std::swap(found, factory);
-  }
-  if (found != nullptr) {
+  if (moduleOf(*found, GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) != service ||
+      !factoryPlace.put(found)) {
     found->Release();
   }
 }
@@ -69,7 +85,8 @@ bool isComReady() {
 HRESULT createDocument(IXMLDOMDocument** document) {
   *document = nullptr;
   auto** const created = reinterpret_cast<void**>(document);
-  if (isOwner() && factory != nullptr && isComReady() &&
+  auto* const factory = static_cast<IClassFactory*>(factoryPlace.get());
+  if (factory != nullptr && isComReady() &&
       SUCCEEDED(factory->CreateInstance(nullptr, __uuidof(IXMLDOMDocument), created))) {
     return S_OK;
   }
@@ -77,7 +94,7 @@ HRESULT createDocument(IXMLDOMDocument** document) {
                                             __uuidof(IXMLDOMDocument), created);
   if (SUCCEEDED(result)) {
     const HMODULE service = keepLoaded(**document);
-    if (becomesOwner()) {
+    if (factory == nullptr) {
       keepFactory(service);
     }
   }
