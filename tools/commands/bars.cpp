@@ -21,7 +21,7 @@
 #include <tools/schedule/bar_list.h>
 #include <tools/schedule/list_writers.h>
 #ifdef QUORVAN_HAS_CAIRO
-#include <tools/draw/writers/cairo_writer.h>
+#include <tools/draw/writers/pdf_writer.h>
 #endif
 
 namespace quorvan::tool {

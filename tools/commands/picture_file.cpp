@@ -8,6 +8,7 @@
 #include <tools/text/table.h>
 #ifdef QUORVAN_HAS_CAIRO
 #include <tools/draw/writers/cairo_writer.h>
+#include <tools/draw/writers/pdf_writer.h>
 #endif
 
 namespace quorvan::tool {

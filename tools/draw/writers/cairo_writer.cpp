@@ -5,17 +5,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <memory>
+#include <new>
 #include <numbers>
+#include <utility>
 
 #include <tools/console/console.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/scene/lettering_metrics.h>
 #include <tools/draw/writers/text_painter.h>
-#ifdef QUORVAN_HAS_FONT_SUBSETS
-#include <tools/draw/writers/pdf_document.h>
-#endif
 
 namespace quorvan::tool {
 
@@ -179,20 +177,34 @@ class Painter {
   TextPainter m_texts;
 };
 
-void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre, int joined) {
-  const Context context(cairo_create(surface.get()), cairo_destroy);
-  cairo_scale(context.get(), unitsPerMillimetre, unitsPerMillimetre);
-  Painter(context.get(), scene, joined).paint();
-  cairo_show_page(context.get());
-  const cairo_status_t status = cairo_status(context.get());
+void checkDrawing(cairo_status_t status) {
   if (status != CAIRO_STATUS_SUCCESS) {
     throw Failure(std::string("the picture cannot be drawn: ") + cairo_status_to_string(status));
   }
 }
 
-void check(cairo_status_t status, const std::filesystem::path& path) {
-  if (status != CAIRO_STATUS_SUCCESS) {
-    throw Failure(toUtf8(path) + ": cannot be written: " + cairo_status_to_string(status));
+void paintOn(const Surface& surface, const Scene& scene, double unitsPerMillimetre, int joined) {
+  const Context context(cairo_create(surface.get()), cairo_destroy);
+  cairo_scale(context.get(), unitsPerMillimetre, unitsPerMillimetre);
+  Painter(context.get(), scene, joined).paint();
+  cairo_show_page(context.get());
+  checkDrawing(cairo_status(context.get()));
+}
+
+struct PaintedBytes {
+  std::string bytes;
+  bool isWhole = true;
+};
+
+// cairo may forget that it was told of an error.
+cairo_status_t append(void* painted, const unsigned char* data, unsigned int length) {
+  auto& [bytes, isWhole] = *static_cast<PaintedBytes*>(painted);
+  try {
+    bytes.append(reinterpret_cast<const char*>(data), length);
+    return CAIRO_STATUS_SUCCESS;
+  } catch (const std::bad_alloc&) {
+    isWhole = false;
+    return CAIRO_STATUS_NO_MEMORY;
   }
 }
 
@@ -217,28 +229,20 @@ void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::pat
                                                    static_cast<int>(height)),
                         cairo_surface_destroy);
   paintOn(surface, scene, scale, 1);
-  check(cairo_surface_write_to_png(surface.get(), toUtf8(path).c_str()), path);
-}
-
-void writePdf(const Scene& scene, const std::filesystem::path& path) {
-  writePdf(std::span(&scene, 1), path);
-}
-
-void writePdf(std::span<const Scene> pages, const std::filesystem::path& path) {
-#ifdef QUORVAN_HAS_FONT_SUBSETS
-  if (const auto bytes = pdfDocument(pages)) {
-    std::ofstream out(path, std::ios::binary);
-    out << *bytes;
-    out.close();
-    return check(out ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR, path);
+  const cairo_status_t status = cairo_surface_write_to_png(surface.get(), toUtf8(path).c_str());
+  if (status != CAIRO_STATUS_SUCCESS) {
+    throw Failure(toUtf8(path) + ": cannot be written: " + cairo_status_to_string(status));
   }
-#endif
+}
+
+std::string paintedPdf(std::span<const Scene> pages) {
   const double scale = kPointsPerInch / kMillimetresPerInch;
   const Scene& first = pages.front();
-  const Surface surface(
-      cairo_pdf_surface_create(toUtf8(path).c_str(), first.width * scale, first.height * scale),
-      cairo_surface_destroy);
-  check(cairo_surface_status(surface.get()), path);
+  PaintedBytes painted;
+  const Surface surface(cairo_pdf_surface_create_for_stream(append, &painted, first.width * scale,
+                                                            first.height * scale),
+                        cairo_surface_destroy);
+  checkDrawing(cairo_surface_status(surface.get()));
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, first.title.c_str());
   // The same drawing gives the same bytes.
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE,
@@ -248,7 +252,11 @@ void writePdf(std::span<const Scene> pages, const std::filesystem::path& path) {
     paintOn(surface, page, scale, kJoinedInPdf);
   }
   cairo_surface_finish(surface.get());
-  check(cairo_surface_status(surface.get()), path);
+  if (!painted.isWhole) {
+    throw std::bad_alloc();
+  }
+  checkDrawing(cairo_surface_status(surface.get()));
+  return std::move(painted.bytes);
 }
 
 }  // namespace quorvan::tool

@@ -1,8 +1,9 @@
-// A scene as PNG or PDF. Only where the build has cairo.
+// Scenes as cairo paints them. Only where the build has it.
 #pragma once
 
 #include <filesystem>
 #include <span>
+#include <string>
 
 #include <tools/draw/scene/scene.h>
 
@@ -13,9 +14,9 @@ double mostDotsPerInch(const Scene& scene);
 
 /// Raises Failure when the file cannot be written.
 void writePng(const Scene& scene, double dotsPerInch, const std::filesystem::path& path);
-void writePdf(const Scene& scene, const std::filesystem::path& path);
 
-/// A page each; one at least. The title is that of the first.
-void writePdf(std::span<const Scene> pages, const std::filesystem::path& path);
+/// The bytes of a PDF with a page each; one at least. The title is that of the first. It may have
+/// any letters: those without a font are there as boxes.
+std::string paintedPdf(std::span<const Scene> pages);
 
 }  // namespace quorvan::tool

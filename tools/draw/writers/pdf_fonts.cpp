@@ -2,19 +2,22 @@
 
 #include <hb-ot.h>
 #include <hb-subset.h>
+#include <qpdf/QUtil.hh>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
 #include <tools/console/console.h>
-#include <tools/text/number_text.h>
+#include <tools/draw/writers/pdf_objects.h>
 
 namespace quorvan::tool {
 
 namespace {
 
 constexpr double kOfFont = 1000.0;  // in which a PDF counts a size of a font
+constexpr int kWidthDecimals = 3;   // of one of these
+constexpr unsigned kByte = 8;       // bits
 
 using Blob = std::unique_ptr<hb_blob_t, decltype(&hb_blob_destroy)>;
 
@@ -72,17 +75,16 @@ std::string nameOf(hb_face_t* face, std::size_t number) {
   return name;
 }
 
-// The box around all letters of the font, in thousandths of its size.
-std::string boxOfLetters(hb_face_t* face, double unitsOfSize) {
+// The box around all letters of the font, in its units.
+std::array<double, 4> boxOfLetters(hb_face_t* face) {
   constexpr std::size_t kFirst = 36;  // of its four numbers in the table
   const Blob head(hb_face_reference_table(face, HB_TAG('h', 'e', 'a', 'd')), hb_blob_destroy);
   const std::string_view bytes = bytesOf(head.get());
-  std::string box;
-  for (std::size_t at = kFirst; at < kFirst + 8; at += 2) {
-    const unsigned high = at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
-    const unsigned low = at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at + 1]) : 0U;
-    const auto value = static_cast<std::int16_t>(static_cast<std::uint16_t>(high << 8U | low));
-    box += (box.empty() ? "" : " ") + rounded(value * kOfFont / unitsOfSize, 0);
+  std::array<double, 4> box{};
+  for (std::size_t i = 0; i < box.size() && kFirst + 2 * i + 1 < bytes.size(); ++i) {
+    const unsigned high = static_cast<unsigned char>(bytes[kFirst + 2 * i]);
+    const unsigned low = static_cast<unsigned char>(bytes[kFirst + 2 * i + 1]);
+    box[i] = static_cast<std::int16_t>(static_cast<std::uint16_t>(high << kByte | low));
   }
   return box;
 }
@@ -91,12 +93,15 @@ std::string boxOfLetters(hb_face_t* face, double unitsOfSize) {
 template <class Glyphs>
 std::string unicodeMap(const Glyphs& glyphs) {
   constexpr std::size_t kMostOfBlock = 100;
+  constexpr std::size_t kMarkOfUtf16 = 2;  // bytes
   std::vector<std::string> lines;
   for (const auto& [glyph, known] : glyphs) {
     if (!known.text.empty()) {
-      std::string line = "<";
-      appendPdfUnit(line, glyph);
-      lines.push_back(line + "><" + pdfUnits(known.text) + ">\n");
+      std::string letter;
+      appendPdfLetter(letter, glyph);
+      lines.push_back("<" + QUtil::hex_encode(letter) + "><" +
+                      QUtil::hex_encode(QUtil::utf8_to_utf16(known.text).substr(kMarkOfUtf16)) +
+                      ">\n");
     }
   }
   std::string map =
@@ -115,7 +120,32 @@ std::string unicodeMap(const Glyphs& glyphs) {
   return map + "endcmap\nCMapName currentdict/CMap defineresource pop\nend\nend\n";
 }
 
+// How far each letter advances: the first of a row of them, then the widths of all in it.
+template <class Glyphs>
+qpdf_oh widthsOf(const Glyphs& glyphs, qpdf_data file) {
+  const qpdf_oh widths = qpdf_oh_new_array(file);
+  qpdf_oh row = 0;
+  std::optional<hb_codepoint_t> next;
+  for (const auto& [glyph, known] : glyphs) {
+    if (glyph != next) {
+      row = qpdf_oh_new_array(file);
+      qpdf_oh_append_item(file, widths, qpdf_oh_new_integer(file, glyph));
+      qpdf_oh_append_item(file, widths, row);
+    }
+    qpdf_oh_append_item(
+        file, row, qpdf_oh_new_real_from_double(file, known.advance * kOfFont, kWidthDecimals));
+    next = glyph + 1;
+  }
+  return widths;
+}
+
 }  // namespace
+
+void appendPdfLetter(std::string& bytes, hb_codepoint_t glyph) {
+  constexpr hb_codepoint_t kLowest = 0xFF;
+  bytes += static_cast<char>(glyph >> kByte & kLowest);
+  bytes += static_cast<char>(glyph & kLowest);
+}
 
 std::optional<std::size_t> PdfFonts::numberOf(PangoFont* font) {
   const auto known =
@@ -152,44 +182,56 @@ bool PdfFonts::say(std::size_t font, hb_codepoint_t glyph, std::string_view text
   return said == text;
 }
 
-std::string PdfFonts::putInto(PdfFile& file) const {
-  std::string entries;
+qpdf_oh PdfFonts::putInto(qpdf_data file) const {
+  const qpdf_oh fonts = qpdf_oh_new_dictionary(file);
   for (std::size_t i = 0; i < m_fonts.size(); ++i) {
-    entries += "/F" + std::to_string(i) + ' ' + pdfReference(put(m_fonts[i], i, file));
+    qpdf_oh_replace_key(file, fonts, ("/F" + std::to_string(i)).c_str(), put(m_fonts[i], i, file));
   }
-  return entries;
+  return fonts;
 }
 
-std::size_t PdfFonts::put(const Font& font, std::size_t number, PdfFile& file) {
-  const std::string name = nameOf(font.face(), number);
-  const auto thousandths = [&font](double units) {
-    return rounded(units * kOfFont / font.unitsOfSize, 0);
+qpdf_oh PdfFonts::put(const Font& font, std::size_t number, qpdf_data file) {
+  const qpdf_oh name = pdfName(file, nameOf(font.face(), number));
+  const qpdf_oh letters = pdfDictionary(
+      file,
+      "<</Type/Font/Subtype/CIDFontType2/DW 0/CIDToGIDMap/Identity"
+      "/CIDSystemInfo<</Registry(Adobe)/Ordering(Identity)/Supplement 0>>>>",
+      {{"/BaseFont", name},
+       {"/W", widthsOf(font.glyphs, file)},
+       {"/FontDescriptor", qpdf_make_indirect_object(file, descriptorOf(font, name, file))}});
+  return qpdf_make_indirect_object(
+      file, pdfDictionary(file, "<</Type/Font/Subtype/Type0/Encoding/Identity-H>>",
+                          {{"/BaseFont", name},
+                           {"/DescendantFonts",
+                            qpdf_oh_wrap_in_array(file, qpdf_make_indirect_object(file, letters))},
+                           {"/ToUnicode", pdfStream(file, unicodeMap(font.glyphs))}}));
+}
+
+qpdf_oh PdfFonts::descriptorOf(const Font& font, qpdf_oh name, qpdf_data file) {
+  const auto thousandths = [&font, file](double units) {
+    return qpdf_oh_new_integer(file, std::llround(units * kOfFont / font.unitsOfSize));
   };
-  const Blob outlines = subsetOf(font.face(), font.glyphs);
-  const std::string_view bytes = bytesOf(outlines.get());
-  const std::size_t program = file.putStream(bytes, "/Length1 " + std::to_string(bytes.size()));
   hb_font_extents_t extents{};
   hb_font_get_h_extents(font.sized.get(), &extents);
   hb_position_t capitals = 0;
   hb_ot_metrics_get_position_with_fallback(font.sized.get(), HB_OT_METRICS_TAG_CAP_HEIGHT,
                                            &capitals);
-  const std::size_t descriptor = file.put(
-      "<</Type/FontDescriptor/FontName/" + name + "/Flags 4/FontBBox[" +
-      boxOfLetters(font.face(), font.unitsOfSize) + "]/ItalicAngle 0/Ascent " +
-      thousandths(extents.ascender) + "/Descent " + thousandths(extents.descender) + "/CapHeight " +
-      thousandths(capitals) + "/StemV 80/FontFile2 " + pdfReference(program) + ">>");
-  std::string widths;
-  for (const auto& [glyph, known] : font.glyphs) {
-    widths += std::to_string(glyph) + '[' + rounded(known.advance * kOfFont, 3) + ']';
+  const qpdf_oh box = qpdf_oh_new_array(file);
+  for (const double side : boxOfLetters(font.face())) {
+    qpdf_oh_append_item(file, box, thousandths(side));
   }
-  const std::size_t letters = file.put(
-      "<</Type/Font/Subtype/CIDFontType2/BaseFont/" + name +
-      "/CIDSystemInfo<</Registry(Adobe)/Ordering(Identity)/Supplement 0>>/FontDescriptor " +
-      pdfReference(descriptor) + "/DW 0/W[" + widths + "]/CIDToGIDMap/Identity>>");
-  const std::size_t unicode = file.putStream(unicodeMap(font.glyphs));
-  return file.put("<</Type/Font/Subtype/Type0/BaseFont/" + name +
-                  "/Encoding/Identity-H/DescendantFonts[" + pdfReference(letters) + "]/ToUnicode " +
-                  pdfReference(unicode) + ">>");
+  const Blob outlines = subsetOf(font.face(), font.glyphs);
+  const std::string_view bytes = bytesOf(outlines.get());
+  const qpdf_oh program = pdfStream(file, bytes);
+  qpdf_oh_replace_key(file, qpdf_oh_get_dict(file, program), "/Length1",
+                      qpdf_oh_new_integer(file, static_cast<std::int64_t>(bytes.size())));
+  return pdfDictionary(file, "<</Type/FontDescriptor/Flags 4/ItalicAngle 0/StemV 80>>",
+                       {{"/FontName", name},
+                        {"/FontBBox", box},
+                        {"/Ascent", thousandths(extents.ascender)},
+                        {"/Descent", thousandths(extents.descender)},
+                        {"/CapHeight", thousandths(capitals)},
+                        {"/FontFile2", program}});
 }
 
 }  // namespace quorvan::tool

@@ -3,6 +3,7 @@
 
 #include <hb.h>
 #include <pango/pango.h>
+#include <qpdf/qpdf-c.h>
 
 #include <cstdint>
 #include <map>
@@ -12,10 +13,12 @@
 #include <string_view>
 #include <vector>
 
-#include <tools/draw/writers/pdf_file.h>
 #include <tools/draw/writers/text_layout.h>
 
 namespace quorvan::tool {
+
+/// Puts a letter behind others, as strings of a page name it: two bytes.
+void appendPdfLetter(std::string& bytes, hb_codepoint_t glyph);
 
 class PdfFonts {
  public:
@@ -30,9 +33,8 @@ class PdfFonts {
   /// this one.
   bool say(std::size_t font, hb_codepoint_t glyph, std::string_view text);
 
-  /// Puts them into the file; gives the entries of a dictionary of them, by the names F0, F1 and
-  /// so on.
-  std::string putInto(PdfFile& file) const;
+  /// Puts them into the file; gives a dictionary of them, by the names F0, F1 and so on.
+  qpdf_oh putInto(qpdf_data file) const;
 
  private:
   struct Glyph {
@@ -49,7 +51,8 @@ class PdfFonts {
     [[nodiscard]] hb_face_t* face() const { return hb_font_get_face(sized.get()); }
   };
 
-  static std::size_t put(const Font& font, std::size_t number, PdfFile& file);
+  static qpdf_oh descriptorOf(const Font& font, qpdf_oh name, qpdf_data file);
+  static qpdf_oh put(const Font& font, std::size_t number, qpdf_data file);
 
   std::vector<Font> m_fonts;
 };

@@ -12,7 +12,6 @@ namespace quorvan::tool {
 
 namespace {
 
-constexpr double kPointsOfMillimetre = 72.0 / 25.4;
 constexpr double kLargestNumber = 1e6;  // mm: readers know no larger numbers
 constexpr int kPageDecimals = 3;        // of a millimetre
 constexpr int kFineDecimals = 5;        // of what multiplies lengths

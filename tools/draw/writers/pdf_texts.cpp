@@ -1,6 +1,7 @@
 #include <tools/draw/writers/pdf_texts.h>
 
 #include <pango/pangocairo.h>
+#include <qpdf/QUtil.hh>
 
 #include <algorithm>
 #include <cmath>
@@ -34,15 +35,11 @@ class LetterRow {
     }
     // Backwards, in thousandths.
     if (const double back = std::round((m_end - x) * kOfLetters); back != 0.0) {
-      endDigits();
+      endString();
       appendRounded(m_text, back, 0);
       m_end -= back / kOfLetters;
     }
-    if (!m_isDigits) {
-      m_text += '<';
-      m_isDigits = true;
-    }
-    appendPdfUnit(m_text, glyph);
+    appendPdfLetter(m_string, glyph);
     m_end += advance;
   }
 
@@ -65,22 +62,24 @@ class LetterRow {
       m_rise = rise;
     }
   }
-  void endDigits() {
-    m_text += m_isDigits ? ">" : "";
-    m_isDigits = false;
+  void endString() {
+    if (!m_string.empty()) {
+      m_text.append(1, '<').append(QUtil::hex_encode(m_string)).append(1, '>');
+      m_string.clear();
+    }
   }
   void endArray() {
-    endDigits();
+    endString();
     m_text += m_isArray ? "]TJ\n" : "";
     m_isArray = false;
   }
 
   std::string m_text;
+  std::string m_string;  // the letters that stand one behind the other by themselves
   std::string m_font;
   double m_end = 0.0;  // of the letter before
   double m_rise = 0.0;
   bool m_isArray = false;
-  bool m_isDigits = false;
 };
 
 // Letters that together say a part of the text.
@@ -156,7 +155,9 @@ class LineWriter {
     // What the letters do not say by themselves is said beside them.
     const bool isSaid = isOne && m_fonts.say(font, inked->glyph, cluster.text);
     if (!isSaid) {
-      m_letters.operate("/Span<</ActualText" + pdfText(cluster.text) + ">>BDC");
+      m_letters.operate("/Span<</ActualText<" +
+                        QUtil::hex_encode(QUtil::utf8_to_utf16(std::string(cluster.text))) +
+                        ">>>BDC");
     }
     for (int i = cluster.first; i < cluster.end; ++i) {
       const PangoGlyphInfo& one = glyphs[i];

@@ -1,4 +1,4 @@
-// PNG and PDF: their sizes, their pages, and what they refuse.
+// PNG: its size, the texts on it, and what is refused.
 #ifdef QUORVAN_HAS_CAIRO
 
 #include <tools/draw/writers/cairo_writer.h>
@@ -7,14 +7,15 @@
 
 #include <cmath>
 #include <filesystem>
-#include <regex>
 
 #include <tests/support/saved_file.h>
+#include <tests/tools/draw/writers/written_scenes.h>
 #include <tests/tools/drawn_elements.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 #include <tools/console/console.h>
 #include <tools/draw/scene/text_width.h>
+#include <tools/draw/writers/pdf_writer.h>
 
 namespace quorvan::tool {
 
@@ -22,6 +23,7 @@ namespace {
 
 using test::fileBytes;
 using test::runTool;
+using test::sceneOfSize;
 
 std::uint32_t bigEndian(const std::string& bytes, std::size_t at) {
   std::uint32_t value = 0;
@@ -29,23 +31,6 @@ std::uint32_t bigEndian(const std::string& bytes, std::size_t at) {
     value = value << 8U | static_cast<unsigned char>(bytes.at(at + i));
   }
   return value;
-}
-
-Scene sceneOfSize(double width, double height) {
-  Scene scene;
-  scene.width = width;
-  scene.height = height;
-  return scene;
-}
-
-// The boxes of the pages of a PDF, in points.
-std::vector<std::pair<double, double>> pagesOf(const std::string& pdf) {
-  static const std::regex kBox("/MediaBox\\s*\\[\\s*0\\s+0\\s+([0-9.]+)\\s+([0-9.]+)\\s*\\]");
-  std::vector<std::pair<double, double>> pages;
-  for (std::sregex_iterator at(pdf.begin(), pdf.end(), kBox); at != std::sregex_iterator(); ++at) {
-    pages.emplace_back(std::stod((*at)[1]), std::stod((*at)[2]));
-  }
-  return pages;
 }
 
 TEST(ToolPng, HasAPointForEachFractionOfAnInch) {
@@ -88,52 +73,6 @@ TEST(ToolPng, TakesItsFinenessFromItsOption) {
   EXPECT_FALSE(std::filesystem::exists("no.png"));
 }
 
-// A point is the 72nd part of an inch.
-TEST(ToolPdf, HasPagesOfTheSizeOfTheirSheets) {
-  writePdf(sceneOfSize(420, 297), "one.pdf");
-  const auto one = pagesOf(fileBytes("one.pdf"));
-  ASSERT_EQ(one.size(), 1U);
-  EXPECT_NEAR(one[0].first, 1190.55, 0.01);
-  EXPECT_NEAR(one[0].second, 841.89, 0.01);
-  const std::vector<Scene> pages = {sceneOfSize(297, 210), sceneOfSize(210, 297),
-                                    sceneOfSize(254, 25.4)};
-  writePdf(pages, "three.pdf");
-  const auto three = pagesOf(fileBytes("three.pdf"));
-  ASSERT_EQ(three.size(), 3U);
-  for (std::size_t i = 0; i < three.size(); ++i) {
-    EXPECT_NEAR(three[i].first, pages[i].width * 72 / 25.4, 0.01) << i;
-    EXPECT_NEAR(three[i].second, pages[i].height * 72 / 25.4, 0.01) << i;
-  }
-}
-
-TEST(ToolPdf, SaysNothingOfTheDayOnWhichItWasMade) {
-  writePdf(sceneOfSize(100, 100), "dated.pdf");
-  const std::string pdf = fileBytes("dated.pdf");
-  const std::size_t date = pdf.find("/CreationDate");
-  ASSERT_NE(date, std::string::npos);
-  EXPECT_NE(pdf.find("20000101000000", date), std::string::npos);
-}
-
-#ifdef QUORVAN_HAS_FONT_SUBSETS
-
-// A letter that no font has is a box with its number, which cairo paints.
-TEST(ToolPdf, IsLeftToCairoWhereALetterHasNoFont) {
-  Scene scene = sceneOfSize(100, 100);
-  Shape text{};
-  text.layer = Layer::kTexts;
-  text.kind = Shape::Kind::kText;
-  text.style = {{}, 0.0, true};
-  text.lettering = {"A", {5, 8}, 6.0, 0.0, AlignX::kLeft, AlignY::kBase};
-  scene.shapes.push_back(text);
-  writePdf(scene, "letters.pdf");
-  EXPECT_EQ(fileBytes("letters.pdf").find("cairo"), std::string::npos);
-  scene.shapes.front().lettering.text = "A\U000F1234";
-  writePdf(scene, "boxes.pdf");
-  EXPECT_NE(fileBytes("boxes.pdf").find("cairo"), std::string::npos);
-}
-
-#endif
-
 TEST(ToolPictureFiles, ThatCannotBeWrittenAreNamed) {
   for (const char* const name : {"nowhere/x.png", "nowhere/x.pdf"}) {
     try {
@@ -153,12 +92,7 @@ TEST(ToolPictureFiles, ThatCannotBeWrittenAreNamed) {
 // The picture of a text, and of whatever lies over it.
 std::string pictureOf(const std::string& text, const std::vector<Shape>& over = {}) {
   Scene scene = sceneOfSize(200, 20);
-  Shape shape{};
-  shape.layer = Layer::kTexts;
-  shape.kind = Shape::Kind::kText;
-  shape.style = {{}, 0.0, true};
-  shape.lettering = {text, {5, 8}, 6.0, 0.0, AlignX::kLeft, AlignY::kBase};
-  scene.shapes.push_back(shape);
+  scene.shapes = {test::textAt({5, 8}, 6.0, text)};
   scene.shapes.insert(scene.shapes.end(), over.begin(), over.end());
   writePng(scene, 100, "text.png");
   return fileBytes("text.png");
