@@ -1,10 +1,12 @@
 // Runs the tests of one executable in an empty working folder of its own: the library leaves its
-// scratch file in the current folder, and test programs run side by side.
+// scratch file in the current folder, and test programs run side by side. It is made in the current
+// folder, or in one as deep below that which QUORVAN_RUN_FOLDER in the environment names.
 
 #include <gtest/gtest.h>
 
 #include <tests/support/known_differences.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -32,9 +34,9 @@ class WorkingFolder {
  public:
   WorkingFolder()
       : m_outside(fs::current_path()),
-        m_folder(m_outside / ("run-" + std::to_string(processId()))) {
+        m_folder(parent(m_outside) / ("run-" + std::to_string(processId()))) {
     fs::remove_all(m_folder);
-    fs::create_directory(m_folder);
+    fs::create_directories(m_folder);
     fs::current_path(m_folder);
   }
 
@@ -48,6 +50,11 @@ class WorkingFolder {
   WorkingFolder& operator=(const WorkingFolder&) = delete;
 
  private:
+  static fs::path parent(const fs::path& outside) {
+    const char* const named = std::getenv("QUORVAN_RUN_FOLDER");
+    return named == nullptr ? outside : fs::path(named) / outside.relative_path();
+  }
+
   fs::path m_outside;
   fs::path m_folder;
 };
