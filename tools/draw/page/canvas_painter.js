@@ -53,9 +53,8 @@ function canvasPainter(picture) {
   function prepareStroke(context, view, style, color, least) {
     context.strokeStyle = color;
     context.lineWidth = Math.max(style.width * view.scale, least);
-    context.lineCap = style.isDashed ? 'butt' : 'round';
-    const dash = Math.max(1.6, 3 * style.width) * view.scale;
-    context.setLineDash(style.isDashed ? [dash, 0.75 * dash] : []);
+    context.lineCap = style.dashes.length > 0 ? 'butt' : 'round';
+    context.setLineDash(style.dashes.map(function (one) { return one * view.scale; }));
   }
 
   // A browser makes the letters of a text anew for every angle, which takes most of the time of a drawing that
@@ -108,14 +107,18 @@ function canvasPainter(picture) {
     return true;
   }
 
+  // A browser has the texts of an SVG at whole 64ths of a pixel of the sheet, and lets the lines of those that
+  // are level begin at whole pixels: without the one the other would come out differently.
+  function textPlace(at, from, scale) { return Math.floor(at * scale * 64) / 64 - from * scale; }
+
   function paintText(context, view, i, style, ink) {
     const size = picture.size[i] * view.scale;
     if (!(size > 0)) { return; }
     context.font = size + fontNames;
     context.textAlign = ['left', 'center', 'right'][picture.align[i]];
     const text = picture.texts[picture.of[i]];
-    const x = (picture.x[i] - view.x) * view.scale;
-    const y = (picture.y[i] - view.y) * view.scale;
+    const x = textPlace(picture.x[i], view.x, view.scale);
+    const y = textPlace(picture.y[i], view.y, view.scale);
     const isTurned = picture.angle[i] !== 0;
     const color = ink.of(picture.style[i]);
     if (!style.isOnPaper && text !== '' && paintStamp(context, view, i, x, y, size, color)) { return; }

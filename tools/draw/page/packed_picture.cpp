@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <numbers>
 #include <optional>
 #include <string>
@@ -24,6 +25,15 @@ constexpr double kPerMillimetre = 1000.0;
 std::int64_t thousandths(double length) {
   constexpr double kFarthest = 1e9;
   return std::llround(std::clamp(length * kPerMillimetre, -kFarthest, kFarthest));
+}
+
+// Dash and gap in thousandths, as an SVG has them: what is longer by less adds up along a line.
+Json dashesOf(const Style& style) {
+  if (!style.isDashed) {
+    return Json::array();
+  }
+  const double dash = dashOf(style.width);
+  return Json::array({thousandths(dash), thousandths(kGapOfDash * dash)});
 }
 
 struct WholePoint {
@@ -133,6 +143,7 @@ class PictureWriter {
   PictureWriter(const Scene& scene, std::ostream& out) : m_scene(scene), m_out(out) {}
 
   void write() {
+    std::future<std::string> grid = std::async([this] { return gridText(); });
     for (const Shape& shape : m_scene.shapes) {
       add(shape);
     }
@@ -142,9 +153,7 @@ class PictureWriter {
           << ",\n\"layers\": " << scriptJson(layers()) << ",\n\"styles\": " << scriptJson(m_styles)
           << ",\n\"texts\": " << scriptJson(m_texts) << ",\n\"bodyCount\": " << m_bodyCount
           << ",\n\"bodies\": \"" << base64(m_bodies.bytes()) << "\",\n\"shapes\": \""
-          << base64(m_shapes.bytes()) << "\",\n\"grid\": ";
-    writeGrid();
-    m_out << "}";
+          << base64(m_shapes.bytes()) << "\",\n\"grid\": " << grid.get() << "}";
   }
 
  private:
@@ -210,7 +219,7 @@ class PictureWriter {
       return m_lastStyleNumber;
     }
     Json text = Json::array({webColor(style.color), std::round(style.width * kPerMillimetre),
-                             style.isFilled, style.isDashed, style.isOnPaper});
+                             style.isFilled, dashesOf(style), style.isOnPaper});
     const auto [number, isNew] = m_knownStyles.numberOf(text.dump());
     if (isNew) {
       m_styles.push_back(std::move(text));
@@ -242,7 +251,7 @@ class PictureWriter {
     return all;
   }
 
-  void writeGrid() {
+  [[nodiscard]] std::string gridText() const {
     const ShapeGrid grid = gridOf(m_scene.shapes);
     PackedNumbers cells;
     const auto addAll = [&](auto begin, auto end) {
@@ -257,11 +266,12 @@ class PictureWriter {
     for (std::size_t cell = 0; cell + 1 < grid.begins.size(); ++cell) {
       addAll(grid.shapes.begin() + grid.begins[cell], grid.shapes.begin() + grid.begins[cell + 1]);
     }
-    m_out << "{\"columns\": " << grid.columns << ", \"rows\": " << grid.rows << ", \"box\": "
-          << scriptJson(Json::array({grid.box.least.x, m_scene.height - grid.box.most.y,
-                                     grid.box.width(), grid.box.height()}))
-          << ", \"entries\": " << grid.shapes.size() << ",\n\"cells\": \"" << base64(cells.bytes())
-          << "\"}";
+    const Json box = {grid.box.least.x, m_scene.height - grid.box.most.y, grid.box.width(),
+                      grid.box.height()};
+    return "{\"columns\": " + std::to_string(grid.columns) +
+           ", \"rows\": " + std::to_string(grid.rows) + ", \"box\": " + scriptJson(box) +
+           ", \"entries\": " + std::to_string(grid.shapes.size()) + ",\n\"cells\": \"" +
+           base64(cells.bytes()) + "\"}";
   }
 
   const Scene& m_scene;

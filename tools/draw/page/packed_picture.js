@@ -11,7 +11,8 @@ function unpackedPicture(packed) {
     count: count,
     steps: kindOf,
     styles: packed.styles.map(function (style) {
-      return {color: style[0], width: style[1] / 1000, isFilled: style[2], isDashed: style[3], isOnPaper: style[4]};
+      return {color: style[0], width: style[1] / 1000, isFilled: style[2], isOnPaper: style[4],
+              dashes: style[3].map(function (one) { return one / 1000; })};
     }),
     // White space as in a document: runs of it are one blank.
     texts: packed.texts.map(function (text) { return text.replace(/[ \t\r\n]+/g, ' ').replace(/^ | $/g, ''); }),

@@ -34,6 +34,9 @@ inline bool isFlat(PlanePoint out, double sweep) noexcept {
   return lengthOf(out) * (1.0 - std::cos(sweep / 2.0)) < kUnseen;
 }
 
+/// The gap behind a dash of length 1.
+inline constexpr double kGapOfDash = 0.75;
+
 /// The length of a dash, in mm.
 inline double dashOf(double width) noexcept {
   constexpr double kLeast = 1.6;

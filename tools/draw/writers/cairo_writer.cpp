@@ -117,7 +117,7 @@ class Painter {
   }
 
   void stroke(const Style& style) {
-    const double dashes[] = {dashOf(style.width), dashOf(style.width) * 0.75};
+    const double dashes[] = {dashOf(style.width), kGapOfDash * dashOf(style.width)};
     cairo_set_dash(m_context, dashes, style.isDashed ? 2 : 0, 0.0);
     cairo_set_line_cap(m_context, style.isDashed ? CAIRO_LINE_CAP_BUTT : CAIRO_LINE_CAP_ROUND);
     cairo_set_line_width(m_context, style.width);

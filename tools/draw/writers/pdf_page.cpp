@@ -103,7 +103,7 @@ class PagePainter {
       if (dash > 0.0) {
         appendRounded(m_out, dash, kPageDecimals);
         m_out += ' ';
-        appendRounded(m_out, 0.75 * dash, kPageDecimals);
+        appendRounded(m_out, kGapOfDash * dash, kPageDecimals);
       }
       m_out += dash > 0.0 ? "]0 d 0 J\n" : "]0 d 1 J\n";
       m_state.dash = dash;

@@ -70,7 +70,7 @@ class StyleSheet {
       }
       if (style.isDashed) {
         out << ";stroke-dasharray:" << number(dashOf(style.width)) << ' '
-            << number(dashOf(style.width) * 0.75) << ";stroke-linecap:butt";
+            << number(kGapOfDash * dashOf(style.width)) << ";stroke-linecap:butt";
       }
       out << "}\n";
     }

@@ -8,6 +8,7 @@
 
 #include <tools/draw/page/packed_numbers.h>
 #include <tools/draw/page/packed_picture.h>
+#include <tools/draw/writers/svg_writer.h>
 
 namespace {
 
@@ -56,7 +57,27 @@ TEST(PackedPicture, GivesShapesOfOneSeriesOneBody) {
   EXPECT_EQ(picture["shapes"], packedNumbers({0, 1 + 14, 20000, 60000, 0,  //
                                               0, 1 + 1, 0, 1000, 0}));
   EXPECT_EQ(picture["layers"], nlohmann::json::parse(R"([["bars", 2]])"));
-  EXPECT_EQ(picture["styles"], nlohmann::json::parse(R"([["#000000", 500, false, false, false]])"));
+  EXPECT_EQ(picture["styles"], nlohmann::json::parse(R"([["#000000", 500, false, [], false]])"));
+}
+
+// As long as in an SVG: on a long line the dashes would come to lie elsewhere otherwise.
+TEST(PackedPicture, HasDashesOfWholeThousandths) {
+  Scene scene;
+  for (const double width : {0.5, 0.55, 0.6125}) {
+    Shape line = lineAt({0.0, 0.0}, {9.0, 0.0}, 1);
+    line.style.width = width;
+    line.style.isDashed = true;
+    scene.shapes.push_back(line);
+  }
+  std::ostringstream svg;
+  quorvan::tool::writeSvg(scene, {}, svg);
+  for (const char* const dashes : {"1.6 1.2", "1.65 1.238", "1.838 1.378"}) {
+    EXPECT_NE(svg.str().find(std::string("stroke-dasharray:") + dashes + ';'), std::string::npos);
+  }
+  const nlohmann::json styles = packed(scene)["styles"];
+  EXPECT_EQ(styles.at(0).at(3), nlohmann::json({1600, 1200}));
+  EXPECT_EQ(styles.at(1).at(3), nlohmann::json({1650, 1238}));
+  EXPECT_EQ(styles.at(2).at(3), nlohmann::json({1838, 1378}));
 }
 
 TEST(PackedPicture, TellsArcsCirclesAndWaysBack) {
