@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <fstream>
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -167,14 +168,14 @@ DrawOptions drawOptions(const DrawArguments& arguments) {
 }
 
 // A page, or a picture without a list.
-void writePicture(const TransferFile& file, const SceneResult& result, const BarList* list,
+void writePicture(const SceneResult& result, std::optional<HtmlPage>& page,
                   const DrawArguments& arguments, const std::filesystem::path& path,
                   Console& console) {
-  if (list == nullptr) {
+  if (!page) {
     return writeScene(result.scene, {arguments.output, arguments.dotsPerInch}, path, console);
   }
   std::ofstream out(path, std::ios::binary);
-  writeHtmlPage(file, *list, result.scene, result.unitsPerMillimetre, out);
+  page->write(result.scene, result.unitsPerMillimetre, out);
   closeWritten(out, arguments.output);
 }
 
@@ -272,18 +273,18 @@ void draw(const DrawArguments& arguments, Console& console) {
     drawing.angles = guessAngleUnit(file).unit;
   }
   // The page has the bar list beside the drawing, whose labels say what is in it.
-  std::optional<BarList> list;
+  std::optional<HtmlPage> page;
   if (formOf(arguments.output) == ".html") {
     ListOptions options;
     options.unit = drawing.unit;
     options.angles = drawing.angles;
-    list = makeBarList({&file}, options);
+    page.emplace(file, options);
   }
-  const BarList* const listed = list ? &*list : nullptr;
-  const SceneResult result = buildScene(file, drawing, console, listed);
+  const SceneResult result =
+      buildScene(file, drawing, console, page ? page->list() : std::shared_future<BarList>());
   report(file, result, drawing, console);
   const WorkFolder folder(arguments.output, console);
-  writePicture(file, result, listed, arguments, folder.file(), console);
+  writePicture(result, page, arguments, folder.file(), console);
   folder.moveToTarget();
 }
 

@@ -1,6 +1,7 @@
 #include <tools/draw/scene_builder.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <tools/draw/drawing_survey.h>
 #include <tools/draw/element_painter.h>
@@ -25,25 +26,20 @@ double letteringOf(const ScaleHints& hints, const Sheet& sheet) {
   return height ? std::clamp(*height / sheet.scale(), kLeastLabel, kLargestLabel) : kLabelLettering;
 }
 
-BarNumbers numbersOf(const TransferFile& file, const DrawOptions& options, AngleUnit angles,
-                     const BarList* list) {
-  if (options.marks == Marks::kNone) {
-    return {};
-  }
-  if (list != nullptr) {
-    return numbersByMark(*list);
-  }
+// A list that has the numbers of the marks.
+std::shared_future<BarList> beginNumbers(const TransferFile& file, const DrawOptions& options,
+                                         AngleUnit angles) {
   ListOptions numbers;
   numbers.unit = options.unit;
   numbers.angles = angles;
   numbers.hasShapes = false;
-  return numbersByMark(makeBarList({&file}, numbers));
+  return beginBarList(file, numbers);
 }
 
 // Draws element by element.
 class Builder {
  public:
-  Builder(const TransferFile& file, const DrawOptions& options, const BarList* list,
+  Builder(const TransferFile& file, const DrawOptions& options, std::shared_future<BarList> list,
           Progress& progress)
       : m_file(file),
         m_options(options),
@@ -51,9 +47,12 @@ class Builder {
         m_angles(options.angles ? *options.angles : guessAngleUnit(file).unit),
         m_colors(options.colors ? *options.colors : guessColorScheme(file)),
         m_language(options.language ? *options.language : guessLanguage(file)),
+        m_list(list.valid() || options.marks == Marks::kNone
+                   ? std::move(list)
+                   : beginNumbers(file, options, m_angles)),
         m_repeated(file),
-        m_numbers(numbersOf(file, options, m_angles, list)),
-        m_survey(survey(file, options, m_angles, m_repeated)) {
+        m_survey(survey(file, options, m_angles, m_repeated)),
+        m_numbers(m_list.valid() ? numbersByMark(m_list.get()) : BarNumbers()) {
     if (m_survey.hasBars && options.marks != Marks::kNone && !m_survey.contents.hints.frame &&
         !options.window) {
       m_survey.contents.around = options.scale && !options.sheet ? 0.0 : kRoomForLabels;
@@ -159,18 +158,19 @@ class Builder {
   AngleUnit m_angles;
   ColorScheme m_colors;
   Language m_language;
+  std::shared_future<BarList> m_list;  // made while the drawing is surveyed
   RepeatedBars m_repeated;
-  BarNumbers m_numbers;
   DrawingSurvey m_survey;
+  BarNumbers m_numbers;
   double m_overhang = 0.0;
 };
 
 }  // namespace
 
 SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console,
-                       const BarList* list) {
+                       std::shared_future<BarList> list) {
   Progress progress(console, "drawing " + printable(file.name()));
-  return Builder(file, options, list, progress).build();
+  return Builder(file, options, std::move(list), progress).build();
 }
 
 }  // namespace quorvan::tool

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,9 @@ struct SceneResult {
   std::uint64_t withoutHeight = 0;      // texts without a height, which got one
 };
 
-/// `list` is the bar list of the file, where that is made already.
+/// `list` is the bar list of the file, where somebody makes it anyway: it is waited for as late as
+/// can be.
 SceneResult buildScene(const TransferFile& file, const DrawOptions& options, Console& console,
-                       const BarList* list = nullptr);
+                       std::shared_future<BarList> list = {});
 
 }  // namespace quorvan::tool

@@ -1,5 +1,6 @@
 #include <tools/schedule/bar_list.h>
 
+#include <future>
 #include <map>
 #include <numbers>
 #include <utility>
@@ -47,6 +48,10 @@ BarList makeBarList(const std::vector<const TransferFile*>& files, const ListOpt
   }
   sum(list);
   return list;
+}
+
+std::future<BarList> beginBarList(const TransferFile& file, const ListOptions& options) {
+  return std::async([&file, options] { return makeBarList({&file}, options); });
 }
 
 double massOf(double diameter, double metres) noexcept {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <future>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -96,6 +97,9 @@ struct BarList {
 
 /// The list refers to the files.
 BarList makeBarList(const std::vector<const TransferFile*>& files, const ListOptions& options);
+
+/// The same of one file, made while something else is done with it. The file outlives the result.
+std::future<BarList> beginBarList(const TransferFile& file, const ListOptions& options);
 
 /// Mass in kg of so many metres of a bar of so many mm.
 double massOf(double diameter, double metres) noexcept;

@@ -6,12 +6,15 @@
 
 #include <tests/support/saved_file.h>
 #include <tests/support/test_data.h>
+#include <tests/tools/drawn_elements.h>
 #include <tests/tools/sample.h>
 #include <tests/tools/tool_run.h>
 
 namespace {
 
+using quorvan::test::documentOf;
 using quorvan::test::fileBytes;
+using quorvan::test::meshOf;
 using quorvan::test::replaced;
 using quorvan::test::runTool;
 using quorvan::test::sampleBytes;
@@ -402,6 +405,26 @@ TEST(ToolDrawPage, PaintsLargeDrawingsOnACanvas) {
     EXPECT_EQ(page.find("<path") == std::string::npos, elements == 6000) << elements;
     EXPECT_EQ(count(page, "<script"), 4U) << elements;
     EXPECT_EQ(count(page, "<b>"), 0U) << elements;
+  }
+}
+
+// Whether there are as many shapes or as many elements of which few are shown.
+TEST(ToolDrawPage, PaintsManyShapesOfFewElementsAndFewOfManyOnACanvasToo) {
+  std::string meshes;
+  for (int i = 0; i < 3000; ++i) {
+    const double x = i % 50 * 7000.0;
+    const double y = i / 50 * 3000.0;
+    meshes += meshOf("", "", {{x, y, 0}, {x + 6000, y, 0}, {x + 6000, y + 2000, 0}});
+  }
+  writeFile("meshes.xml", documentOf(meshes));
+  writeFile("many.xml", manyElements(6000, "x"));
+  ASSERT_EQ(runTool({"draw", "meshes.xml", "-o", "meshes.html"}).status, 0);
+  ASSERT_EQ(
+      runTool({"draw", "many.xml", "-o", "few.html", "--layers", "texts", "--window", "0,0,90,9"})
+          .status,
+      0);
+  for (const std::string name : {"meshes.html", "few.html"}) {
+    EXPECT_NE(fileBytes(name).find("<canvas>"), std::string::npos) << name;
   }
 }
 

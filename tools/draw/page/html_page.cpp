@@ -1,6 +1,7 @@
 #include <tools/draw/page/html_page.h>
 
 #include <sstream>
+#include <utility>
 
 #include <tools/draw/page/element_rows.h>
 #include <tools/draw/page/packed_picture.h>
@@ -16,8 +17,8 @@ namespace quorvan::tool {
 
 namespace {
 
-// Up to so many shapes the drawing is an SVG, which every reader of the page can take apart; more
-// of them would make it stumble.
+// Up to so many elements and shapes the drawing is an SVG, which every reader of the page can take
+// apart; more of them would make it stumble.
 constexpr std::size_t kMostSvgShapes = 5000;
 
 Json placesOf(const BarRow& row) {
@@ -62,7 +63,7 @@ std::string csvOf(const BarList& list) {
   return out.str();
 }
 
-void writeBars(const BarList& list, std::ostream& out) {
+std::string barsText(const BarList& list) {
   const LengthUnit& unit = *list.options.unit;
   Json rows = Json::array();
   for (const BarRow& row : list.rows) {
@@ -79,10 +80,9 @@ void writeBars(const BarList& list, std::ostream& out) {
   for (const std::string& paragraph : conventionsOf(list, kEnglishList)) {
     convention += (convention.empty() ? "" : " ") + paragraph;
   }
-  out << ",\n\"bars\": " << scriptJson(rows) << ",\n\"sums\": " << scriptJson(sumsOf(list))
-      << ",\n\"mass\": " << scriptJson(fixed(list.mass, kMassDecimals))
-      << ",\n\"convention\": " << scriptJson(convention)
-      << ",\n\"csv\": " << scriptJson(csvOf(list));
+  return ",\n\"bars\": " + scriptJson(rows) + ",\n\"sums\": " + scriptJson(sumsOf(list)) +
+         ",\n\"mass\": " + scriptJson(fixed(list.mass, kMassDecimals)) +
+         ",\n\"convention\": " + scriptJson(convention) + ",\n\"csv\": " + scriptJson(csvOf(list));
 }
 
 // What a millimetre of the sheet is in the drawing's unit.
@@ -107,10 +107,32 @@ void writeDrawing(const Scene& scene, bool isLarge, std::ostream& out) {
 
 }  // namespace
 
-void writeHtmlPage(const TransferFile& file, const BarList& list, const Scene& scene,
-                   double unitsPerMillimetre, std::ostream& out) {
-  const bool isLarge = scene.shapes.size() > kMostSvgShapes;
-  ElementHead head;
+HtmlPage::HtmlPage(const TransferFile& file, const ListOptions& options)
+    : m_file(file),
+      m_hasManyElements(file.elements().size() > kMostSvgShapes),
+      m_list(beginBarList(file, options)) {
+  m_data = std::async([list = m_list] { return barsText(list.get()); });
+  if (m_hasManyElements) {
+    m_rows = beginRows(false);
+  }
+}
+
+// After the list, which the drawing waits for.
+std::future<HtmlPage::Rows> HtmlPage::beginRows(bool areDescribed) const {
+  return std::async([&file = m_file, list = m_list, areDescribed] {
+    list.wait();
+    std::ostringstream out;
+    ElementHead head = writeElementRows(file, areDescribed, out);
+    return Rows{std::move(head), std::move(out).str()};
+  });
+}
+
+void HtmlPage::write(const Scene& scene, double unitsPerMillimetre, std::ostream& out) {
+  const bool isLarge = m_hasManyElements || scene.shapes.size() > kMostSvgShapes;
+  if (!m_hasManyElements) {
+    m_rows = beginRows(!isLarge);
+  }
+  Rows rows;
   fillTemplate(kPageTemplate, out, [&](std::string_view part) {
     if (part == "title") {
       out << xmlText(scene.title);
@@ -125,12 +147,12 @@ void writeHtmlPage(const TransferFile& file, const BarList& list, const Scene& s
     } else if (part == "picture" && isLarge) {
       writePackedPicture(scene, out);
     } else if (part == "rows") {
-      head = writeElementRows(file, !isLarge, out);
+      rows = m_rows.get();
+      out << rows.text;
     } else if (part == "data") {
-      out << "{\"classes\": " << scriptJson(head.classes)
-          << ",\n\"marks\": " << scriptJson(head.marks);
-      writeBars(list, out);
-      writeUnit(*list.options.unit, unitsPerMillimetre, out);
+      out << "{\"classes\": " << scriptJson(rows.head.classes)
+          << ",\n\"marks\": " << scriptJson(rows.head.marks) << m_data.get();
+      writeUnit(*m_list.get().options.unit, unitsPerMillimetre, out);
     }
   });
 }

@@ -60,6 +60,11 @@ SheetBox coreOf(Boxes boxes, bool isX) {
 bool trimAlong(Boxes& boxes, bool isX) {
   const auto least = [isX](const SheetBox& box) { return isX ? box.least.x : box.least.y; };
   const auto most = [isX](const SheetBox& box) { return isX ? box.most.x : box.most.y; };
+  const double core = sizeOf(coreOf(boxes, isX));
+  const SheetBox all = unionOf(boxes.begin(), boxes.end());
+  if (most(all) - least(all) <= kTooFar * core) {
+    return false;  // no gap can be as large
+  }
   std::ranges::stable_sort(boxes, {}, [&](const ElementBox& one) { return least(one.box); });
   const std::size_t count = boxes.size();
   std::vector<SheetBox> behind(count + 1, SheetBox::none());
@@ -67,7 +72,6 @@ bool trimAlong(Boxes& boxes, bool isX) {
     behind[i - 1] = behind[i];
     behind[i - 1].include(boxes[i - 1].box);
   }
-  const double core = sizeOf(coreOf(boxes, isX));
   const auto isFar = [core](double gap, const SheetBox& cut) {
     return gap > kTooFar * std::max(core, sizeOf(cut));
   };
