@@ -92,7 +92,7 @@ Color colorOf(std::int64_t number, ColorScheme scheme) noexcept {
              part(0.2 + 0.12 * static_cast<double>(number - kFirstGrey)),
              part(0.2 + 0.12 * static_cast<double>(number - kFirstGrey))};
   }
-  return color == Color{255, 255, 255} ? Color() : color;
+  return color;
 }
 
 int nearestIndex(Color color) noexcept {
@@ -119,6 +119,9 @@ int nearestIndex(Color color) noexcept {
 
 Color legibleOnPaper(Color color) noexcept {
   constexpr double kBrightest = 190.0;  // of 255, as the eye weighs the parts
+  if (color == Color{255, 255, 255}) {
+    return {};
+  }
   constexpr double kDarkened = 130.0;
   const double brightness = 0.299 * color.red + 0.587 * color.green + 0.114 * color.blue;
   if (brightness <= kBrightest) {

@@ -29,14 +29,16 @@ std::optional<ColorScheme> colorSchemeNamed(std::string_view name) noexcept;
 /// as Windows has them.
 ColorScheme guessColorScheme(const TransferFile& file);
 
-/// The colour on white paper: what the palette has as white is black.
+/// The colour. Of the palette the one that is black or white, whichever the background is not, is
+/// black.
 Color colorOf(std::int64_t number, ColorScheme scheme) noexcept;
 
 /// The index, from 1 to 255, whose colour on a screen is nearest to the colour. Black and white are
 /// both 7, which is drawn in whichever of the two the background is not.
 int nearestIndex(Color color) noexcept;
 
-/// The colour, or a darker one of its hue where it could hardly be seen on white paper.
+/// The colour, or a darker one of its hue where it could hardly be seen on white paper; for white
+/// that is black.
 Color legibleOnPaper(Color color) noexcept;
 
 /// "#1a2b3c".

@@ -15,6 +15,7 @@ using quorvan::tool::Color;
 using quorvan::tool::colorOf;
 using quorvan::tool::ColorScheme;
 using quorvan::tool::colorSchemeNamed;
+using quorvan::tool::legibleOnPaper;
 using quorvan::tool::webColor;
 
 ColorScheme schemeFor(const std::string& elements) {
@@ -57,8 +58,7 @@ TEST(ToolColors, AreReadFromTheirPartsInEitherOrder) {
 }
 
 TEST(ToolColors, AreBlackWherePaperIsWhite) {
-  EXPECT_EQ(colorOf(0xFFFFFF, ColorScheme::kRgb), Color());
-  EXPECT_EQ(colorOf(0xFFFFFF, ColorScheme::kBgr), Color());
+  EXPECT_EQ(legibleOnPaper({255, 255, 255}), Color());
   EXPECT_EQ(colorOf(7, ColorScheme::kIndex), Color());
   EXPECT_EQ(colorOf(255, ColorScheme::kIndex).red, colorOf(255, ColorScheme::kIndex).blue);
 }

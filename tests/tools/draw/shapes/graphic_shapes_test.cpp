@@ -76,16 +76,21 @@ TEST(ToolGraphicShapes, FillPolygonsWithoutAnOutline) {
   EXPECT_TRUE(bareShapesOf(test::fillOf({})).empty());
 }
 
-// Near-white fills stay as they are: they are no lines that could not be seen.
+// White fills stay as they are: they are no lines that could not be seen, and hide what is below.
 TEST(ToolGraphicShapes, DarkenLinesAndTextsButNoFills) {
-  const std::string pale = test::fillOf({{0, 0, 0}, {10, 0, 0}, {10, 20, 0}}, 0xF0F0F0);
-  const SceneResult filled = sceneOf(pale);
+  const auto triangleOf = [](long color) {
+    return test::fillOf({{0, 0, 0}, {10, 0, 0}, {10, 20, 0}}, color);
+  };
+  const SceneResult filled = sceneOf(triangleOf(0xF0F0F0) + triangleOf(0xFFFFFF));
   EXPECT_EQ(filled.darkened, 0U);
-  EXPECT_EQ(shapesOn(filled.scene, Layer::kFills).at(0).style.color, (Color{0xF0, 0xF0, 0xF0}));
-  const SceneResult lined = sceneOf(pale + test::lineOf({0, 0, 0}, {9, 9, 0}, 0xF0F0F0) +
-                                    test::circleOf({0, 0, 0}, 9, 0x00FFFF) +
-                                    test::textOf({.contents = "x", .color = 0xFFFFF0}));
-  EXPECT_EQ(lined.darkened, 3U);
+  const std::vector<Shape> fills = shapesOn(filled.scene, Layer::kFills);
+  EXPECT_EQ(fills.at(0).style.color, (Color{0xF0, 0xF0, 0xF0}));
+  EXPECT_EQ(fills.at(1).style.color, (Color{0xFF, 0xFF, 0xFF}));
+  const SceneResult lined = sceneOf(
+      triangleOf(0xF0F0F0) + test::lineOf({0, 0, 0}, {9, 9, 0}, 0xF0F0F0) +
+      test::circleOf({0, 0, 0}, 9, 0x00FFFF) + test::textOf({.contents = "x", .color = 0xFFFFF0}) +
+      test::textOf({.contents = "y", .color = 0xFFFFFF}));
+  EXPECT_EQ(lined.darkened, 4U);
   for (const Layer layer : {Layer::kLines, Layer::kCircles, Layer::kTexts}) {
     const Color color = shapesOn(lined.scene, layer).at(0).style.color;
     EXPECT_LT(0.299 * color.red + 0.587 * color.green + 0.114 * color.blue, 140.0);
