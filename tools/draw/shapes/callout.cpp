@@ -18,6 +18,7 @@ constexpr double kAwayShare = 0.3;
 // Of two places that differ by no more, the first is taken: the last digits differ between systems.
 constexpr double kAsGood = 1e-6;
 constexpr double kBesideText = 0.75;  // heights: a leader ends so far from the middle of the text
+constexpr double kBeforeText = 0.3;   // heights: and so far from either end of it
 
 struct CalloutSize {
   double radius;
@@ -30,8 +31,9 @@ CalloutSize calloutSize(const Callout& callout, double lettering) {
       callout.mark.empty()
           ? 0.0
           : std::max(1.1 * lettering, 0.3 * lettering + textWidth(callout.mark, lettering) / 2.0);
-  const double text =
-      callout.text.empty() ? 0.0 : textWidth(callout.text, lettering) + 0.3 * lettering;
+  const double text = callout.text.empty()
+                          ? 0.0
+                          : textWidth(callout.text, lettering) + 2.0 * kBeforeText * lettering;
   return {bubble, 2.0 * bubble + text, std::max(2.0 * bubble, 1.5 * lettering)};
 }
 
@@ -64,8 +66,7 @@ CalloutPlace placeIn(const SheetBox& box, PlanePoint anchor, const CalloutSize& 
   place.box = box;
   place.radius = size.radius;
   place.bubble = {box.least.x + size.radius, box.center().y};
-  place.text = {box.least.x + 2.0 * size.radius + (size.radius > 0.0 ? 0.3 * lettering : 0.0),
-                box.center().y};
+  place.text = {box.least.x + 2.0 * size.radius + kBeforeText * lettering, box.center().y};
   if (size.radius > 0.0 && crossesText(place, lettering)) {
     const double beside = kBesideText * lettering;
     place.leaderEnd = {std::clamp(anchor.x, place.text.x, box.most.x),
