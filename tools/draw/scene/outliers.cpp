@@ -17,6 +17,7 @@ constexpr std::size_t kFew = 10;       // one in so many
 constexpr std::size_t kLeastToJudge = 4;
 constexpr int kMostCuts = 100;
 constexpr double kLargerThanAll = 1e5;  // where there are too few to judge otherwise
+constexpr double kHalf = 0.5;
 
 double sizeOf(const SheetBox& box) {
   return std::hypot(box.width(), box.height());
@@ -55,14 +56,29 @@ SheetBox coreOf(Boxes boxes, bool isX) {
   return unionOf(boxes.begin() + few, boxes.end() - few);
 }
 
+// As large as that share of them are at the most.
+double sizeOfMost(const Boxes& boxes, double share) {
+  std::vector<double> sizes;
+  sizes.reserve(boxes.size());
+  for (const ElementBox& one : boxes) {
+    sizes.push_back(sizeOf(one.box));
+  }
+  const auto most =
+      sizes.begin() + static_cast<std::ptrdiff_t>(share * static_cast<double>(boxes.size() - 1));
+  std::ranges::nth_element(sizes, most);
+  return *most;
+}
+
 // Cuts off the few at either end of the axis behind a gap that is large beside them and beside the
-// rest. Gives whether it did.
+// rest; up to half of all behind one beside which the rest is nothing. Gives whether it did.
 bool trimAlong(Boxes& boxes, bool isX) {
   const auto least = [isX](const SheetBox& box) { return isX ? box.least.x : box.least.y; };
   const auto most = [isX](const SheetBox& box) { return isX ? box.most.x : box.most.y; };
   const double core = sizeOf(coreOf(boxes, isX));
   const SheetBox all = unionOf(boxes.begin(), boxes.end());
-  if (most(all) - least(all) <= kTooFar * core) {
+  // What remains has more than half of the boxes, and one at least as large as half of them are.
+  const double extent = most(all) - least(all);
+  if (extent <= kTooFar * core && extent <= kLargerThanAll * sizeOfMost(boxes, kHalf)) {
     return false;  // no gap can be as large
   }
   std::ranges::stable_sort(boxes, {}, [&](const ElementBox& one) { return least(one.box); });
@@ -75,33 +91,24 @@ bool trimAlong(Boxes& boxes, bool isX) {
   const auto isFar = [core](double gap, const SheetBox& cut) {
     return gap > kTooFar * std::max(core, sizeOf(cut));
   };
+  const auto isBeyondAll = [](double gap, const SheetBox& rest) {
+    return sizeOf(rest) > 0.0 && gap > kLargerThanAll * sizeOf(rest);
+  };
   SheetBox before = SheetBox::none();
   for (std::size_t i = 1; i < count; ++i) {
     before.include(boxes[i - 1].box);
     const double gap = least(boxes[i].box) - most(before);
-    if (isFew(i, count) && isFar(gap, before)) {
+    if ((isFew(i, count) && isFar(gap, before)) || (2 * i < count && isBeyondAll(gap, behind[i]))) {
       boxes.erase(boxes.begin(), boxes.begin() + static_cast<std::ptrdiff_t>(i));
       return true;
     }
-    if (isFew(count - i, count) && isFar(gap, behind[i])) {
+    if ((isFew(count - i, count) && isFar(gap, behind[i])) ||
+        (2 * (count - i) < count && isBeyondAll(gap, before))) {
       boxes.resize(i);
       return true;
     }
   }
   return false;
-}
-
-// As large as most are at the most.
-double usualSize(const Boxes& boxes) {
-  std::vector<double> sizes;
-  sizes.reserve(boxes.size());
-  for (const ElementBox& one : boxes) {
-    sizes.push_back(sizeOf(one.box));
-  }
-  const auto usual = sizes.begin() + static_cast<std::ptrdiff_t>(
-                                         kUsualShare * static_cast<double>(boxes.size() - 1));
-  std::ranges::nth_element(sizes, usual);
-  return *usual;
 }
 
 }  // namespace
@@ -117,7 +124,9 @@ Belonging belongsTogether(Boxes boxes) {
     return result;
   }
   // What is far too large is set aside until it is known what the others are.
-  const double limit = kMuchLarger * usualSize(boxes);
+  const double usual = kMuchLarger * sizeOfMost(boxes, kUsualShare);
+  const double half = kLargerThanAll * sizeOfMost(boxes, kHalf);
+  const double limit = half > 0.0 ? std::min(usual, half) : usual;
   const auto large = std::stable_partition(boxes.begin(), boxes.end(), [&](const ElementBox& one) {
     return limit == 0.0 || sizeOf(one.box) <= limit;
   });

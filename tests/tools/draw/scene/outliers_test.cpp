@@ -105,6 +105,26 @@ TEST(ToolOutliers, AreNotWhatSurroundsTheRest) {
   }
 }
 
+// Of seven as of a hundred: what lies as far as rounding noise throws it leaves nothing to be seen.
+TEST(ToolOutliers, AreUpToHalfOfAllWhereTheRestIsNothingBesideTheirDistance) {
+  for (const double away : {-3.5e15, 1e10, 8e22}) {
+    std::vector<SheetBox> boxes;
+    for (int i = 0; i < 5; ++i) {
+      boxes.push_back(square(i * 20.0, 0, 10));
+    }
+    boxes.push_back(square(away, away, 30));
+    boxes.push_back(square(away, 5, 30));
+    EXPECT_EQ(outliersOf(boxes), (Places{5, 6})) << away;
+    // And lines to there.
+    boxes.push_back({{std::min(0.0, away), 0}, {std::max(0.0, away), 90}});
+    boxes.push_back({{std::min(0.0, 2.0 * away), 0}, {std::max(0.0, 2.0 * away), 90}});
+    EXPECT_EQ(outliersOf(boxes), (Places{5, 6, 7, 8})) << away;
+  }
+  std::vector<SheetBox> apart{square(0, 0, 10), square(20, 0, 10), square(1e9, 0, 10)};
+  apart.push_back(square(1e9, 20, 10));
+  EXPECT_EQ(outliersOf(apart), Places()) << "two halves";
+}
+
 TEST(ToolOutliers, AreNotJudgedAmongThree) {
   EXPECT_TRUE(outliersOf({square(0, 0, 10), square(5e4, 0, 10), square(0, 20, 10)}).empty());
   EXPECT_EQ(
