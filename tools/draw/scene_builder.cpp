@@ -55,7 +55,7 @@ class Builder {
         m_numbers(m_list.valid() ? numbersByMark(m_list.get()) : BarNumbers()) {
     if (m_survey.hasBars && options.marks != Marks::kNone && !m_survey.contents.hints.frame &&
         !options.window) {
-      m_survey.contents.around = options.scale && !options.sheet ? 0.0 : kRoomForLabels;
+      m_survey.contents.around = kRoomForLabels;
     }
   }
 

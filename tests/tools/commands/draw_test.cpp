@@ -139,8 +139,14 @@ std::string straightBar(const std::string& hooks, const std::string& hidden = "F
          "\"/></CKtZantoStraightBar>";
 }
 
+// Without labels the sheet is as large as the drawing and its margins.
+std::vector<std::string> natural() {
+  return {"--scale", "1", "--marks", "none"};
+}
+
 TEST(ToolDraw, DrawsBarsAsWideAsTheyAre) {
-  const std::string svg = drawElements(straightBar("") + line(0, -50, 100, 50), {"--scale", "2"});
+  const std::string svg =
+      drawElements(straightBar("") + line(0, -50, 100, 50), {"--scale", "2", "--marks", "none"});
   EXPECT_NE(layer(svg, "bars").find("d=\"M8 33L58 33\""), std::string::npos) << svg;
   EXPECT_NE(svg.find("stroke-width:5}"), std::string::npos);
 }
@@ -151,9 +157,9 @@ TEST(ToolDraw, DrawsHooksUpAndDown) {
   const std::string hook = "<HookLength2 double=\"150\"/><HookAngle2 double=\"90\"/>";
   const std::string frame = line(0, -200, 200, 200);
   const auto bars = [&](const std::string& up) {
-    return layer(drawElements(straightBar(hook + "<Hook2Up string=\"" + up + "\"/>") + frame,
-                              {"--scale", "1"}),
-                 "bars");
+    return layer(
+        drawElements(straightBar(hook + "<Hook2Up string=\"" + up + "\"/>") + frame, natural()),
+        "bars");
   };
   EXPECT_NE(bars("True").find("d=\"M8 208L83 208A25 25 0 0 0 108 183L108 58\""), std::string::npos)
       << bars("True");
@@ -167,7 +173,7 @@ TEST(ToolDraw, KeepsHooksOfMoreThanARightAngleBehindTheEndOfTheBar) {
   const std::string hook =
       "<HookLength2 double=\"60\"/><HookAngle2 double=\"180\"/><Hook2Up string=\"True\"/>";
   const std::string bars =
-      layer(drawElements(straightBar(hook) + line(0, -200, 200, 200), {"--scale", "1"}), "bars");
+      layer(drawElements(straightBar(hook) + line(0, -200, 200, 200), natural()), "bars");
   EXPECT_NE(bars.find("d=\"M8 208L83 208A25 25 0 0 0 108 183A25 25 0 0 0 83 158L48 158\""),
             std::string::npos)
       << bars;
@@ -177,7 +183,7 @@ TEST(ToolDraw, BendsAHookThatIsShorterThanItsBendCloser) {
   const std::string hook =
       "<HookLength2 double=\"10\"/><HookAngle2 double=\"90\"/><Hook2Up string=\"True\"/>";
   const std::string bars =
-      layer(drawElements(straightBar(hook) + line(0, -200, 200, 200), {"--scale", "1"}), "bars");
+      layer(drawElements(straightBar(hook) + line(0, -200, 200, 200), natural()), "bars");
   EXPECT_NE(bars.find("d=\"M8 208L98 208A10 10 0 0 0 108 198L108 198\""), std::string::npos)
       << bars;
 }
@@ -191,7 +197,7 @@ TEST(ToolDraw, TurnsTheHooksOfAFrameToItsInside) {
                          std::string(second) + " Z=\"0\"/><Point3 " + third +
                          " Z=\"0\"/><HookLength1 double=\"80\"/><HookAngle1 double=\"135\"/>"
                          "<Diameter double=\"8\"/></CKtZantoFrameRect>",
-                     {"--scale", "1"}),
+                     natural()),
         "links");
   };
   const std::regex tail("L([0-9.]+) ([0-9.]+)\"");
@@ -413,7 +419,7 @@ TEST(ToolDrawPage, PaintsManyShapesOfFewElementsAndFewOfManyOnACanvasToo) {
   std::string meshes;
   for (int i = 0; i < 3000; ++i) {
     const double x = i % 50 * 7000.0;
-    const double y = i / 50 * 3000.0;
+    const double y = (i - i % 50) * 60.0;
     meshes += meshOf("", "", {{x, y, 0}, {x + 6000, y, 0}, {x + 6000, y + 2000, 0}});
   }
   writeFile("meshes.xml", documentOf(meshes));

@@ -76,6 +76,7 @@ function canvasPainter(picture) {
     const letters = bitmap.getContext('2d', {willReadFrequently: true});
     letters.font = size * stampFineness + fontNames;
     letters.textAlign = context.textAlign;
+    letters.direction = context.direction;
     letters.fillStyle = color;
     letters.fillText(text, left, up);
     return {bitmap: bitmap, left: left, up: up};
@@ -116,6 +117,7 @@ function canvasPainter(picture) {
     if (!(size > 0)) { return; }
     context.font = size + fontNames;
     context.textAlign = ['left', 'center', 'right'][picture.align[i]];
+    context.direction = picture.runsFromRight[picture.of[i]] ? 'rtl' : 'ltr';
     const text = picture.texts[picture.of[i]];
     const x = textPlace(picture.x[i], view.x, view.scale);
     const y = textPlace(picture.y[i], view.y, view.scale);

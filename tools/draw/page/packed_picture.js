@@ -14,6 +14,10 @@ function unpackedPicture(packed) {
       return {color: style[0], width: style[1] / 1000, isFilled: style[2], isOnPaper: style[4],
               dashes: style[3].map(function (one) { return one / 1000; })};
     }),
+    // A text runs from the side that its first letter does.
+    runsFromRight: packed.texts.map(function (text) {
+      return /^\P{L}*[\p{Script=Hebrew}\p{Script=Arabic}\p{Script=Syriac}\p{Script=Thaana}]/u.test(text);
+    }),
     // White space as in a document: runs of it are one blank.
     texts: packed.texts.map(function (text) { return text.replace(/[ \t\r\n]+/g, ' ').replace(/^ | $/g, ''); }),
     kinds: new Uint8Array(count),     // 0 a path, 1 a circle, 2 a text

@@ -153,33 +153,51 @@ void Occupancy::take(const Lettering& text) {
   over(text, [this](int x, int y) { takeAt(x, y, Kind::kText); });
 }
 
-void Occupancy::takeArc(PlanePoint from, const PathStep& arc, Kind kind) {
+void Occupancy::takeAround(int x, int y, int reach, Kind kind) {
+  for (int above = -reach; above <= reach; ++above) {
+    for (int beside = -reach; beside <= reach; ++beside) {
+      takeAt(x + beside, y + above, kind);
+    }
+  }
+}
+
+template <class Call>
+void Occupancy::alongArc(PlanePoint from, const PathStep& arc, Call call) const {
   const PlanePoint turn = turned({1.0, 0.0}, arc.sweep / kArcParts);
   PlanePoint out = from - arc.center;
   for (int i = 0; i < kArcParts; ++i) {
     const PlanePoint next{out.x * turn.x - out.y * turn.y, out.x * turn.y + out.y * turn.x};
-    along(arc.center + out, arc.center + next, [&](int x, int y) { takeAt(x, y, kind); });
+    along(arc.center + out, arc.center + next, call);
     out = next;
   }
 }
 
-void Occupancy::take(const Path& path, Kind kind) {
-  const auto mark = [&](int x, int y) { takeAt(x, y, kind); };
+template <class Call>
+void Occupancy::along(const Path& path, Call call) const {
   PlanePoint at;
   PlanePoint start;
   for (const PathStep& step : path.steps()) {
     if (step.kind == PathStep::Kind::kMove) {
       start = step.to;
     } else if (step.kind == PathStep::Kind::kClose) {
-      along(at, start, mark);
+      along(at, start, call);
       continue;
     } else if (step.kind == PathStep::Kind::kLine) {
-      along(at, step.to, mark);
+      along(at, step.to, call);
     } else {
-      takeArc(at, step, kind);
+      alongArc(at, step, call);
     }
     at = step.to;
   }
+}
+
+void Occupancy::take(const Path& path, Kind kind, double width) {
+  constexpr double kFarthest = 50.0;  // cells
+  const int reach = static_cast<int>(std::clamp(width / 2.0 / m_cell, 0.0, kFarthest));
+  if (reach == 0) {
+    return along(path, [&](int x, int y) { takeAt(x, y, kind); });
+  }
+  along(path, [&](int x, int y) { takeAround(x, y, reach, kind); });
 }
 
 void Occupancy::fill(const std::vector<PlanePoint>& outline, Kind kind) {

@@ -22,8 +22,8 @@ class Occupancy {
 
   void take(const SheetBox& box, Kind kind);
   void take(const Lettering& text);
-  /// The lines and arcs of the path.
-  void take(const Path& path, Kind kind);
+  /// The lines and arcs of the path, with pens of that width.
+  void take(const Path& path, Kind kind, double width = 0.0);
   /// The inside of the outline.
   void fill(const std::vector<PlanePoint>& outline, Kind kind);
 
@@ -40,9 +40,13 @@ class Occupancy {
   [[nodiscard]] int row(double y) const;
   [[nodiscard]] double costAt(int x, int y) const;
   void takeAt(int x, int y, Kind kind);
-  void takeArc(PlanePoint from, const PathStep& arc, Kind kind);
+  void takeAround(int x, int y, int reach, Kind kind);
+  template <class Call>
+  void alongArc(PlanePoint from, const PathStep& arc, Call call) const;
   template <class Call>
   void along(PlanePoint from, PlanePoint to, Call call) const;
+  template <class Call>
+  void along(const Path& path, Call call) const;
   template <class Call>
   void over(const Lettering& text, Call call) const;
 

@@ -15,9 +15,10 @@ constexpr double kRings[] = {1.8, 3.0, 4.5, 6.5, 9.0, 12.5, 17.0, 23.0, 32.0};  
 constexpr int kDirections = 16;
 constexpr int kFewDirections = 4;
 constexpr double kAwayShare = 0.3;
+constexpr double kToText = 3.0;  // heights more: a leader to the text is worse than to the bubble
 // Of two places that differ by no more, the first is taken: the last digits differ between systems.
 constexpr double kAsGood = 1e-6;
-constexpr double kBesideText = 0.75;  // heights: a leader ends so far from the middle of the text
+constexpr double kBesideText = 0.95;  // heights: a leader ends so far from the middle of the text
 constexpr double kBeforeText = 0.3;   // heights: and so far from either end of it
 
 struct CalloutSize {
@@ -34,7 +35,7 @@ CalloutSize calloutSize(const Callout& callout, double lettering) {
   const double text = callout.text.empty()
                           ? 0.0
                           : textWidth(callout.text, lettering) + 2.0 * kBeforeText * lettering;
-  return {bubble, 2.0 * bubble + text, std::max(2.0 * bubble, 1.5 * lettering)};
+  return {bubble, 2.0 * bubble + text, std::max(2.0 * bubble, 2.0 * kBesideText * lettering)};
 }
 
 // The box of that size beyond the anchor, moved into the room.
@@ -100,7 +101,10 @@ CalloutPlace placeOf(const Callout& callout, double lettering, const SheetBox& r
         }
         const CalloutPlace place = placeIn(box, anchor, size, lettering);
         const double leader = taken.cost(place.anchor, place.leaderEnd);
-        const double cost = covered + leader + kAwayShare * lengthOf(place.leaderEnd - anchor);
+        const double detour =
+            size.radius > 0.0 && crossesText(place, lettering) ? kToText * lettering : 0.0;
+        const double away = lengthOf(place.leaderEnd - anchor) + detour;
+        const double cost = covered + leader + kAwayShare * away;
         isFree = isFree || (covered == 0.0 && leader < Occupancy::kTextCost);
         if (cost < least - kAsGood) {
           least = cost;

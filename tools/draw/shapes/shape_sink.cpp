@@ -53,7 +53,7 @@ void ShapeSink::addPath(Layer layer, const Style& style, Path path) {
     if (shape.path.steps().empty()) {
       return;
     }
-    m_taken.take(shape.path, Occupancy::Kind::kLine);
+    m_taken.take(shape.path, Occupancy::Kind::kLine, style.isFilled ? 0.0 : style.width);
   }
   if (style.isBar && shape.isHidden && shape.style.isDashed && sheet().isPaper()) {
     addGaps(shape);
@@ -176,6 +176,7 @@ void ShapeSink::drawCallout(const Callout& callout, bool isQuick) {
   const double lettering = m_context.lettering;
   const CalloutPlace place = placeOf(callout, lettering, m_context.sheet.room(), m_taken, isQuick);
   begin(callout.element, callout.isHidden);
+  m_isDashed = false;  // leaders are short
   const Style line{callout.color, pen::kThin};
   Path leader;
   leader.moveTo(place.anchor);
@@ -246,8 +247,7 @@ Shape ShapeSink::shapeOn(Layer layer, Shape::Kind kind, const Style& style) cons
   shape.element = m_element;
   shape.isHidden = m_isHidden;
   shape.style = style;
-  shape.style.isDashed =
-      style.isDashed || (m_isHidden && m_context.hidden == HiddenBars::kDashed && !style.isFilled);
+  shape.style.isDashed = style.isDashed || (m_isDashed && !style.isFilled);
   return shape;
 }
 

@@ -70,6 +70,7 @@ class ShapeSink {
   void begin(std::uint32_t element, bool isHidden = false) {
     m_element = element;
     m_isHidden = isHidden;
+    m_isDashed = isHidden && m_context.hidden == HiddenBars::kDashed;
     m_hasHidden = m_hasHidden || isHidden;
   }
 
@@ -137,6 +138,7 @@ class ShapeSink {
   std::vector<Shape> m_layers[kLayers];
   std::uint32_t m_element = kNoElement;
   bool m_isHidden = false;
+  bool m_isDashed = false;
   bool m_hasHidden = false;
   std::vector<Label> m_labels;
   std::vector<Callout> m_callouts;

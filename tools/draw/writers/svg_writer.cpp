@@ -56,7 +56,9 @@ class StyleSheet {
   void write(std::ostream& out) const {
     out << "<style>\n"
            "svg{font-family:Arial,Helvetica,\"Liberation Sans\",sans-serif;"
-           "stroke-linecap:round;stroke-linejoin:round}\n";
+           "stroke-linecap:round;stroke-linejoin:round}\n"
+           // A text runs from the side that its first letter does.
+           "text{unicode-bidi:plaintext}\n";
     for (std::size_t place = 0; place < m_styles.size(); ++place) {
       const Style& style = m_styles[place];
       const std::string color = webColor(style.color);

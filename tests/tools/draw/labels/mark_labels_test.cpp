@@ -122,6 +122,40 @@ TEST(ToolMarkLabels, AreLeftOutWhereATextNamesAnyBarOfTheMark) {
       << "asked for, they are all there";
 }
 
+// At its true size a bar is as wide as several lines of letters.
+TEST(ToolMarkLabels, StandBesideAWideBarAndNotOnIt) {
+  DrawOptions options;
+  options.scale = 1;
+  BarParts bar = level(0, 400, 5);
+  bar.diameter = 16;
+  const Scene scene = sceneOf(barOf(bar), options).scene;
+  const SheetBox wide = paintedBox(shapesOn(scene, Layer::kBars).at(0));
+  EXPECT_GT(wide.height(), 15.0);
+  for (const Shape& text : shapesOn(scene, Layer::kMarks, Shape::Kind::kText)) {
+    EXPECT_FALSE(paintedBox(text).meets(wide)) << text.lettering.text;
+  }
+}
+
+// On a sheet made around the drawing as well as on a usual one.
+TEST(ToolMarkLabels, HaveRoomAroundTheDrawingAtAGivenScale) {
+  DrawOptions options;
+  options.scale = 20;
+  const double labelled = sceneOf(barOf(level(0, 3000, 5)), options).scene.width;
+  options.marks = Marks::kNone;
+  EXPECT_NEAR(labelled - sceneOf(barOf(level(0, 3000, 5)), options).scene.width, 24.0, 1e-9);
+}
+
+TEST(ToolMarkLabels, HaveWholeLeadersOfHiddenBarsToo) {
+  BarParts bar = level(0, 3000, 5);
+  bar.isHidden = true;
+  const Scene scene = sceneOf(barOf(bar)).scene;
+  EXPECT_TRUE(shapesOn(scene, Layer::kBars).back().style.isDashed);
+  for (const Shape& shape : shapesOn(scene, Layer::kMarks)) {
+    EXPECT_TRUE(shape.isHidden);
+    EXPECT_FALSE(shape.style.isDashed);
+  }
+}
+
 // The leader goes from the bar to the bubble, and the words stand beside it.
 TEST(ToolMarkLabels, HaveALeaderFromTheirBarToTheirBubble) {
   DrawOptions options;

@@ -119,7 +119,8 @@ def write_turned_texts(path):
         elements.append(f'<CKtZantoLine version="1" index="{i + 1}"><Point1 X="{x}" Y="{y}" Z="0"/>'
                         f'<Point2 X="{x + 100}" Y="{y + i % 90}" Z="0"/><Color long="8"/></CKtZantoLine>')
         if i % 5 == 0:
-            elements.append(f'<CKtZantoText version="1" index="{i // 5 + 1}"><Contents string="{i % 7} HA20"/>'
+            contents = "קורה B12 - 3 Ø16" if i % 45 == 0 else f"{i % 7} HA20"
+            elements.append(f'<CKtZantoText version="1" index="{i // 5 + 1}"><Contents string="{contents}"/>'
                             f'<Location X="{x}" Y="{y + 60}" Z="0"/><Angle double="{i * 0.7 % 360:.1f}"/>'
                             f'<JustificationX long="{i % 3}"/><JustificationY long="{i % 4}"/>'
                             f'<Color long="{i % 6 + 1}"/><Height double="{(8, 12, 30)[i % 3]}"/></CKtZantoText>')
