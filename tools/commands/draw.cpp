@@ -24,6 +24,7 @@
 #include <tools/model/description.h>
 #include <tools/model/item_reader.h>
 #include <tools/text/counted_noun.h>
+#include <tools/text/number_text.h>
 #include <tools/text/table.h>
 
 namespace quorvan::tool {
@@ -37,6 +38,7 @@ struct DrawArguments {
   double scale = 0.0;
   std::optional<double> dotsPerInch;
   std::string unit = "mm";
+  bool isUnitGiven = false;
   std::string plane = "xy";
   std::string colors = "auto";
   std::string angles = "auto";
@@ -198,6 +200,18 @@ void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& 
   console.err << (outliers.size() > kMostNamed ? "; ...\n" : "\n");
 }
 
+// A scale that a text states and the sheet does not have: lengths may be in another unit.
+void reportScale(const TransferFile& file, const SceneResult& result, Console& console) {
+  const std::vector<double>& stated = result.statedScales;
+  if (stated.empty() || std::ranges::find(stated, result.scale) != stated.end()) {
+    return;
+  }
+  const std::string scale = rounded(stated.front(), 2);
+  console.err << printable(file.name()) << ": note: a text states 1:" << scale
+              << ", drawn at 1:" << rounded(result.scale, 2)
+              << ": --unit says what a unit of length is, --scale " << scale << " sets the scale\n";
+}
+
 void report(const TransferFile& file, const SceneResult& result, const DrawOptions& options,
             Console& console) {
   const bool isEmpty = std::ranges::all_of(
@@ -283,6 +297,9 @@ void draw(const DrawArguments& arguments, Console& console) {
   const SceneResult result =
       buildScene(file, drawing, console, page ? page->list() : std::shared_future<BarList>());
   report(file, result, drawing, console);
+  if (!drawing.scale && !drawing.sheet && !arguments.isUnitGiven) {
+    reportScale(file, result, console);
+  }
   const WorkFolder folder(arguments.output, console);
   writePicture(result, page, arguments, folder.file(), console);
   folder.moveToTarget();
@@ -349,6 +366,7 @@ void addSheetOptions(CLI::App& command, DrawArguments& arguments, Run& run) {
                      "together unless given");
   oneOf(command.add_option("--unit", arguments.unit, "Unit of the drawing's lengths: mm, cm or m"),
         {"mm", "cm", "m"}, run)
+      ->each([&arguments](const std::string&) { arguments.isUnitGiven = true; })
       ->capture_default_str();
   oneOf(command.add_option("--plane", arguments.plane, "What is seen: xy, xz or yz"),
         namesOf(kPlanes), run)

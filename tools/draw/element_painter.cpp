@@ -48,7 +48,7 @@ void ElementPainter::drawSeries(const Element& element, const Repartition& serie
   const bool isLabelled = m_labels != nullptr && (m_bar == nullptr || !isNamed(series, *m_bar));
   const SheetBox labelled = drawRepartition(series, m_bar, isLabelled, m_sink);
   if (m_bar != nullptr && !labelled.isEmpty()) {
-    m_labels->noteLabel(m_bar->reference, series.number(), labelled);
+    m_labels->noteLabel(*m_bar, series.number(), labelled);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <tools/draw/element_painter.h>
 #include <tools/draw/labels/legend.h>
 #include <tools/draw/labels/title_block.h>
+#include <tools/draw/scene/language_guess.h>
 #include <tools/draw/scene/painted_box.h>
 #include <tools/text/table.h>
 
@@ -26,7 +27,7 @@ double letteringOf(const ScaleHints& hints, const Sheet& sheet) {
   return height ? std::clamp(*height / sheet.scale(), kLeastLabel, kLargestLabel) : kLabelLettering;
 }
 
-// A list that has the numbers of the marks.
+// A list that has the numbers and lengths of the marks.
 std::shared_future<BarList> beginNumbers(const TransferFile& file, const DrawOptions& options,
                                          AngleUnit angles) {
   ListOptions numbers;
@@ -52,7 +53,7 @@ class Builder {
                    : beginNumbers(file, options, m_angles)),
         m_repeated(file),
         m_survey(survey(file, options, m_angles, m_repeated)),
-        m_numbers(m_list.valid() ? numbersByMark(m_list.get()) : BarNumbers()) {
+        m_listed(m_list.valid() ? BarsByMark(m_list.get()) : BarsByMark()) {
     if (m_survey.hasBars && options.marks != Marks::kNone && !m_survey.contents.hints.frame &&
         !options.window) {
       m_survey.contents.around = kRoomForLabels;
@@ -78,7 +79,7 @@ class Builder {
     DrawContext context{sheet, m_colors, m_angles, m_options.hidden, m_language};
     context.lettering = letteringOf(m_survey.contents.hints, sheet);
     ShapeSink sink(context);
-    MarkLabels labels(m_file, m_numbers, sheet, m_options);
+    MarkLabels labels(m_file, m_listed, sheet, m_options);
     ElementPainter painter(m_file, m_repeated, sink, &labels);
     drawElements(painter);
     labels.draw(sink);
@@ -90,6 +91,8 @@ class Builder {
     result.scene.height = sheet.height();
     result.scene.title = titleOf(m_file);
     result.unitsPerMillimetre = 1.0 / sheet.factor();
+    result.scale = sheet.scale();
+    result.statedScales = m_survey.contents.hints.statedScales;
     if (m_options.window) {
       result.scene.window = windowOn(sheet);
     }
@@ -161,7 +164,7 @@ class Builder {
   std::shared_future<BarList> m_list;  // made while the drawing is surveyed
   RepeatedBars m_repeated;
   DrawingSurvey m_survey;
-  BarNumbers m_numbers;
+  BarsByMark m_listed;
   double m_overhang = 0.0;
 };
 

@@ -17,6 +17,8 @@ namespace quorvan::tool {
 struct SceneResult {
   Scene scene;
   double unitsPerMillimetre = 1.0;      // what a millimetre of the sheet is in the drawing's unit
+  double scale = 1.0;                   // of the sheet, 25 for 1:25
+  std::vector<double> statedScales;     // by texts of the drawing
   std::uint64_t leftOut = 0;            // elements whose coordinates are beyond what can be drawn
   std::vector<std::uint32_t> outliers;  // elements that lie far from the others, and are not drawn
   std::uint64_t darkened = 0;           // elements whose colour would be too pale to read

@@ -1,5 +1,6 @@
 #include <tools/model/series_spans.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include <tools/model/base_line.h>
@@ -28,6 +29,15 @@ std::vector<double> seriesSpans(const Repartition& series, const Bar& repeated) 
   spans.reserve(series.top.size());
   for (std::size_t i = 0; i < series.top.size(); ++i) {
     spans.push_back(std::abs(series.top[i] - series.bottom[i]) * (slope ? slope->length : 1.0));
+  }
+  return spans;
+}
+
+std::vector<double> differingSpans(const Repartition& series, const Bar& repeated, double least) {
+  std::vector<double> spans = seriesSpans(series, repeated);
+  const auto [shortest, longest] = std::ranges::minmax_element(spans);
+  if (!spans.empty() && *longest - *shortest < least) {
+    spans.clear();
   }
   return spans;
 }

@@ -18,6 +18,9 @@ bool measuresEnds(const Repartition& series);
 /// runs along the line itself was drawn in another view; the distances then count as they stand.
 std::vector<double> seriesSpans(const Repartition& series, const Bar& repeated);
 
+/// The same; empty too where all of them are alike, none so much longer than another.
+std::vector<double> differingSpans(const Repartition& series, const Bar& repeated, double least);
+
 /// The straight bar with its last end so far from the first.
 Bar withSpan(const Bar& bar, double span);
 

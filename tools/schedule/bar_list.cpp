@@ -1,5 +1,6 @@
 #include <tools/schedule/bar_list.h>
 
+#include <cmath>
 #include <future>
 #include <map>
 #include <numbers>
@@ -52,6 +53,12 @@ BarList makeBarList(const std::vector<const TransferFile*>& files, const ListOpt
 
 std::future<BarList> beginBarList(const TransferFile& file, const ListOptions& options) {
   return std::async([&file, options] { return makeBarList({&file}, options); });
+}
+
+double listedDiameter(const LengthUnit& unit, double diameter) noexcept {
+  constexpr double kDigits = 1e6;  // digits that come from the change of the unit are dropped
+  const double millimetres = unit.millimetres(diameter);
+  return millimetres == diameter ? diameter : std::round(millimetres * kDigits) / kDigits;
 }
 
 double massOf(double diameter, double metres) noexcept {

@@ -101,6 +101,9 @@ BarList makeBarList(const std::vector<const TransferFile*>& files, const ListOpt
 /// The same of one file, made while something else is done with it. The file outlives the result.
 std::future<BarList> beginBarList(const TransferFile& file, const ListOptions& options);
 
+/// The diameter in mm as the list has it.
+double listedDiameter(const LengthUnit& unit, double diameter) noexcept;
+
 /// Mass in kg of so many metres of a bar of so many mm.
 double massOf(double diameter, double metres) noexcept;
 

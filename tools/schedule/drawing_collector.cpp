@@ -17,13 +17,6 @@ namespace {
 constexpr double kOneStep = 1.01;  // lengths that differ by a step of the list are rounded apart
 constexpr std::int64_t kNoIndex = -1;
 
-// Digits that come from the change of the unit are dropped.
-double diameterIn(const LengthUnit& unit, double diameter) {
-  constexpr double kDigits = 1e6;
-  const double millimetres = unit.millimetres(diameter);
-  return millimetres == diameter ? diameter : std::round(millimetres * kDigits) / kDigits;
-}
-
 BendingRules bendingOf(const TransferFile& file, const ListOptions& options) {
   BendingRules rules = options.bending;
   rules.angles = options.angles ? *options.angles : guessAngleUnit(file).unit;
@@ -95,12 +88,8 @@ void DrawingCollector::collectSeries() {
     }
     const Bar& bar = *bars.find(series);
     twins.add(element, series, bar.reference);
-    Use use{&element, series.number(), seriesSpans(series, bar)};
-    const auto [least, most] = std::ranges::minmax_element(use.spans);
     const double step = std::pow(10.0, -m_unit.decimals);
-    if (!use.spans.empty() && *most - *least < kOneStep * step) {
-      use.spans.clear();
-    }
+    Use use{&element, series.number(), differingSpans(series, bar, kOneStep * step)};
     m_usesOf[target].push_back(m_uses.size());
     m_uses.push_back(std::move(use));
   }
@@ -241,7 +230,7 @@ BarRow& DrawingCollector::rowOf(const Measured& longest, double shortest) {
   if (m_list.options.cutting.schedule != Schedule::kAxis) {
     form = formOf(longest.bent);
   }
-  const double diameter = diameterIn(m_unit, bar.diameter);
+  const double diameter = listedDiameter(m_unit, bar.diameter);
   const auto [known, isNew] =
       m_rows.try_emplace(RowKey(bar.reference, diameter, bar.grade, bar.adherence, bar.shape,
                                 shortest, longest.length, std::move(form)));
@@ -258,7 +247,7 @@ BarRow DrawingCollector::newRow(const Measured& longest, double shortest) const 
   row.mark = bar.reference;
   row.grade = bar.grade;
   row.adherence = bar.adherence;
-  row.diameter = diameterIn(m_unit, bar.diameter);
+  row.diameter = listedDiameter(m_unit, bar.diameter);
   row.shape = bar.shape;
   row.hasLength = bar.hasLength();
   row.isLowerBound = bar.shape == BarShape::kStirrup;

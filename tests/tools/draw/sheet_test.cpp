@@ -270,4 +270,27 @@ TEST(ToolDrawSheet, DrawsTextsWithoutHeightAndPaleColoursLegibly) {
   EXPECT_NE(svg.find("font-size=\"3.492\">flat<"), std::string::npos) << svg;
 }
 
+// Twelve metres in metres are twelve millimetres at 1:1.
+TEST(ToolDrawSheet, TellsOfAStatedScaleThatItDoesNotHave) {
+  const std::string slab =
+      document(svgLine(0, 0, 12, 0) + svgLine(0, 8, 12, 8) + svgText("SLAB, 1:50", 0, 9, 0.125));
+  const std::string note =
+      "drawn.xml: note: a text states 1:50, drawn at 1:1: --unit says what a unit of length is, "
+      "--scale 50 sets the scale\n";
+  std::string messages;
+  drawFile(slab, {}, &messages);
+  EXPECT_EQ(messages, note);
+  drawFile(slab, {"--window", "all"}, &messages);
+  EXPECT_EQ(messages, note);
+  const std::vector<std::string> answers[] = {
+      {"--unit", "m"}, {"--unit", "mm"}, {"--scale", "10"}, {"--sheet", "A4"}};
+  for (const std::vector<std::string>& answer : answers) {
+    drawFile(slab, answer, &messages);
+    EXPECT_EQ(messages, "") << answer[0] << ' ' << answer[1];
+  }
+  drawFile(document(beam() + svgText("DETAIL 1:5", 0, 800, 62.5) + svgText("1:25", 900, 800, 62.5)),
+           {}, &messages);
+  EXPECT_EQ(messages, "") << "another text states it";
+}
+
 }  // namespace

@@ -11,20 +11,19 @@ constexpr double kAtSeries = 2.0;  // mm beside its bars
 
 }  // namespace
 
-BarNumbers numbersByMark(const BarList& list) {
-  BarNumbers numbers;
-  for (const BarRow& row : list.rows) {
-    numbers[row.mark] += row.number;
+MarkLabels::MarkLabels(const TransferFile& file, const BarsByMark& bars, const Sheet& sheet,
+                       const DrawOptions& options)
+    : m_marks(options.marks),
+      m_hasSeries(options.shows(Layer::kRepartitions)),
+      m_listed(bars),
+      m_unit(sheet.unit()) {
+  if (m_marks == Marks::kAuto && options.shows(Layer::kTexts)) {
+    m_texts.emplace(file, sheet, bars);
   }
-  return numbers;
 }
 
-MarkLabels::MarkLabels(const TransferFile& file, const BarNumbers& numbers, const Sheet& sheet,
-                       const DrawOptions& options)
-    : m_marks(options.marks), m_hasSeries(options.shows(Layer::kRepartitions)), m_numbers(numbers) {
-  if (m_marks == Marks::kAuto && options.shows(Layer::kTexts)) {
-    m_texts.emplace(file, sheet);
-  }
+MarkLabels::Kind MarkLabels::kindOf(const Bar& bar) const {
+  return {bar.reference, m_listed.find(bar)};
 }
 
 void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet) {
@@ -35,7 +34,7 @@ void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet
   // A bar with bends is marked at its longest leg, a ring at its side.
   Labelled one;
   one.element = element.place;
-  one.mark = bar.reference;
+  one.kind = kindOf(bar);
   one.diameter = bar.diameter;
   one.isSmooth = bar.adherence == "Dx";
   one.isHidden = bar.isHidden;
@@ -43,7 +42,7 @@ void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet
   for (std::size_t i = 0; i < bar.line.size(); ++i) {
     const PlanePoint from = sheet.place(bar.line[i == 0 ? 0 : i - 1]);
     const PlanePoint to = sheet.place(bar.line[i]);
-    if (canBeNamed && m_texts->name(bar.reference, bar.diameter, from, to)) {
+    if (canBeNamed && m_texts->name(bar.reference, bar.diameter * m_unit, from, to)) {
       m_named.insert(bar.reference);
       return;
     }
@@ -57,7 +56,7 @@ void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet
     return;
   }
   if (m_marks == Marks::kAuto) {
-    const auto [known, isNew] = m_places.emplace(bar.reference, m_bars.size());
+    const auto [known, isNew] = m_places.emplace(one.kind, m_bars.size());
     if (!isNew) {
       Labelled& best = m_bars[known->second];
       const bool isBetter = best.isHidden != one.isHidden ? best.isHidden : one.size > best.size;
@@ -71,24 +70,23 @@ void MarkLabels::look(const Element& element, const Bar& bar, const Sheet& sheet
 }
 
 bool MarkLabels::lookAtSeries(const Bar& bar, PlanePoint from, PlanePoint to) {
-  const bool isNamed = m_texts && m_texts->name(bar.reference, bar.diameter, from, to);
+  const bool isNamed = m_texts && m_texts->name(bar.reference, bar.diameter * m_unit, from, to);
   if (isNamed) {
     m_named.insert(bar.reference);
   }
   return isNamed;
 }
 
-void MarkLabels::noteLabel(std::int64_t mark, std::uint64_t number, const SheetBox& bars) {
-  Said& said = m_said[mark];
+void MarkLabels::noteLabel(const Bar& bar, std::uint64_t number, const SheetBox& bars) {
+  Said& said = m_said[kindOf(bar)];
   said.number += number;
   said.places.push_back(bars);
 }
 
 bool MarkLabels::isSaidBySeries(const Labelled& bar) const {
-  const auto said = m_said.find(bar.mark);
-  const auto number = m_numbers.find(bar.mark);
+  const auto said = m_said.find(bar.kind);
   if (m_marks != Marks::kAuto || !m_hasSeries || said == m_said.end() ||
-      (number != m_numbers.end() && said->second.number < number->second)) {
+      (bar.kind.second != nullptr && said->second.number < bar.kind.second->number)) {
     return false;
   }
   const PlanePoint middle = (bar.from + bar.to) * 0.5;
@@ -99,7 +97,7 @@ bool MarkLabels::isSaidBySeries(const Labelled& bar) const {
 
 void MarkLabels::draw(ShapeSink& sink) {
   for (const Labelled& bar : m_bars) {
-    if (!m_named.contains(bar.mark) && !isSaidBySeries(bar)) {
+    if (!m_named.contains(bar.kind.first) && !isSaidBySeries(bar)) {
       drawOne(bar, sink);
     }
   }
@@ -109,16 +107,21 @@ void MarkLabels::draw(ShapeSink& sink) {
 void MarkLabels::drawOne(const Labelled& bar, ShapeSink& sink) {
   const double unit = sink.sheet().unit();
   BarWords words;
-  words.mark = bar.mark;
+  words.mark = bar.kind.first;
   words.diameter = bar.diameter * unit;
   words.isSmooth = bar.isSmooth;
-  words.lengthInMetres = bar.length * unit / 1000.0;
-  if (const auto number = m_numbers.find(bar.mark); number != m_numbers.end()) {
-    words.number = number->second;
+  words.shortestMetres = words.longestMetres = bar.length * unit / 1000.0;
+  if (const MarkedBars* const all = bar.kind.second) {
+    words.number = all->number;
+    words.diameter = all->diameter;
+    words.isSmooth = all->adherence == "Dx";
+    words.shortestMetres = all->shortestMetres;
+    words.longestMetres = all->longestMetres;
+    words.isLengthLeast = all->isLowerBound;
   }
   Callout callout;
   callout.color = ink::kMarks;
-  callout.mark = std::to_string(bar.mark);
+  callout.mark = std::to_string(bar.kind.first);
   callout.text = barText(words, sink.context().language);
   callout.element = bar.element;
   callout.isHidden = bar.isHidden;

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <string>
+
+#include <tools/text/ascii_letters.h>
 
 namespace quorvan::tool {
 
@@ -34,6 +37,14 @@ double faultOf(double scale, double height, const ScaleHints& hints) {
   return fault;
 }
 
+// "slope 1:50", "PENTE 1/100".
+bool isSlope(std::string_view text) {
+  constexpr std::string_view kWords[] = {"slope", "fall", "gradient", "batter", "pente", "talus"};
+  const std::string lower = asciiLower(std::string(text));
+  return std::ranges::any_of(
+      kWords, [&lower](std::string_view word) { return lower.find(word) != std::string::npos; });
+}
+
 }  // namespace
 
 std::optional<double> statedScale(std::string_view text) {
@@ -58,7 +69,7 @@ std::optional<double> statedScale(std::string_view text) {
     const auto [end, error] = std::from_chars(text.data() + next, text.data() + text.size(), scale);
     if (error == std::errc() && scale >= 1.0 && usualScale(scale) == scale &&
         scale <= kLargestScale) {
-      return scale;
+      return isSlope(text) ? std::nullopt : std::optional(scale);
     }
   }
   return std::nullopt;

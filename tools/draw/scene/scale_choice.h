@@ -16,7 +16,8 @@ struct ScaleHints {
   std::optional<SheetBox> frame;     // the drawing's own
 };
 
-/// The scale in a text like "Scale 1:25", "Ech. 1/50"; nothing for any other text.
+/// The scale in a text like "Scale 1:25", "Ech. 1/50"; nothing for any other text, as for
+/// "slope 1:50".
 std::optional<double> statedScale(std::string_view text);
 
 /// The height of most of the lettering; nothing without texts.

@@ -1,8 +1,6 @@
 #include <tools/draw/scene/wording.h>
 
-#include <algorithm>
-
-#include <tools/model/item_reader.h>
+#include <tools/schedule/list_wording.h>
 #include <tools/text/number_text.h>
 
 namespace quorvan::tool {
@@ -36,42 +34,25 @@ constexpr Wording kFrenchWords{"coffrage",
                                "Somme de contr\u00F4le",
                                "\u00C9chelle, unit\u00E9"};
 
-// In lower case, and without what takes an accent: "élévation" is "l" and "vation".
-constexpr std::string_view kFrenchStems[] = {
-    "coupe ",      "poutre",  "dalle",    "poteau",       "semelle",     "cadre",
-    "trier",       "chelle ", "enrobage", "nomenclature", "ferraillage", "coffrage",
-    "rep\u00E8re", "vue en ", "paisseur", "b\u00E9ton",   "attentes",    "armatures"};
-
-std::string lowered(std::string_view text) {
-  std::string out(text);
-  std::ranges::transform(out, out.begin(), [](char unit) {
-    return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit - 'A' + 'a') : unit;
-  });
-  return out;
-}
-
 std::string twoDigits(std::int64_t mark) {
   const std::string text = std::to_string(mark);
   return text.size() < 2 ? '0' + text : text;
 }
 
-}  // namespace
-
-Language guessLanguage(const TransferFile& file) {
-  ItemReader reader(file);
-  for (const Element& element : file.elements()) {
-    if (!element.is(items::ElementClass::kText)) {
-      continue;
-    }
-    const std::string text = lowered(findItem(reader.read(element), "Contents")->text);
-    if (std::ranges::any_of(kFrenchStems, [&](std::string_view stem) {
-          return text.find(stem) != std::string::npos;
-        })) {
-      return Language::kFrench;
-    }
-  }
-  return Language::kEnglish;
+std::string lengthText(double metres) {
+  // All the digits of a length that no bar has would take the room of the drawing.
+  constexpr double kLongest = 1e6;
+  return metres < kLongest ? fixed(metres, 2) : shortest(metres);
 }
+
+// One length, or from the shortest to the longest where they are not written alike.
+std::string lengthsText(const BarWords& bar) {
+  const std::string least = lengthText(bar.shortestMetres);
+  const std::string most = lengthText(bar.longestMetres);
+  return least == most || bar.isLengthLeast ? least : filled(kFrenchList.range, {least, most});
+}
+
+}  // namespace
 
 const Wording& wordingOf(Language language) noexcept {
   return language == Language::kFrench ? kFrenchWords : kEnglishWords;
@@ -88,11 +69,8 @@ std::string barText(const BarWords& bar, Language language) {
   if (!bar.spacingInCentimetres.empty()) {
     text += " e=" + bar.spacingInCentimetres;
   }
-  if (bar.lengthInMetres > 0.0) {
-    // All the digits of a length that no bar has would take the room of the drawing.
-    constexpr double kLongest = 1e6;
-    text += " L=" + (bar.lengthInMetres < kLongest ? fixed(bar.lengthInMetres, 2)
-                                                   : shortest(bar.lengthInMetres));
+  if (bar.longestMetres > 0.0) {
+    text += (bar.isLengthLeast ? " L\u2265" : " L=") + lengthsText(bar);
   }
   return text;
 }

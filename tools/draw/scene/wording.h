@@ -6,14 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include <tools/files/transfer_file.h>
-
 namespace quorvan::tool {
 
 enum class Language : std::uint8_t { kEnglish, kFrench };
-
-/// French where a text of the drawing has a word that French drawings have, else English.
-Language guessLanguage(const TransferFile& file);
 
 /// The fixed words, one table a language.
 struct Wording {
@@ -30,11 +25,13 @@ struct BarWords {
   double diameter = 0.0;
   std::string spacingInMillimetres;
   std::string spacingInCentimetres;
-  double lengthInMetres = 0.0;
+  double shortestMetres = 0.0;
+  double longestMetres = 0.0;
+  bool isLengthLeast = false;  // they are at least so long
 };
 
-/// As a detailer writes it: "12 HA16 e=20 L=3.20" in French, "12 H16-05-200" in English, where the
-/// mark stands within.
+/// As a detailer writes it: "12 HA16 e=20 L=3.20" in French, or "L=1.00 à 3.85" of bars whose
+/// lengths differ; "12 H16-05-200" in English, where the mark stands within.
 std::string barText(const BarWords& bar, Language language);
 
 }  // namespace quorvan::tool

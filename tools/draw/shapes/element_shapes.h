@@ -25,8 +25,8 @@ void drawLink(const Bar& link, ShapeSink& sink);
 SheetBox drawRepartition(const Repartition& series, const Bar* bar, bool isLabelled,
                          ShapeSink& sink);
 
-/// What the label of the repartition says; the mark and length are those of the bar, if it is
-/// known.
+/// What the label of the repartition says; the mark is that of the bar, if it is known,
+/// the lengths those of the bars of the series.
 std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSink& sink);
 
 /// The width of the pen for a bar of that diameter: its own where the scale shows it, else one that

@@ -1,8 +1,10 @@
 #include <tools/draw/shapes/element_shapes.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <tools/model/series_layout.h>
+#include <tools/model/series_spans.h>
 
 namespace quorvan::tool {
 
@@ -10,6 +12,7 @@ namespace {
 
 constexpr double kMarkLength = 1.2;    // mm, of the stroke at each bar
 constexpr double kSeriesWidth = 0.25;  // mm
+constexpr double kSameLength = 1.01;   // mm; lengths that differ by less are one in the bar list
 
 // A dimension line over the points with a stroke at each.
 void drawDimension(const std::vector<PlanePoint>& points, ShapeSink& sink) {
@@ -76,6 +79,19 @@ SheetBox drawAtBar(const Repartition& series, const Bar& bar, ShapeSink& sink) {
   return named;
 }
 
+// Those of the bars of the series, which are not always as long as the bar that it repeats.
+void setLengths(const Repartition& series, const Bar& bar, double unit, BarWords& words) {
+  if (!bar.hasLength()) {
+    return;
+  }
+  const std::vector<double> spans = differingSpans(series, bar, kSameLength / unit);
+  const auto [least, most] = std::ranges::minmax_element(spans);
+  const auto metres = [unit](const Bar& one) { return std::round(lengthOf(one) * unit) / 1000.0; };
+  words.shortestMetres = metres(spans.empty() ? bar : withSpan(bar, *least));
+  words.longestMetres = metres(spans.empty() ? bar : withSpan(bar, *most));
+  words.isLengthLeast = bar.shape == BarShape::kStirrup;
+}
+
 }  // namespace
 
 std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSink& sink) {
@@ -99,7 +115,7 @@ std::string seriesText(const Repartition& series, const Bar* bar, const ShapeSin
   words.mark = bar->reference;
   words.diameter = bar->diameter * unit;
   words.isSmooth = bar->adherence == "Dx";
-  words.lengthInMetres = bar->hasLength() ? lengthOf(*bar) * unit / 1000.0 : 0.0;
+  setLengths(series, *bar, unit, words);
   const std::string text = barText(words, sink.context().language);
   return sink.context().language == Language::kEnglish
              ? text

@@ -38,10 +38,96 @@ TEST(ToolMarkLabels, SayTheMarkInABubbleAndWhatTheListSaysOfIt) {
             (MarkedTexts{"5", "1 H12-05"}));
 }
 
+// Bars of another steel under the mark are others, and those of other lengths are not as long.
+TEST(ToolMarkLabels, SayNumberAndLengthsOfTheBarsOfTheirSteel) {
+  BarParts thick = level(400, 1920, 1);
+  thick.diameter = 20;
+  const std::string bars = barOf(level(0, 2920, 1)) + barOf(level(200, 2920, 1)) + barOf(thick);
+  EXPECT_EQ(marksOf(bars), (MarkedTexts{"1", "2 HA12 L=2.92", "1", "1 HA20 L=1.92"}));
+  EXPECT_EQ(marksOf(bars, Marks::kAll),
+            (MarkedTexts{"1", "2 HA12 L=2.92", "1", "2 HA12 L=2.92", "1", "1 HA20 L=1.92"}));
+  EXPECT_EQ(marksOf(bars, Marks::kAuto, Language::kEnglish),
+            (MarkedTexts{"1", "2 H12-01", "1", "1 H20-01"}));
+  EXPECT_EQ(marksOf(barOf(level(0, 1460, 2)) + barOf(level(200, 2460, 2))),
+            (MarkedTexts{"2", "2 HA12 L=1.46 \u00E0 2.46"}));
+  BarParts smooth = level(200, 1000, 2);
+  smooth.adherence = "Dx";
+  EXPECT_EQ(marksOf(barOf(level(0, 1460, 2)) + barOf(smooth)),
+            (MarkedTexts{"2", "1 HA12 L=1.46", "2", "1 Dx12 L=1.00"}));
+}
+
+TEST(ToolMarkLabels, SayOfAStirrupThatItIsAtLeastSoLong) {
+  EXPECT_EQ(marksOf(barOf({.className = "Stirrup",
+                           .points = {{0, 0, 0}, {0, 500, 0}},
+                           .hookLength1 = 100,
+                           .diameter = 8,
+                           .mark = 4})),
+            (MarkedTexts{"4", "1 HA8 L\u22651.20"}));
+}
+
+// A bar seen end-on counts among the bars of its mark that are seen along, and is as long as they.
+TEST(ToolMarkLabels, OfBarsSeenEndOnSayWhatTheListHasOfTheOthers) {
+  const std::string bars =
+      barOf({.className = "PointBar", .points = {{0, 0, 0}}, .diameter = 12, .mark = 2}) +
+      barOf(level(500, 2000, 2));
+  EXPECT_EQ(marksOf(bars, Marks::kAll), (MarkedTexts{"2", "1 HA12 L=2.00", "2", "1 HA12 L=2.00"}));
+}
+
+TEST(ToolMarkLabels, AreNotTakenForTheNumberOfBarsOfAnotherMark) {
+  const std::string bars = barOf(level(0, 3000, 1)) + barOf(level(300, 3000, 3));
+  for (const char* const text : {"3 HA12 (1)", "3 HA12 rep. 1", "3 H12-01-200", "3HA12 rep.1",
+                                 "8 HA12 rep. 1", "8 HA12 (1)", "8 H12-01-200"}) {
+    EXPECT_EQ(marksOf(bars + test::textOf({.contents = text, .at = {500, 100, 0}})),
+              (MarkedTexts{"3", "1 HA12 L=3.00"}))
+        << text;
+  }
+}
+
+// What the program wrote on one drawing names the bar on the next.
+TEST(ToolMarkLabels, AreLeftOutWhereTheProgramsOwnLabelStands) {
+  for (const long mark : {1, 12, 123, 1234}) {
+    const std::string series = test::seriesOf(test::uprightBars(100, -500, 500, 7, 200));
+    const std::string bar =
+        barOf({.points = {{100, -500, 0}, {100, 500, 0}}, .diameter = 12, .mark = mark});
+    for (const Language language : {Language::kEnglish, Language::kFrench}) {
+      DrawOptions options;
+      options.scale = 20;
+      options.language = language;
+      const std::string written =
+          textsOn(sceneOf(bar + series, options).scene, Layer::kRepartitions).at(0);
+      const Scene again =
+          sceneOf(bar + series + test::textOf({.contents = written, .at = {300, 100, 0}}), options)
+              .scene;
+      EXPECT_TRUE(textsOn(again, Layer::kRepartitions).empty()) << written;
+      EXPECT_TRUE(textsOn(again, Layer::kMarks).empty()) << written;
+    }
+    const std::string own = marksOf(bar, Marks::kAuto, Language::kEnglish).at(1);
+    EXPECT_TRUE(marksOf(bar + test::textOf({.contents = own, .at = {300, 100, 0}})).empty()) << own;
+  }
+}
+
+TEST(ToolMarkLabels, AreLeftOutInEveryUnitWhereATextSaysTheDiameter) {
+  for (const LengthUnit& unit : kLengthUnits) {
+    const double u = 1.0 / unit.millimetres(1.0);
+    DrawOptions options;
+    options.scale = 20;
+    options.unit = &unit;
+    const std::string bar =
+        barOf({.points = {{0, 0, 0}, {3000 * u, 0, 0}}, .diameter = 12 * u, .mark = 5});
+    const std::string text =
+        test::textOf({.contents = "5 HA12", .at = {500 * u, 100 * u, 0}, .height = 50 * u});
+    EXPECT_TRUE(textsOn(sceneOf(bar + text, options).scene, Layer::kMarks).empty()) << unit.name;
+  }
+}
+
 TEST(ToolMarkLabels, StandAtTheLongestBarOfTheMark) {
   const std::string bars =
       barOf(level(0, 1000, 5)) + barOf(level(500, 3000, 5)) + barOf(level(900, 2000, 5));
-  EXPECT_EQ(marksOf(bars), (MarkedTexts{"5", "3 HA12 L=3.00"}));
+  EXPECT_EQ(marksOf(bars), (MarkedTexts{"5", "3 HA12 L=1.00 \u00E0 3.00"}));
+  DrawOptions options;
+  options.scale = 20;
+  const Shape label = shapesOn(sceneOf(bars, options).scene, Layer::kMarks).at(0);
+  EXPECT_EQ(label.element, 1U);
 }
 
 TEST(ToolMarkLabels, PreferABarThatIsSeen) {
@@ -49,7 +135,10 @@ TEST(ToolMarkLabels, PreferABarThatIsSeen) {
   hidden.isHidden = true;
   for (const std::string& bars :
        {barOf(hidden) + barOf(level(500, 1000, 5)), barOf(level(500, 1000, 5)) + barOf(hidden)}) {
-    EXPECT_EQ(marksOf(bars).at(1), "2 HA12 L=1.00");
+    EXPECT_EQ(marksOf(bars).at(1), "2 HA12 L=1.00 \u00E0 3.00");
+    DrawOptions options;
+    options.scale = 20;
+    EXPECT_FALSE(shapesOn(sceneOf(bars, options).scene, Layer::kMarks).at(0).isHidden);
   }
   EXPECT_EQ(marksOf(barOf(hidden)).at(1), "1 HA12 L=3.00");
 }

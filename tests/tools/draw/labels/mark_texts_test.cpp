@@ -47,6 +47,9 @@ TEST(ToolMarkTexts, AreReadAsDetailersWriteThem) {
                             {"3 dia 12", 3, false, 12},
                             {"3 H12-200", 3, false, 12},
                             {"3 T16", 3, false, 16},
+                            {"3 HA 12.5", 3, false, 12.5},
+                            {"3 R8", 3, false, 8},
+                            {"3 Dx8", 3, false, 8},
                             {"999999", 999999, true, 0},
                             {"0", 0, true, 0}};
   for (const MarkCase& one : cases) {
@@ -54,6 +57,36 @@ TEST(ToolMarkTexts, AreReadAsDetailersWriteThem) {
     ASSERT_TRUE(found.has_value()) << one.text;
     EXPECT_EQ(found->mark, one.mark) << one.text;
     EXPECT_EQ(found->isBareNumber, one.isBare) << one.text;
+    EXPECT_EQ(found->diameter.value_or(0), one.diameter) << one.text;
+  }
+}
+
+// The number before the bar is how many there are, wherever the mark says that it is one.
+TEST(ToolMarkTexts, AreNotCountsWhereAMarkIsWrittenAsOne) {
+  const MarkCase cases[] = {{"3 HA12 (1)", 1, false, 0},
+                            {"3 HA12 ( 1 )", 1, false, 0},
+                            {"3 HA12(1) e=20", 1, false, 0},
+                            {"12 HA20 e=15 (1)", 1, false, 0},
+                            {"2x3 HA12 (1)", 1, false, 0},
+                            {"3 HA12 rep. 1", 1, false, 0},
+                            {"3 HA12 rep 1", 1, false, 0},
+                            {"3HA12 rep.1", 1, false, 0},
+                            {"3 HA12 REP\u00C8RE 1", 1, false, 0},
+                            {"3 HA12 n\u00B0 1", 1, false, 0},
+                            {"3 HA12 pos. 1", 1, false, 0},
+                            {"3 dia 12 mark 1", 1, false, 0},
+                            {"3 H12-01-200", 1, false, 12},
+                            {"3H12-01-200", 1, false, 12},
+                            {"3 H12-01", 1, false, 12},
+                            {"3 R8-01-3 x 200, 150", 1, false, 8},
+                            {"3 H9.5-01", 1, false, 9.5},
+                            {"H12-01", 1, false, 12},
+                            {"3 H12-123-200", 123, false, 12}};
+  for (const MarkCase& one : cases) {
+    const auto found = markIn(one.text);
+    ASSERT_TRUE(found.has_value()) << one.text;
+    EXPECT_EQ(found->mark, one.mark) << one.text;
+    EXPECT_FALSE(found->isBareNumber) << one.text;
     EXPECT_EQ(found->diameter.value_or(0), one.diameter) << one.text;
   }
 }
@@ -87,7 +120,9 @@ class DrawnMarks {
 
   [[nodiscard]] bool name(std::int64_t mark, double diameter = 12.0) const {
     const Sheet sheet = Sheet::natural({});
-    return MarkTexts(m_loaded.file(), sheet).name(mark, diameter, {0, 0}, {1000, 0});
+    const BarList list = makeBarList({&m_loaded.file()}, {});
+    return MarkTexts(m_loaded.file(), sheet, BarsByMark(list))
+        .name(mark, diameter, {0, 0}, {1000, 0});
   }
 
  private:
@@ -121,6 +156,21 @@ TEST(ToolMarkTexts, NameTheMarkAndDiameterThatTheySay) {
   EXPECT_TRUE(DrawnMarks(markText("(3)", 5e5, 20) + markText("(3)", 500, 40)).name(3));
 }
 
+// "H12-200" are bars of mark 200, or bars of 12 every 200.
+TEST(ToolMarkTexts, OfALongNumberBehindADashAreMarksThatThereAre) {
+  const std::string text = markText("3 H12-200", 500, 20);
+  const auto barOfMark = [](long mark, double diameter) {
+    return test::barOf({.points = {{0, 0, 0}, {1000, 0, 0}}, .diameter = diameter, .mark = mark});
+  };
+  EXPECT_TRUE(DrawnMarks(text).name(3));
+  EXPECT_FALSE(DrawnMarks(text).name(200));
+  EXPECT_TRUE(DrawnMarks(text + barOfMark(200, 12)).name(200));
+  EXPECT_FALSE(DrawnMarks(text + barOfMark(200, 12)).name(3)) << "there are three of them";
+  EXPECT_TRUE(DrawnMarks(text + barOfMark(200, 16)).name(3));
+  EXPECT_TRUE(DrawnMarks(markText("H12-200", 500, 20) + barOfMark(200, 12)).name(200));
+  EXPECT_FALSE(DrawnMarks(markText("H12-200", 500, 20)).name(200));
+}
+
 TEST(ToolMarkTexts, OfANumberAloneNeedACircleRoundThem) {
   const std::string centred =
       test::textOf({.contents = "3", .at = {500, 50, 0}, .height = 10, .across = 1, .upwards = 1});
@@ -136,7 +186,7 @@ TEST(ToolMarkTexts, OfANumberAloneNeedACircleRoundThem) {
 
 TEST(ToolMarkTexts, AreKnownByTheirMark) {
   const test::LoadedFile loaded(test::documentOf(markText("(3)", 1e6, 0) + markText("7", 0, 0)));
-  const MarkTexts marks(loaded.file(), Sheet::natural({}));
+  const MarkTexts marks(loaded.file(), Sheet::natural({}), {});
   EXPECT_TRUE(marks.has(3));
   EXPECT_FALSE(marks.has(7)) << "a number without a circle";
   EXPECT_FALSE(marks.has(5));

@@ -36,9 +36,9 @@ TEST(ToolStatedScale, IsReadFromTextsThatStateOne) {
 
 TEST(ToolStatedScale, IsNotReadFromOtherTexts) {
   for (const char* const text :
-       {"",      "1",     "1:",    "1 :",   "1:x",   "25",    "2:25",  "1.25",
-        "11:25", "a1:25", "1:3",   "1:24",  "1:0",   "1:-25", "1:0.5", "1:20000",
-        "1;25",  "1 25",  "1:/25", "21:25", "v1/25", "1:1e9"}) {
+       {"",      "1",     "1:",    "1 :",   "1:x",   "25",    "2:25",       "1.25",
+        "11:25", "a1:25", "1:3",   "1:24",  "1:0",   "1:-25", "1:0.5",      "1:20000",
+        "1;25",  "1 25",  "1:/25", "21:25", "v1/25", "1:1e9", "slope 1:50", "PENTE 1/100"}) {
     EXPECT_FALSE(statedScale(text).has_value()) << text;
   }
 }

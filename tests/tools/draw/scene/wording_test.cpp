@@ -1,12 +1,10 @@
-// What the program writes by itself, and in which language.
+// What the program writes by itself.
 #include <tools/draw/scene/wording.h>
 
 #include <gtest/gtest.h>
 
 #include <set>
 
-#include <tests/tools/drawn_elements.h>
-#include <tests/tools/loaded_file.h>
 #include <tools/draw/scene/scene.h>
 
 namespace quorvan::tool {
@@ -26,7 +24,7 @@ TEST(ToolBarText, IsAsAnEnglishDetailerWritesIt) {
   EXPECT_EQ(barText(words, Language::kEnglish), "12 H16-05");
   words.spacingInMillimetres = "200";
   words.spacingInCentimetres = "20";
-  words.lengthInMetres = 3.2;
+  words.shortestMetres = words.longestMetres = 3.2;
   EXPECT_EQ(barText(words, Language::kEnglish), "12 H16-05-200");
   words.isSmooth = true;
   EXPECT_EQ(barText(words, Language::kEnglish), "12 R16-05-200");
@@ -35,13 +33,31 @@ TEST(ToolBarText, IsAsAnEnglishDetailerWritesIt) {
 TEST(ToolBarText, IsAsAFrenchDetailerWritesIt) {
   BarWords words = wordsOf(5, 12, 16);
   EXPECT_EQ(barText(words, Language::kFrench), "12 HA16");
-  words.lengthInMetres = 3.2;
+  words.shortestMetres = words.longestMetres = 3.2;
   EXPECT_EQ(barText(words, Language::kFrench), "12 HA16 L=3.20");
   words.spacingInMillimetres = "200";
   words.spacingInCentimetres = "20";
   EXPECT_EQ(barText(words, Language::kFrench), "12 HA16 e=20 L=3.20");
   words.isSmooth = true;
   EXPECT_EQ(barText(words, Language::kFrench), "12 Dx16 e=20 L=3.20");
+}
+
+TEST(ToolBarText, SaysFromWhichLengthToWhichBarsGo) {
+  BarWords words = wordsOf(2, 20, 10);
+  words.shortestMetres = 1.0;
+  words.longestMetres = 3.85;
+  EXPECT_EQ(barText(words, Language::kFrench), "20 HA10 L=1.00 \u00E0 3.85");
+  EXPECT_EQ(barText(words, Language::kEnglish), "20 H10-02");
+  words.shortestMetres = 3.849;
+  EXPECT_EQ(barText(words, Language::kFrench), "20 HA10 L=3.85") << "as they are rounded";
+}
+
+TEST(ToolBarText, SaysWhereALengthIsALeastOne) {
+  BarWords words = wordsOf(2, 4, 8);
+  words.shortestMetres = 1.2;
+  words.longestMetres = 1.6;
+  words.isLengthLeast = true;
+  EXPECT_EQ(barText(words, Language::kFrench), "4 HA8 L\u22651.20");
 }
 
 TEST(ToolBarText, HasTwoDigitsForAMarkAtLeast) {
@@ -61,39 +77,6 @@ TEST(ToolBarText, SaysDiametersAsTheyAre) {
   EXPECT_EQ(barText(wordsOf(3, 0, 9.5), Language::kFrench), "HA9.5");
   EXPECT_EQ(barText(wordsOf(3, 0, 12.700001), Language::kFrench), "HA12.7");
   EXPECT_EQ(barText(wordsOf(3, 0, 0), Language::kFrench), "HA0");
-}
-
-Language languageOf(const std::string& contents) {
-  return guessLanguage(
-      test::LoadedFile(test::documentOf(test::textOf({.contents = contents}))).file());
-}
-
-TEST(ToolDrawingLanguage, IsFrenchWhereATextIs) {
-  for (const char* const text :
-       {"Poutre B12",       "COUPE A-A",           "coupe 1-1",         "Dalle D2",
-        "POTEAU C3",        "Semelle S1",          "5 cadres",          "\u00C9trier",
-        "\u00E9triers HA8", "\u00C9chelle 1:25",   "ENROBAGE 30 mm",    "Nomenclature",
-        "rep\u00E8re 5",    "vue en plan",         "\u00E9paisseur 20", "b\u00E9ton C30/37",
-        "attentes",         "Plan de ferraillage", "armatures sup.",    "Coffrage"}) {
-    EXPECT_EQ(languageOf(text), Language::kFrench) << text;
-  }
-}
-
-TEST(ToolDrawingLanguage, IsEnglishOtherwise) {
-  for (const char* const text :
-       {"", "Beam B12", "SECTION A-A", "Elevation", "Scale 1:25", "5 links", "coupler", "Slab D2",
-        "Cover 30 mm", "Bar schedule", "Column C3"}) {
-    EXPECT_EQ(languageOf(text), Language::kEnglish) << text;
-  }
-}
-
-TEST(ToolDrawingLanguage, IsToldByTextsOfTheDrawingAlone) {
-  EXPECT_EQ(guessLanguage(test::LoadedFile(test::documentOf(test::controlOf("Poutre"))).file()),
-            Language::kEnglish);
-  EXPECT_EQ(guessLanguage(test::LoadedFile(test::documentOf(test::textOf({.contents = "x"}) +
-                                                            test::textOf({.contents = "dalle"})))
-                              .file()),
-            Language::kFrench);
 }
 
 TEST(ToolWording, HasEveryWordInEachLanguageAndNoneTwice) {

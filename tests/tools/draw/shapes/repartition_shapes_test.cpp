@@ -118,6 +118,20 @@ TEST(ToolSeriesShapes, SayNumberDiameterMarkSpacingAndLength) {
   EXPECT_EQ(labelOf(drawing, Language::kFrench, kLengthUnits[0]), "(3) 5 HA12 e=20 L=1.00");
 }
 
+TEST(ToolSeriesShapes, SayFromWhichLengthToWhichTheirBarsGo) {
+  SeriesParts parts = uprightBars(100, -500, 500, 5, 200);
+  parts.top = {500, 1000, 1500, 2000, 3350};
+  const std::string bar = barOf(upright(12, 3));
+  EXPECT_EQ(labelOf(bar + test::seriesOf(parts), Language::kFrench, kLengthUnits[0]),
+            "(3) 5 HA12 e=20 L=1.00 \u00E0 3.85");
+  EXPECT_EQ(labelOf(bar + test::seriesOf(parts), Language::kEnglish, kLengthUnits[0]),
+            "5 H12-03-200");
+  parts.top = {1500, 1500, 1500, 1500, 1500};
+  EXPECT_EQ(labelOf(bar + test::seriesOf(parts), Language::kFrench, kLengthUnits[0]),
+            "(3) 5 HA12 e=20 L=1.00")
+      << "as the bar list has it";
+}
+
 TEST(ToolSeriesShapes, SaySpacingAndLengthTheSameInEveryUnit) {
   for (const LengthUnit& unit : kLengthUnits) {
     const double u = 1.0 / unit.millimetres(1.0);
