@@ -137,10 +137,14 @@ void Occupancy::take(const SheetBox& box, Kind kind) {
   if (box.isEmpty()) {
     return;
   }
-  const int left = std::max(0, column(box.least.x));
-  const int right = std::min(m_columns - 1, column(box.most.x));
-  const int high = std::min(m_rows - 1, row(box.most.y));
-  for (int y = std::max(0, row(box.least.y)); y <= high; ++y) {
+  takeCells(column(box.least.x), column(box.most.x), row(box.least.y), row(box.most.y), kind);
+}
+
+void Occupancy::takeCells(int left, int right, int low, int high, Kind kind) {
+  left = std::max(0, left);
+  right = std::min(m_columns - 1, right);
+  high = std::min(m_rows - 1, high);
+  for (int y = std::max(0, low); y <= high; ++y) {
     std::uint8_t* const cells =
         m_cells.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_columns);
     for (int x = left; x <= right; ++x) {
@@ -151,14 +155,6 @@ void Occupancy::take(const SheetBox& box, Kind kind) {
 
 void Occupancy::take(const Lettering& text) {
   over(text, [this](int x, int y) { takeAt(x, y, Kind::kText); });
-}
-
-void Occupancy::takeAround(int x, int y, int reach, Kind kind) {
-  for (int above = -reach; above <= reach; ++above) {
-    for (int beside = -reach; beside <= reach; ++beside) {
-      takeAt(x + beside, y + above, kind);
-    }
-  }
 }
 
 template <class Call>
@@ -192,12 +188,20 @@ void Occupancy::along(const Path& path, Call call) const {
 }
 
 void Occupancy::take(const Path& path, Kind kind, double width) {
-  constexpr double kFarthest = 50.0;  // cells
-  const int reach = static_cast<int>(std::clamp(width / 2.0 / m_cell, 0.0, kFarthest));
+  constexpr double kFarthest = 20.0;  // cells: a pen of 20 mm
+  const double cells = width / 2.0 / m_cell;
+  const int reach = cells > 0.0 ? static_cast<int>(std::min(cells, kFarthest)) : 0;
   if (reach == 0) {
     return along(path, [&](int x, int y) { takeAt(x, y, kind); });
   }
-  along(path, [&](int x, int y) { takeAround(x, y, reach, kind); });
+  // Squares that overlap by half, along the path.
+  int passed = reach;
+  along(path, [&](int x, int y) {
+    if (++passed > reach) {
+      passed = 0;
+      takeCells(x - reach, x + reach, y - reach, y + reach, kind);
+    }
+  });
 }
 
 void Occupancy::fill(const std::vector<PlanePoint>& outline, Kind kind) {

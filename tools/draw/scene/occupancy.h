@@ -40,7 +40,7 @@ class Occupancy {
   [[nodiscard]] int row(double y) const;
   [[nodiscard]] double costAt(int x, int y) const;
   void takeAt(int x, int y, Kind kind);
-  void takeAround(int x, int y, int reach, Kind kind);
+  void takeCells(int left, int right, int low, int high, Kind kind);
   template <class Call>
   void alongArc(PlanePoint from, const PathStep& arc, Call call) const;
   template <class Call>

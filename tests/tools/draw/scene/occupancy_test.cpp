@@ -113,6 +113,39 @@ TEST(ToolOccupancy, FollowsLinesAndArcs) {
   EXPECT_TRUE(isFreeAt(taken, 20, 60));
 }
 
+TEST(ToolOccupancy, IsTakenAsWideAsThePenOfAPath) {
+  for (const double angle : {0.0, 0.3, 0.8, std::numbers::pi / 2.0}) {
+    Path path;
+    path.moveTo({100, 75});
+    path.lineTo(PlanePoint{100, 75} + turned({60, 0}, angle));
+    Occupancy taken(200, 150);
+    taken.take(path, Kind::kLine, 12.0);
+    for (double along = 0.0; along <= 58.0; along += 0.7) {
+      for (const double beside : {-5.0, -2.0, 0.0, 3.0, 5.0}) {
+        const PlanePoint at = PlanePoint{100, 75} + turned({along, beside}, angle);
+        EXPECT_FALSE(isFreeAt(taken, at.x, at.y)) << angle << ' ' << along << ' ' << beside;
+      }
+      const PlanePoint off = PlanePoint{100, 75} + turned({along, 10.5}, angle);
+      EXPECT_TRUE(isFreeAt(taken, off.x, off.y)) << angle << ' ' << along;
+    }
+  }
+}
+
+TEST(ToolOccupancy, TakesPensOfNoWidthThatIsANumberForThinOnes) {
+  Path path;
+  path.moveTo({10, 25});
+  path.lineTo({90, 25});
+  for (const double width : {0.0, -5.0, 0.4, std::numeric_limits<double>::quiet_NaN()}) {
+    Occupancy taken(100, 50);
+    taken.take(path, Kind::kLine, width);
+    EXPECT_FALSE(isFreeAt(taken, 50, 25));
+    EXPECT_TRUE(isFreeAt(taken, 50, 27)) << width;
+  }
+  Occupancy taken(100, 50);
+  taken.take(path, Kind::kLine, std::numeric_limits<double>::infinity());
+  EXPECT_FALSE(isFreeAt(taken, 50, 27));
+}
+
 TEST(ToolOccupancy, FollowsAClosedPathBackToItsBeginning) {
   Occupancy taken(100, 100);
   Path path;
