@@ -14,6 +14,7 @@
 #include <tools/bvbs/sheet/shape_sheet.h>
 #include <tools/commands/command_table.h>
 #include <tools/commands/draw_dxf.h>
+#include <tools/commands/draw_report.h>
 #include <tools/commands/picture_file.h>
 #include <tools/console/terminal.h>
 #include <tools/draw/page/html_page.h>
@@ -21,10 +22,6 @@
 #include <tools/draw/scene_builder.h>
 #include <tools/files/input_file.h>
 #include <tools/files/work_folder.h>
-#include <tools/model/description.h>
-#include <tools/model/item_reader.h>
-#include <tools/text/counted_noun.h>
-#include <tools/text/number_text.h>
 #include <tools/text/table.h>
 
 namespace quorvan::tool {
@@ -181,65 +178,6 @@ void writePicture(const SceneResult& result, std::optional<HtmlPage>& page,
   closeWritten(out, arguments.output);
 }
 
-// Names the elements that are not on the sheet because they lie far from the others.
-void reportOutliers(const TransferFile& file, const std::vector<std::uint32_t>& outliers,
-                    Console& console) {
-  constexpr std::size_t kMostNamed = 5;
-  if (outliers.empty()) {
-    return;
-  }
-  console.err << printable(file.name()) << ": warning: " << counted(outliers.size(), "element")
-              << (outliers.size() == 1 ? " lies" : " lie") << " far from the others and "
-              << (outliers.size() == 1 ? "is" : "are")
-              << " left out (--window all draws everything): ";
-  ItemReader reader(file);
-  for (std::size_t i = 0; i < outliers.size() && i < kMostNamed; ++i) {
-    const Element& element = file.elements()[outliers[i]];
-    console.err << (i == 0 ? "" : "; ") << printable(describe(element, reader.read(element)));
-  }
-  console.err << (outliers.size() > kMostNamed ? "; ...\n" : "\n");
-}
-
-// A scale that a text states and the sheet does not have: lengths may be in another unit.
-void reportScale(const TransferFile& file, const SceneResult& result, Console& console) {
-  const std::vector<double>& stated = result.statedScales;
-  if (stated.empty() || std::ranges::find(stated, result.scale) != stated.end()) {
-    return;
-  }
-  const std::string scale = rounded(stated.front(), 2);
-  console.err << printable(file.name()) << ": note: a text states 1:" << scale
-              << ", drawn at 1:" << rounded(result.scale, 2)
-              << ": --unit says what a unit of length is, --scale " << scale << " sets the scale\n";
-}
-
-void report(const TransferFile& file, const SceneResult& result, const DrawOptions& options,
-            Console& console) {
-  const bool isEmpty = std::ranges::all_of(
-      result.scene.shapes, [](const Shape& shape) { return shape.element == kNoElement; });
-  if (isEmpty) {
-    console.err << printable(file.name())
-                << ": warning: nothing is drawn: there is no element in it that can be seen\n";
-  }
-  if (result.leftOut != 0) {
-    console.err << printable(file.name()) << ": warning: " << counted(result.leftOut, "element")
-                << (result.leftOut == 1 ? " is left out: it lies" : " are left out: they lie")
-                << " beyond what can be drawn\n";
-  }
-  if (!options.window) {
-    reportOutliers(file, result.outliers, console);
-  }
-  if (result.withoutHeight != 0) {
-    console.err << printable(file.name())
-                << ": note: texts without a height are drawn as high as labels: "
-                << result.withoutHeight << '\n';
-  }
-  if (result.darkened != 0) {
-    console.err << printable(file.name())
-                << ": note: colours too pale for paper are drawn darker: " << result.darkened
-                << '\n';
-  }
-}
-
 // The shapes of bending data, on one sheet.
 void drawBendingData(const DrawArguments& arguments, Console& console) {
   refuseSameFile(arguments.file, arguments.output);
@@ -296,7 +234,7 @@ void draw(const DrawArguments& arguments, Console& console) {
   }
   const SceneResult result =
       buildScene(file, drawing, console, page ? page->list() : std::shared_future<BarList>());
-  report(file, result, drawing, console);
+  reportDrawn(file, result, drawing, console);
   if (!drawing.scale && !drawing.sheet && !arguments.isUnitGiven) {
     reportScale(file, result, console);
   }

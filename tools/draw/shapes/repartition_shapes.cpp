@@ -84,12 +84,16 @@ void setLengths(const Repartition& series, const Bar& bar, double unit, BarWords
   if (!bar.hasLength()) {
     return;
   }
-  const std::vector<double> spans = differingSpans(series, bar, kSameLength / unit);
-  const auto [least, most] = std::ranges::minmax_element(spans);
-  const auto metres = [unit](const Bar& one) { return std::round(lengthOf(one) * unit) / 1000.0; };
-  words.shortestMetres = metres(spans.empty() ? bar : withSpan(bar, *least));
-  words.longestMetres = metres(spans.empty() ? bar : withSpan(bar, *most));
   words.isLengthLeast = bar.shape == BarShape::kStirrup;
+  const auto metres = [unit](const Bar& one) { return std::round(lengthOf(one) * unit) / 1000.0; };
+  const std::vector<double> spans = differingSpans(series, bar, kSameLength / unit);
+  if (spans.empty()) {
+    words.shortestMetres = words.longestMetres = metres(bar);
+    return;
+  }
+  const auto [least, most] = std::ranges::minmax_element(spans);
+  words.shortestMetres = metres(withSpan(bar, *least));
+  words.longestMetres = metres(withSpan(bar, *most));
 }
 
 }  // namespace
