@@ -1,5 +1,5 @@
 // From the library's elements and items to the classes of this unit: which items a class has, and of
-// which kind they are, the library says itself.
+// which kind they are, the library says itself. What it knows beyond these classes is passed over.
 
 using System;
 using System.Collections.Generic;
@@ -29,20 +29,12 @@ namespace Quorvan
             internal readonly List<Row> Rows = new List<Row>();
         }
 
-        private static readonly Type[] Types =
-        {
-            typeof(Line), typeof(Circle), typeof(Text), typeof(FilledPolygon), typeof(Mesh),
-            typeof(Formwork), typeof(StraightBar), typeof(LBar), typeof(UBar), typeof(Pin),
-            typeof(PointBar), typeof(PolygonBar), typeof(FrameRect), typeof(FrameCirc),
-            typeof(Stirrup), typeof(Repartition), typeof(DrawingControl)
-        };
-
         private static readonly Lazy<Table[]> Tables = new Lazy<Table[]>(MakeTables);
 
         internal static Element Read(IntPtr handle)
         {
             int number = Library.quorvanElementClassNumber(handle);
-            Table table = number < 0 ? null : Tables.Value[number];
+            Table table = number < 0 ? null : Tables.Value[number]; // null where it is not known here
             var element = table == null ? new Other() : (Element)Activator.CreateInstance(table.Type);
             element.ClassName = Library.Utf8(Library.quorvanElementClass(handle));
             element.Version = Library.quorvanElementVersion(handle);
@@ -62,23 +54,34 @@ namespace Quorvan
             var tables = new Table[Library.quorvanClassCount()];
             for (int number = 0; number < tables.Length; ++number)
             {
-                string name = Library.Utf8(Library.quorvanClassName(number));
-                var table = new Table { Type = Array.Find(Types, type => name.EndsWith("Zanto" + type.Name) ||
-                                                                      name == "CKt" + type.Name) };
-                for (int item = 0; item < Library.quorvanClassItemCount(number); ++item)
+                Type type;
+                if (ElementClasses.Types.TryGetValue(Library.Utf8(Library.quorvanClassName(number)), out type))
                 {
-                    string itemName = Library.Utf8(Library.quorvanClassItemName(number, item));
-                    table.Rows.Add(new Row
-                    {
-                        Name = itemName,
-                        Kind = Library.quorvanClassItemKind(number, item),
-                        IsOptional = Library.quorvanClassItemIsOptional(number, item) != 0,
-                        Member = MemberOf(table.Type, itemName)
-                    });
+                    tables[number] = MakeTable(number, type);
                 }
-                tables[number] = table;
             }
             return tables;
+        }
+
+        private static Table MakeTable(int number, Type type)
+        {
+            var table = new Table { Type = type };
+            for (int item = 0; item < Library.quorvanClassItemCount(number); ++item)
+            {
+                string name = Library.Utf8(Library.quorvanClassItemName(number, item));
+                FieldInfo member = MemberOf(type, name);
+                if (member != null)
+                {
+                    table.Rows.Add(new Row
+                    {
+                        Name = name,
+                        Kind = Library.quorvanClassItemKind(number, item),
+                        IsOptional = Library.quorvanClassItemIsOptional(number, item) != 0,
+                        Member = member
+                    });
+                }
+            }
+            return table;
         }
 
         private static FieldInfo MemberOf(Type type, string item)

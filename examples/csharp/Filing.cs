@@ -1,6 +1,7 @@
 // Writing a drawing. One filing at a time in a process, from one thread.
 
 using System;
+using System.Collections.Generic;
 using System.Linq;
 
 namespace Quorvan
@@ -9,6 +10,28 @@ namespace Quorvan
     // does. Elements are added to those of a file that is there. Throws QuorvanException.
     public sealed class Filing : IDisposable
     {
+        // What can be filed as a whole.
+        private static readonly Dictionary<Type, Action<Filing, Element>> Adders =
+            new Dictionary<Type, Action<Filing, Element>>
+        {
+            { typeof(Line), (to, e) => to.Add((Line)e) },
+            { typeof(Circle), (to, e) => to.Add((Circle)e) },
+            { typeof(Text), (to, e) => to.Add((Text)e) },
+            { typeof(FilledPolygon), (to, e) => to.Add((FilledPolygon)e) },
+            { typeof(Mesh), (to, e) => to.Add((Mesh)e) },
+            { typeof(Formwork), (to, e) => to.Add((Formwork)e) },
+            { typeof(StraightBar), (to, e) => to.Add((StraightBar)e) },
+            { typeof(LBar), (to, e) => to.Add((LBar)e) },
+            { typeof(UBar), (to, e) => to.Add((UBar)e) },
+            { typeof(Pin), (to, e) => to.Add((Pin)e) },
+            { typeof(PointBar), (to, e) => to.Add((PointBar)e) },
+            { typeof(PolygonBar), (to, e) => to.Add((PolygonBar)e) },
+            { typeof(FrameRect), (to, e) => to.Add((FrameRect)e) },
+            { typeof(FrameCirc), (to, e) => to.Add((FrameCirc)e) },
+            { typeof(Stirrup), (to, e) => to.Add((Stirrup)e) },
+            { typeof(DrawingControl), (to, e) => to.Add((DrawingControl)e) },
+        };
+
         private bool isOpen;
 
         public Filing(string path)
@@ -141,7 +164,13 @@ namespace Quorvan
         // not known.
         public bool TryAdd(Element element)
         {
-            return element.FileInto(this);
+            Action<Filing, Element> add;
+            if (!Adders.TryGetValue(element.GetType(), out add))
+            {
+                return false;
+            }
+            add(this, element);
+            return true;
         }
 
         // One frame of a series, of which there must be two at the least: the bar from `point1` to `point2`

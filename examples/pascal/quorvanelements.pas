@@ -1,6 +1,9 @@
 { The elements of a drawing, a class for each, for Delphi and Free Pascal. Members bear the names of the
   items; lengths and angles are in the units of the producing program. What is missing in the file has
-  the value of a new object, and stands in Problems. }
+  the value of a new object, and stands in Problems.
+
+  What stands between two lines is made from the item tables of the library;
+  `QUORVAN_UPDATE_GOLDEN=1 tools_tests --gtest_filter='*ReaderSources*'` writes it anew. }
 unit QuorvanElements;
 
 {$ifdef FPC}{$mode delphi}{$endif}
@@ -44,6 +47,8 @@ type
   end;
   TElementClass = class of TElement;
 
+  { --- made from the item tables ---------------------------------------------------------------- }
+
   { What every bar and link has. }
   TBar = class(TElement)
   public
@@ -54,6 +59,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A line segment of the drawing. }
   TLine = class(TElement)
   public
     Point1, Point2: TPoint3;
@@ -61,6 +67,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A circle of the drawing. }
   TCircle = class(TElement)
   public
     Center: TPoint3;
@@ -69,6 +76,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A single line of text. }
   TText = class(TElement)
   public
     Contents: UnicodeString;
@@ -79,6 +87,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A filled polygon of the drawing. }
   TFilledPolygon = class(TElement)
   public
     Points: TPoints;
@@ -86,6 +95,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A sheet of welded mesh. }
   TMesh = class(TElement)
   public
     Kind, Reference: UnicodeString;
@@ -94,12 +104,14 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { An outline of the concrete. Two points and one bulge a segment. }
   TFormwork = class(TElement)
   public
     Points, Bulges: TPoints;
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A straight bar with a hook at either end. }
   TStraightBar = class(TBar)
   public
     Point1, Point2: TPoint3;
@@ -108,6 +120,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A bar bent once (L shape). }
   TLBar = class(TBar)
   public
     Point1, Point2, Point3: TPoint3;
@@ -115,6 +128,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A bar bent twice (U shape). }
   TUBar = class(TBar)
   public
     Point1, Point2, Point3: TPoint3;
@@ -122,6 +136,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A pin: a straight tie with hooks. }
   TPin = class(TBar)
   public
     Point1, Point2: TPoint3;
@@ -129,12 +144,14 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A bar seen end-on. }
   TPointBar = class(TBar)
   public
     Point1: TPoint3;
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A bent bar given by its polyline. }
   TPolygonBar = class(TBar)
   public
     Points: TPoints;
@@ -143,6 +160,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A closed rectangular link. }
   TFrameRect = class(TBar)
   public
     Point1, Point2, Point3: TPoint3;
@@ -150,6 +168,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A closed circular link. }
   TFrameCirc = class(TBar)
   public
     Center, StartPoint: TPoint3;
@@ -157,6 +176,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { An open link given by two points. }
   TStirrup = class(TBar)
   public
     Point1, Point2: TPoint3;
@@ -164,6 +184,7 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { A distribution of identical bars along a line. It has an index of its own and that of the bar. }
   TRepartition = class(TElement)
   public
     Point1, Point2, Bulge, Axis: TPoint3;
@@ -174,12 +195,15 @@ type
     procedure Visit(Visitor: TItemVisitor); override;
   end;
 
+  { The record that names the drawing and closes every transfer. }
   TDrawingControl = class(TElement)
   public
     ZantoVersion, DrawingName: UnicodeString;
     ServicePack, CheckSum: LongInt;
     procedure Visit(Visitor: TItemVisitor); override;
   end;
+
+  { --- end of what is made ---------------------------------------------------------------------- }
 
 function PointAt(X, Y, Z: Double): TPoint3;
 
@@ -201,6 +225,8 @@ type
     ElementClass: TElementClass;
   end;
 
+{ --- made from the item tables ------------------------------------------------------------------ }
+
 const
   KnownClasses: array[0..16] of TKnownClass = (
     (Name: 'CKtZantoLine'; ElementClass: TLine),
@@ -220,20 +246,6 @@ const
     (Name: 'CKtZantoStirrup'; ElementClass: TStirrup),
     (Name: 'CKtZantoRepartition'; ElementClass: TRepartition),
     (Name: 'CKtDrawingControl'; ElementClass: TDrawingControl));
-
-function ElementClassOf(const Name: AnsiString): TElementClass;
-var
-  Known: Integer;
-begin
-  Result := TElement;
-  for Known := Low(KnownClasses) to High(KnownClasses) do
-    if KnownClasses[Known].Name = Name then
-      Result := KnownClasses[Known].ElementClass;
-end;
-
-procedure TElement.Visit(Visitor: TItemVisitor);
-begin
-end;
 
 procedure TBar.Visit(Visitor: TItemVisitor);
 begin
@@ -406,6 +418,22 @@ begin
   Visitor.Whole('ServicePack', ServicePack);
   Visitor.Whole('CheckSum', CheckSum);
   Visitor.Text('DrawingName', DrawingName);
+end;
+
+{ --- end of what is made ------------------------------------------------------------------------ }
+
+function ElementClassOf(const Name: AnsiString): TElementClass;
+var
+  Known: Integer;
+begin
+  Result := TElement;
+  for Known := Low(KnownClasses) to High(KnownClasses) do
+    if KnownClasses[Known].Name = Name then
+      Result := KnownClasses[Known].ElementClass;
+end;
+
+procedure TElement.Visit(Visitor: TItemVisitor);
+begin
 end;
 
 end.

@@ -22,16 +22,17 @@ inline constexpr std::tuple kBarAttributeRows{Plain{kSteelGradeName, &BarAttribu
                                               Plain{kReferenceName, &BarAttributes::reference},
                                               OptionalFlag{kHiddenName, &BarAttributes::hidden}};
 
+/// What they are, for whoever lists them.
+inline constexpr auto kBarAttributeSchemas = std::apply(
+    [](const auto&... row) { return std::array{row.schema()[0]...}; }, kBarAttributeRows);
+
 /// The bar attributes as one value member of an element.
 template <class Element>
 struct Attributes {
   BarAttributes Element::*field;
 
-  static constexpr std::size_t kItems = 5;
-  constexpr std::array<ItemSchema, 5> schema() const {
-    return std::apply([](const auto&... row) { return std::array{row.schema()[0]...}; },
-                      kBarAttributeRows);
-  }
+  static constexpr std::size_t kItems = kBarAttributeSchemas.size();
+  constexpr auto schema() const { return kBarAttributeSchemas; }
 
   void write(Writing& out, const Element& element) const {
     writeRows(kBarAttributeRows, out, element.*field);

@@ -4,11 +4,15 @@
 // Members bear the names of the items; lengths and angles are in the units of the producing
 // program, texts are UTF-8. What is missing in the file has the value that it has here, and stands
 // in `problems`.
+//
+// What stands between the two lines is made from the item tables of the library;
+// `QUORVAN_UPDATE_GOLDEN=1 tools_tests --gtest_filter='*ReaderSources*'` writes it anew.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include <quorvan/errors/error.h>
@@ -42,6 +46,13 @@ struct ElementBase {
   std::vector<Problem> problems;
 };
 
+/// An element of a class that is not known here.
+struct Other : ElementBase {
+  std::string className;
+};
+
+// --- made from the item tables -------------------------------------------------------------------
+
 /// What every bar and link has.
 struct BarBase : ElementBase {
   std::string steelGrade;
@@ -51,6 +62,7 @@ struct BarBase : ElementBase {
   bool hidden = false;
 };
 
+/// A line segment of the drawing.
 struct Line : ElementBase {
   static constexpr const char* kClassName = "CKtZantoLine";
   Point point1;
@@ -58,6 +70,7 @@ struct Line : ElementBase {
   std::uint32_t color = 0;
 };
 
+/// A circle of the drawing.
 struct Circle : ElementBase {
   static constexpr const char* kClassName = "CKtZantoCircle";
   Point center;
@@ -65,6 +78,7 @@ struct Circle : ElementBase {
   std::uint32_t color = 0;
 };
 
+/// A single line of text.
 struct Text : ElementBase {
   static constexpr const char* kClassName = "CKtZantoText";
   std::string contents;
@@ -76,12 +90,14 @@ struct Text : ElementBase {
   double height = 0;
 };
 
+/// A filled polygon of the drawing.
 struct FilledPolygon : ElementBase {
   static constexpr const char* kClassName = "CKtFilledPolygon";
   std::vector<Point> points;
   std::uint32_t color = 0;
 };
 
+/// A sheet of welded mesh.
 struct Mesh : ElementBase {
   static constexpr const char* kClassName = "CKtZantoMesh";
   std::string type;
@@ -92,13 +108,14 @@ struct Mesh : ElementBase {
   std::vector<Point> points;
 };
 
-/// Outlines of the concrete: two points and a bulge a segment.
+/// An outline of the concrete. Two points and one bulge a segment.
 struct Formwork : ElementBase {
   static constexpr const char* kClassName = "CKtZantoFormwork";
   std::vector<Point> points;
   std::vector<Vector> bulges;
 };
 
+/// A straight bar with a hook at either end.
 struct StraightBar : BarBase {
   static constexpr const char* kClassName = "CKtZantoStraightBar";
   Point point1;
@@ -111,6 +128,7 @@ struct StraightBar : BarBase {
   double hookAngle2 = 0;
 };
 
+/// A bar bent once (L shape).
 struct LBar : BarBase {
   static constexpr const char* kClassName = "CKtZantoLBar";
   Point point1;
@@ -122,6 +140,7 @@ struct LBar : BarBase {
   double hookAngle2 = 0;
 };
 
+/// A bar bent twice (U shape).
 struct UBar : BarBase {
   static constexpr const char* kClassName = "CKtZantoUBar";
   Point point1;
@@ -133,6 +152,7 @@ struct UBar : BarBase {
   double hookAngle2 = 0;
 };
 
+/// A pin: a straight tie with hooks.
 struct Pin : BarBase {
   static constexpr const char* kClassName = "CKtZantoPin";
   Point point1;
@@ -143,11 +163,13 @@ struct Pin : BarBase {
   double hookAngle2 = 0;
 };
 
+/// A bar seen end-on.
 struct PointBar : BarBase {
   static constexpr const char* kClassName = "CKtZantoPointBar";
   Point point1;
 };
 
+/// A bent bar given by its polyline.
 struct PolygonBar : BarBase {
   static constexpr const char* kClassName = "CKtZantoPolygonBar";
   std::vector<Point> points;
@@ -158,6 +180,7 @@ struct PolygonBar : BarBase {
   double hookAngle2 = 0;
 };
 
+/// A closed rectangular link.
 struct FrameRect : BarBase {
   static constexpr const char* kClassName = "CKtZantoFrameRect";
   Point point1;
@@ -167,6 +190,7 @@ struct FrameRect : BarBase {
   double hookAngle1 = 0;
 };
 
+/// A closed circular link.
 struct FrameCirc : BarBase {
   static constexpr const char* kClassName = "CKtZantoFrameCirc";
   Point center;
@@ -177,6 +201,7 @@ struct FrameCirc : BarBase {
   double hookAngle1 = 0;
 };
 
+/// An open link given by two points.
 struct Stirrup : BarBase {
   static constexpr const char* kClassName = "CKtZantoStirrup";
   Point point1;
@@ -185,7 +210,7 @@ struct Stirrup : BarBase {
   double hookAngle1 = 0;
 };
 
-/// A series of like bars; `index` of the element base is its own, `barIndex` that of the bar.
+/// A distribution of identical bars along a line. It has an index of its own and that of the bar.
 struct Repartition : ElementBase {
   static constexpr const char* kClassName = "CKtZantoRepartition";
   Point point1;
@@ -201,6 +226,7 @@ struct Repartition : ElementBase {
   bool hidden = false;
 };
 
+/// The record that names the drawing and closes every transfer.
 struct DrawingControl : ElementBase {
   static constexpr const char* kClassName = "CKtDrawingControl";
   std::string zantoVersion;
@@ -209,15 +235,13 @@ struct DrawingControl : ElementBase {
   std::string drawingName;
 };
 
-/// An element of a class that is not known here.
-struct Other : ElementBase {
-  std::string className;
-};
+/// Any element. The alternatives stand in the order of the class numbers, see quorvanClassName.
+using Element = std::variant<Line, Circle, Text, FilledPolygon, Mesh, Formwork, StraightBar, LBar,
+                             UBar, Pin, PointBar, PolygonBar, FrameRect, FrameCirc, Stirrup,
+                             Repartition, DrawingControl, Other>;
 
-// --- the items, each with the member that holds it ----------------------------------------------
-//
-// eachItem(element, use) calls use(name, member) for every item in the order of the file; the two
-// lists of a formwork's one item come as use(name, points, bulges).
+// eachItem(element, use) calls use(name, member) for every item in the order of the file; the
+// points and bulges of one item come as use(name, points, bulges).
 
 template <class Bar, class Use>
 void eachBarItem(Bar& e, Use&& use) {
@@ -287,8 +311,8 @@ void eachItem(StraightBar& e, Use&& use) {
   eachBarItem(e, use);
 }
 
-template <class BentBar, class Use>
-void eachBentBarItem(BentBar& e, Use&& use) {
+template <class Use>
+void eachItem(LBar& e, Use&& use) {
   use("Point1", e.point1);
   use("Point2", e.point2);
   use("Point3", e.point3);
@@ -300,13 +324,15 @@ void eachBentBarItem(BentBar& e, Use&& use) {
 }
 
 template <class Use>
-void eachItem(LBar& e, Use&& use) {
-  eachBentBarItem(e, use);
-}
-
-template <class Use>
 void eachItem(UBar& e, Use&& use) {
-  eachBentBarItem(e, use);
+  use("Point1", e.point1);
+  use("Point2", e.point2);
+  use("Point3", e.point3);
+  use("HookLength1", e.hookLength1);
+  use("HookAngle1", e.hookAngle1);
+  use("HookLength2", e.hookLength2);
+  use("HookAngle2", e.hookAngle2);
+  eachBarItem(e, use);
 }
 
 template <class Use>
@@ -389,5 +415,7 @@ void eachItem(DrawingControl& e, Use&& use) {
   use("CheckSum", e.checkSum);
   use("DrawingName", e.drawingName);
 }
+
+// --- end of what is made -------------------------------------------------------------------------
 
 }  // namespace quorvan::drawing

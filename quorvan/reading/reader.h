@@ -53,12 +53,6 @@ class ReadError : public std::runtime_error {
 };
 
 namespace drawing {
-
-/// Any element. The alternatives stand in the order of the class numbers, see quorvanClassName.
-using Element = std::variant<Line, Circle, Text, FilledPolygon, Mesh, Formwork, StraightBar, LBar,
-                             UBar, Pin, PointBar, PolygonBar, FrameRect, FrameCirc, Stirrup,
-                             Repartition, DrawingControl, Other>;
-
 namespace detail {
 
 /// Reads the items of one element into its members.

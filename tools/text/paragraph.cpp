@@ -12,21 +12,36 @@ constexpr std::size_t kColumns = 78;
 
 }  // namespace
 
-void printParagraph(std::ostream& out, std::string_view text, std::size_t indent) {
-  std::string line;
+std::vector<std::string> wordsOf(std::string_view text) {
+  std::vector<std::string> words;
   while (!text.empty()) {
     const std::size_t end = text.find(' ');
-    const std::string_view word = text.substr(0, end);
+    words.emplace_back(text.substr(0, end));
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    if (!line.empty() && indent + lengthOf(line) + 1 + lengthOf(word) > kColumns) {
-      out << std::string(indent, ' ') << line << '\n';
-      line.clear();
+  }
+  return words;
+}
+
+std::string filledLines(const std::vector<std::string>& words, std::size_t columns,
+                        std::string_view first, std::string_view next) {
+  std::string lines;
+  std::string line;
+  for (const std::string& word : words) {
+    if (line.empty()) {
+      line = std::string(first) + word;
+    } else if (lengthOf(line) + 1 + lengthOf(word) > columns) {
+      lines += line + '\n';
+      line = std::string(next) + word;
+    } else {
+      line += ' ' + word;
     }
-    line += (line.empty() ? "" : " ") + std::string(word);
   }
-  if (!line.empty()) {
-    out << std::string(indent, ' ') << line << '\n';
-  }
+  return line.empty() ? lines : lines + line + '\n';
+}
+
+void printParagraph(std::ostream& out, std::string_view text, std::size_t indent) {
+  const std::string blanks(indent, ' ');
+  out << filledLines(wordsOf(text), kColumns, blanks, blanks);
 }
 
 }  // namespace quorvan::tool

@@ -2,6 +2,9 @@
 
 Members bear the names of the items. Lengths and angles are in the units of the producing program. What
 is missing in the file has the value of a new object, and stands in `problems`.
+
+What stands between the two lines is made from the item tables of the library;
+`QUORVAN_UPDATE_GOLDEN=1 tools_tests --gtest_filter='*ReaderSources*'` writes it anew.
 """
 
 from __future__ import annotations
@@ -53,6 +56,9 @@ class Other(Element):
     class_name: str = ""
 
 
+# --- made from the item tables --------------------------------------------------------------------
+
+
 @dataclass
 class Bar(Element):
     """What every bar and link has."""
@@ -66,6 +72,8 @@ class Bar(Element):
 
 @dataclass
 class Line(Element):
+    """A line segment of the drawing."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoLine"
 
     point1: Point = item("Point1", ORIGIN)
@@ -75,6 +83,8 @@ class Line(Element):
 
 @dataclass
 class Circle(Element):
+    """A circle of the drawing."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoCircle"
 
     center: Point = item("Center", ORIGIN)
@@ -84,6 +94,8 @@ class Circle(Element):
 
 @dataclass
 class Text(Element):
+    """A single line of text."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoText"
 
     contents: str = item("Contents", "")
@@ -97,6 +109,8 @@ class Text(Element):
 
 @dataclass
 class FilledPolygon(Element):
+    """A filled polygon of the drawing."""
+
     CLASS_NAME: ClassVar[str] = "CKtFilledPolygon"
 
     points: list[Point] = item("Vector", [])
@@ -105,6 +119,8 @@ class FilledPolygon(Element):
 
 @dataclass
 class Mesh(Element):
+    """A sheet of welded mesh."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoMesh"
 
     type: str = item("Type", "")
@@ -117,6 +133,8 @@ class Mesh(Element):
 
 @dataclass
 class Formwork(Element):
+    """An outline of the concrete. Two points and one bulge a segment."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoFormwork"
 
     points: list[Point] = item("Vector", [])
@@ -125,6 +143,8 @@ class Formwork(Element):
 
 @dataclass
 class StraightBar(Bar):
+    """A straight bar with a hook at either end."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoStraightBar"
 
     point1: Point = item("Point1", ORIGIN)
@@ -139,6 +159,8 @@ class StraightBar(Bar):
 
 @dataclass
 class LBar(Bar):
+    """A bar bent once (L shape)."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoLBar"
 
     point1: Point = item("Point1", ORIGIN)
@@ -152,6 +174,8 @@ class LBar(Bar):
 
 @dataclass
 class UBar(Bar):
+    """A bar bent twice (U shape)."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoUBar"
 
     point1: Point = item("Point1", ORIGIN)
@@ -165,6 +189,8 @@ class UBar(Bar):
 
 @dataclass
 class Pin(Bar):
+    """A pin: a straight tie with hooks."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoPin"
 
     point1: Point = item("Point1", ORIGIN)
@@ -177,6 +203,8 @@ class Pin(Bar):
 
 @dataclass
 class PointBar(Bar):
+    """A bar seen end-on."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoPointBar"
 
     point1: Point = item("Point1", ORIGIN)
@@ -184,6 +212,8 @@ class PointBar(Bar):
 
 @dataclass
 class PolygonBar(Bar):
+    """A bent bar given by its polyline."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoPolygonBar"
 
     points: list[Point] = item("NoPoints", [])
@@ -196,6 +226,8 @@ class PolygonBar(Bar):
 
 @dataclass
 class FrameRect(Bar):
+    """A closed rectangular link."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoFrameRect"
 
     point1: Point = item("Point1", ORIGIN)
@@ -207,6 +239,8 @@ class FrameRect(Bar):
 
 @dataclass
 class FrameCirc(Bar):
+    """A closed circular link."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoFrameCirc"
 
     center: Point = item("Center", ORIGIN)
@@ -219,6 +253,8 @@ class FrameCirc(Bar):
 
 @dataclass
 class Stirrup(Bar):
+    """An open link given by two points."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoStirrup"
 
     point1: Point = item("Point1", ORIGIN)
@@ -229,6 +265,9 @@ class Stirrup(Bar):
 
 @dataclass
 class Repartition(Element):
+    """A distribution of identical bars along a line. It has an index of its own and that of the
+    bar."""
+
     CLASS_NAME: ClassVar[str] = "CKtZantoRepartition"
 
     point1: Point = item("Point1", ORIGIN)
@@ -246,6 +285,8 @@ class Repartition(Element):
 
 @dataclass
 class DrawingControl(Element):
+    """The record that names the drawing and closes every transfer."""
+
     CLASS_NAME: ClassVar[str] = "CKtDrawingControl"
 
     zanto_version: str = item("ZantoVersion", "")
@@ -258,6 +299,8 @@ _KINDS: tuple[type[Element], ...] = (
     Line, Circle, Text, FilledPolygon, Mesh, Formwork, StraightBar, LBar, UBar, Pin, PointBar,
     PolygonBar, FrameRect, FrameCirc, Stirrup, Repartition, DrawingControl,
 )
+
+# --- end of what is made --------------------------------------------------------------------------
 
 # The dataclass of each class name.
 CLASSES: dict[str, type[Element]] = {kind.CLASS_NAME: kind for kind in _KINDS}
