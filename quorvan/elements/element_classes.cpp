@@ -1,6 +1,5 @@
 #include <quorvan/elements/element_classes.h>
 
-#include <array>
 #include <cstddef>
 
 #include <quorvan/elements/circle_items.h>
@@ -36,56 +35,11 @@ constexpr ElementSchema schema(ElementClass id) {
   return {id, Items::kTable.className.text(), ItemsOf<Items>::kItems};
 }
 
-// A class without a table does not compile.
-constexpr ElementSchema makeSchema(ElementClass id) {
-  switch (id) {
-    case ElementClass::kLine:
-      return schema<CKtZantoLineItems>(id);
-    case ElementClass::kCircle:
-      return schema<CKtZantoCircleItems>(id);
-    case ElementClass::kText:
-      return schema<CKtZantoTextItems>(id);
-    case ElementClass::kFilledPolygon:
-      return schema<CKtFilledPolygonItems>(id);
-    case ElementClass::kMesh:
-      return schema<CKtZantoMeshItems>(id);
-    case ElementClass::kFormwork:
-      return schema<CKtZantoFormworkItems>(id);
-    case ElementClass::kStraightBar:
-      return schema<CKtZantoStraightBarItems>(id);
-    case ElementClass::kLBar:
-      return schema<CKtZantoLBarItems>(id);
-    case ElementClass::kUBar:
-      return schema<CKtZantoUBarItems>(id);
-    case ElementClass::kPin:
-      return schema<CKtZantoPinItems>(id);
-    case ElementClass::kPointBar:
-      return schema<CKtZantoPointBarItems>(id);
-    case ElementClass::kPolygonBar:
-      return schema<CKtZantoPolygonBarItems>(id);
-    case ElementClass::kFrameRect:
-      return schema<CKtZantoFrameRectItems>(id);
-    case ElementClass::kFrameCirc:
-      return schema<CKtZantoFrameCircItems>(id);
-    case ElementClass::kStirrup:
-      return schema<CKtZantoStirrupItems>(id);
-    case ElementClass::kRepartition:
-      return schema<CKtZantoRepartitionItems>(id);
-    case ElementClass::kDrawingControl:
-      return schema<CKtDrawingControlItems>(id);
-  }
-  throw "a class that the enumeration does not have";
-}
-
-constexpr std::size_t kClasses = static_cast<std::size_t>(ElementClass::kDrawingControl) + 1;
-
-constexpr auto kElements = [] {
-  std::array<ElementSchema, kClasses> all{};
-  for (std::size_t i = 0; i < kClasses; ++i) {
-    all[i] = makeSchema(static_cast<ElementClass>(i));
-  }
-  return all;
-}();
+constexpr ElementSchema kElements[] = {
+#define QUORVAN_SCHEMA(name, type) schema<type##Items>(ElementClass::k##name),
+    QUORVAN_ELEMENT_CLASSES(QUORVAN_SCHEMA)
+#undef QUORVAN_SCHEMA
+};
 
 }  // namespace
 

@@ -170,7 +170,7 @@ QUORVAN_API int quorvanReadSize(const QuorvanItem* item, int32_t* announced);
 
 /* --- the classes that are known --------------------------------------------------------------- */
 
-/// How many classes are known: 17.
+/// How many classes are known.
 QUORVAN_API int quorvanClassCount(void);
 
 /// The class of that number, from 0, and its items in the order of writing; empty, 0 and

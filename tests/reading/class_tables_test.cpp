@@ -10,24 +10,22 @@ namespace {
 
 TEST(ClassTables, HaveEveryClassAndEveryItem) {
   const auto classes = items::allElements();
-  ASSERT_EQ(quorvanClassCount(), 17);
-  int items = 0;
+  ASSERT_EQ(quorvanClassCount(), static_cast<int>(classes.size()));
   for (int number = 0; number < quorvanClassCount(); ++number) {
     const auto& schema = classes[static_cast<std::size_t>(number)];
     EXPECT_EQ(quorvanClassName(number), schema.className);
     ASSERT_EQ(quorvanClassItemCount(number), static_cast<int>(schema.items.size()));
-    for (int item = 0; item < quorvanClassItemCount(number); ++item, ++items) {
+    for (int item = 0; item < quorvanClassItemCount(number); ++item) {
       const auto& expected = schema.items[static_cast<std::size_t>(item)];
       EXPECT_EQ(quorvanClassItemName(number, item), expected.name);
       EXPECT_EQ(quorvanClassItemIsOptional(number, item), expected.optional ? 1 : 0);
       EXPECT_NE(quorvanClassItemKind(number, item), QUORVAN_KIND_NONE);
     }
   }
-  EXPECT_EQ(items, 132);
 }
 
 TEST(ClassTables, EndWhereTheyEnd) {
-  for (const int number : {-1, 17, 2147483647}) {
+  for (const int number : {-1, quorvanClassCount(), 2147483647}) {
     EXPECT_STREQ(quorvanClassName(number), "");
     EXPECT_EQ(quorvanClassItemCount(number), 0);
     EXPECT_STREQ(quorvanClassItemName(number, 0), "");

@@ -7,6 +7,7 @@
 
 #include <tests/elements/element_models.h>
 #include <tests/reading/reading_file.h>
+#include <quorvan/elements/element_classes.h>
 #include <quorvan/reading/reader.h>
 
 namespace quorvan::test {
@@ -17,28 +18,12 @@ using drawing::Element;
 // The struct of each element class.
 template <class Class>
 struct StructOf;
-#define QUORVAN_STRUCT(Class, Struct) \
-  template <>                         \
-  struct StructOf<Class> {            \
-    using Type = drawing::Struct;     \
+#define QUORVAN_STRUCT(name, type) \
+  template <>                      \
+  struct StructOf<type> {          \
+    using Type = drawing::name;    \
   };
-QUORVAN_STRUCT(CKtZantoLine, Line)
-QUORVAN_STRUCT(CKtZantoCircle, Circle)
-QUORVAN_STRUCT(CKtZantoText, Text)
-QUORVAN_STRUCT(CKtFilledPolygon, FilledPolygon)
-QUORVAN_STRUCT(CKtZantoMesh, Mesh)
-QUORVAN_STRUCT(CKtZantoFormwork, Formwork)
-QUORVAN_STRUCT(CKtZantoStraightBar, StraightBar)
-QUORVAN_STRUCT(CKtZantoLBar, LBar)
-QUORVAN_STRUCT(CKtZantoUBar, UBar)
-QUORVAN_STRUCT(CKtZantoPin, Pin)
-QUORVAN_STRUCT(CKtZantoPointBar, PointBar)
-QUORVAN_STRUCT(CKtZantoPolygonBar, PolygonBar)
-QUORVAN_STRUCT(CKtZantoFrameRect, FrameRect)
-QUORVAN_STRUCT(CKtZantoFrameCirc, FrameCirc)
-QUORVAN_STRUCT(CKtZantoStirrup, Stirrup)
-QUORVAN_STRUCT(CKtZantoRepartition, Repartition)
-QUORVAN_STRUCT(CKtDrawingControl, DrawingControl)
+QUORVAN_ELEMENT_CLASSES(QUORVAN_STRUCT)
 #undef QUORVAN_STRUCT
 
 // Values of the structs' members as the tests' tables have them.

@@ -1,6 +1,7 @@
 // Every element class, read from one file.
 #pragma once
 
+#include <quorvan/elements/element_classes.h>
 #include <quorvan/quorvan.h>
 
 namespace quorvan::test {
@@ -20,23 +21,9 @@ void readElements(CKtFiler& filer, int most) {
 /// Calls `read`, a template over the element class, for each class.
 template <class Read>
 void forEveryElementClass(const Read& read) {
-  read.template operator()<CKtZantoLine>();
-  read.template operator()<CKtZantoCircle>();
-  read.template operator()<CKtZantoText>();
-  read.template operator()<CKtFilledPolygon>();
-  read.template operator()<CKtZantoMesh>();
-  read.template operator()<CKtZantoFormwork>();
-  read.template operator()<CKtZantoStraightBar>();
-  read.template operator()<CKtZantoLBar>();
-  read.template operator()<CKtZantoUBar>();
-  read.template operator()<CKtZantoPin>();
-  read.template operator()<CKtZantoPointBar>();
-  read.template operator()<CKtZantoPolygonBar>();
-  read.template operator()<CKtZantoFrameRect>();
-  read.template operator()<CKtZantoFrameCirc>();
-  read.template operator()<CKtZantoStirrup>();
-  read.template operator()<CKtZantoRepartition>();
-  read.template operator()<CKtDrawingControl>();
+#define QUORVAN_READ(name, type) read.template operator()<type>();
+  QUORVAN_ELEMENT_CLASSES(QUORVAN_READ)
+#undef QUORVAN_READ
 }
 
 /// Reads up to `most` elements of every class. True when nothing but E_POINTER was raised, as it is

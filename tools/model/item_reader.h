@@ -25,10 +25,7 @@ class ItemSelection {
   }
 
  private:
-  static constexpr std::size_t kClasses =
-      static_cast<std::size_t>(items::ElementClass::kDrawingControl) + 1;
-
-  std::array<std::uint32_t, kClasses> m_items{};  // a bit an item
+  std::array<std::uint32_t, items::kElementClasses> m_items{};  // a bit an item
 };
 
 /// Whether children that are no items, and items that come again, are problems as well.

@@ -1,6 +1,5 @@
 #include <tools/readers/reader_classes.h>
 
-#include <algorithm>
 #include <fstream>
 #include <span>
 
@@ -9,6 +8,7 @@
 #include <quorvan/reading/kinds.h>
 
 #include <tools/console/console.h>
+#include <tools/model/bar.h>
 #include <tools/model/class_names.h>
 #include <tools/readers/spelling.h>
 
@@ -17,12 +17,6 @@ namespace quorvan::tool {
 namespace {
 
 constexpr std::size_t kBarItems = items::kBarAttributeSchemas.size();
-
-bool hasBarAttributes(std::span<const items::ItemSchema> items) {
-  return items.size() >= kBarItems &&
-         std::ranges::equal(items.last(kBarItems), items::kBarAttributeSchemas, {},
-                            &items::ItemSchema::name, &items::ItemSchema::name);
-}
 
 // Lists of points bear the name of what they hold, and not of how the file keeps them. Every
 // element has an index of its own: an item of that name is the index of a bar.
@@ -80,7 +74,7 @@ ReaderClasses readerClasses(const std::filesystem::path& sources) {
     ReaderClass element;
     element.className = schema.className;
     element.name = shortClassName(schema.className);
-    element.isBar = hasBarAttributes(schema.items);
+    element.isBar = barShapeOf(schema.id).has_value();
     element.members = membersOf(element.isBar ? schema.items.first(schema.items.size() - kBarItems)
                                               : schema.items);
     element.description = descriptionOf(sources, element);
