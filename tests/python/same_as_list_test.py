@@ -18,11 +18,15 @@ from dataclasses import fields
 from pathlib import Path
 
 import quorvan
+from quorvan._library import library
 from quorvan.elements import DrawingControl, Formwork, Other, Point
 from random_drawings import Drawing
 
-OPTIONAL = ("Hidden", "ViewPoint", "Axis", "Vector", "AxisDistancesTop", "AxisDistancesBottom",
-            "Positions")
+# The items that may be missing, as the library's tables have it.
+OPTIONAL = {(library.quorvanClassName(number), library.quorvanClassItemName(number, item).decode())
+            for number in range(library.quorvanClassCount())
+            for item in range(library.quorvanClassItemCount(number))
+            if library.quorvanClassItemIsOptional(number, item)}
 
 
 def number(value):
@@ -73,7 +77,8 @@ def differences(element, listed):
         reason = reasons.pop(item, None)
         if name not in listed:
             # An optional item may be missing without a word.
-            is_same = value == new[item] and (reason is not None or item in OPTIONAL)
+            may_be_missing = (element.CLASS_NAME.encode(), item) in OPTIONAL
+            is_same = value == new[item] and (reason is not None or may_be_missing)
         else:
             is_same = reason != "missing" and (reason is not None or value == listed.pop(name))
         if not is_same:
