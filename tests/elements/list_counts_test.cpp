@@ -315,8 +315,10 @@ TEST(ListLimits, ARepartitionHoldsMissingEntriesUpToTheLimit) {
       EXPECT_TRUE(values.empty());
     }
     // The lists before and after it are read all the same.
-    EXPECT_EQ(describe(read)[5], items[5]);
-    EXPECT_EQ(describe(read)[7], items[7]);
+    read.setAxisDistancesBottom({});
+    const auto others = describe(read);
+    EXPECT_EQ(others[5], items[5]);
+    EXPECT_EQ(others[7], items[7]);
     EXPECT_EQ(read.getHidden(), true);
   }
 }

@@ -1,10 +1,7 @@
-// soak [SECONDS [SEED]]: random host sessions with start, exports, stop, restart, pushes, end and
+// soak [SESSIONS [SEED]]: random host sessions with start, exports, stop, restart, pushes, end and
 // reading back, among which files, memory or nothing fail at random. Ends with 1 when a drawing was
 // lost or memory grew.
-#include <unistd.h>
-
 #include <cerrno>
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -16,6 +13,7 @@
 #include <string>
 
 #include <tests/differential/random.h>
+#include <tests/support/working_folder.h>
 #include <tests/xml/embedded/allocation_faults.h>
 #include <tests/xml/embedded/file_faults.h>
 #include <quorvan/elements/line.h>
@@ -201,30 +199,26 @@ long residentKilobytes() {
   return 0;
 }
 
-int soak(double seconds, std::uint64_t seed) {
-  using Clock = std::chrono::steady_clock;
-  const auto start = Clock::now();
-  const auto elapsed = [&] { return std::chrono::duration<double>(Clock::now() - start).count(); };
+int soak(int count, std::uint64_t seed) {
   setMessageBoxHook(&countMessage);
   constexpr int kWarmUp = 200;
   long resident = 0;
-  int sessions = 0;
-  for (; elapsed() < seconds || sessions < kWarmUp; ++sessions) {
-    Random random(seed + static_cast<std::uint64_t>(sessions));
+  for (int session = 0; session < count; ++session) {
+    Random random(seed + static_cast<std::uint64_t>(session));
     try {
       Session(random).run();
     } catch (const std::logic_error& error) {
-      std::cerr << "session " << seed + static_cast<std::uint64_t>(sessions) << ": " << error.what()
+      std::cerr << "session " << seed + static_cast<std::uint64_t>(session) << ": " << error.what()
                 << '\n';
       return 1;
     }
-    if (sessions == kWarmUp) {
+    if (session == kWarmUp) {
       resident = residentKilobytes();
     }
   }
   const long growth = residentKilobytes() - resident;
-  std::cout << sessions << " sessions; memory " << resident << " kB after " << kWarmUp
-            << " of them, " << growth << " kB more at the end\n";
+  std::cout << count << " sessions; memory " << resident << " kB after " << kWarmUp << " of them, "
+            << growth << " kB more at the end\n";
 #if defined(__SANITIZE_ADDRESS__)
   return 0;  // the sanitizer keeps freed memory for a while
 #else
@@ -237,14 +231,8 @@ int soak(double seconds, std::uint64_t seed) {
 }  // namespace quorvan::test
 
 int main(int argc, char** argv) {
-  const double seconds = argc > 1 ? std::strtod(argv[1], nullptr) : 5;
+  const int count = argc > 1 ? std::atoi(argv[1]) : 1000;
   const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
-  const std::filesystem::path folder =
-      std::filesystem::current_path() / ("soak-" + std::to_string(::getpid()));
-  std::filesystem::create_directory(folder);
-  std::filesystem::current_path(folder);
-  const int result = quorvan::test::soak(seconds, seed);
-  std::filesystem::current_path(folder.parent_path());
-  std::filesystem::remove_all(folder);
-  return result;
+  const quorvan::test::WorkingFolder folder("soak");
+  return quorvan::test::soak(count, seed);
 }

@@ -46,19 +46,19 @@ std::string attribute(std::string_view name, const std::string& value) {
   return std::string(name) + "=\"" + value + '"';
 }
 
-std::string shortest(double value) {
-  char buffer[40];
-  const int length = std::snprintf(buffer, sizeof buffer, "%g", value);
-  return {buffer, static_cast<std::size_t>(length)};
-}
-
-std::string element(std::string_view head, const std::string& content) {
-  const std::string start = '<' + std::string(head);
+std::string element(std::string_view head, std::string_view content) {
+  std::string text;
+  text.reserve(2 * head.size() + content.size() + 5);
+  text += '<';
+  text += head;
   if (content.empty()) {
-    return start + "/>";
+    return text += "/>";
   }
-  const std::string name(head.substr(0, head.find(' ')));
-  return start + '>' + content + "</" + name + '>';
+  text += '>';
+  text += content;
+  text += "</";
+  text += head.substr(0, head.find(' '));
+  return text += '>';
 }
 
 }  // namespace
@@ -74,15 +74,19 @@ std::string classElement(std::string_view className, int index, const std::strin
       items);
 }
 
+// Most of a long list's text: printed at once, not put together from pieces.
 std::string pointItem(std::string_view name, const CKtPnt3D& point) {
-  return rawItem(name, attribute("X", fixed7(point.X())) + ' ' + attribute("Y", fixed7(point.Y())) +
-                           ' ' + attribute("Z", fixed7(point.Z())));
+  char attributes[1100];
+  const int length = std::snprintf(attributes, sizeof attributes, R"(X="%.7f" Y="%.7f" Z="%.7f")",
+                                   point.X(), point.Y(), point.Z());
+  return rawItem(name, std::string_view(attributes, static_cast<std::size_t>(length)));
 }
 
 std::string vectorItem(std::string_view name, const CKtVect3D& vector) {
-  return rawItem(name, attribute("X", shortest(vector.X())) + ' ' +
-                           attribute("Y", shortest(vector.Y())) + ' ' +
-                           attribute("Z", shortest(vector.Z())));
+  char attributes[80];
+  const int length = std::snprintf(attributes, sizeof attributes, R"(X="%g" Y="%g" Z="%g")",
+                                   vector.X(), vector.Y(), vector.Z());
+  return rawItem(name, std::string_view(attributes, static_cast<std::size_t>(length)));
 }
 
 std::string doubleItem(std::string_view name, double value) {
@@ -122,11 +126,20 @@ std::string doubleEntries(std::string_view stem, const std::vector<double>& valu
 }
 
 std::string rawItem(std::string_view name, std::string_view attributes) {
-  return element(std::string(name) + (attributes.empty() ? "" : " ") + std::string(attributes), "");
+  std::string text;
+  text.reserve(name.size() + attributes.size() + 4);
+  text += '<';
+  text += name;
+  if (!attributes.empty()) {
+    text += ' ';
+    text += attributes;
+  }
+  return text += "/>";
 }
 
 std::string numbered(std::string_view stem, long long number) {
-  return std::string(stem) + std::to_string(number);
+  std::string name(stem);
+  return name += std::to_string(number);
 }
 
 std::string fixed7(double value) {

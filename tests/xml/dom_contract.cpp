@@ -13,7 +13,7 @@ std::filesystem::path newFolder() {
   std::random_device random;
   for (;;) {
     std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("quorvan-dom-" + std::to_string(random()));
+        std::filesystem::current_path() / ("quorvan-dom-" + std::to_string(random()));
     if (std::filesystem::create_directory(folder)) {
       return folder;
     }
