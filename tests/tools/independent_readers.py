@@ -76,6 +76,15 @@ class Schema:
         self.validator = jsonschema.Draft202012Validator
         self.validator.check_schema(self.root)
         self.met = set()
+        self.validators = {}
+
+    def fits(self, schema, value):
+        """Whether the value is as this part says, which may name others."""
+        validator = self.validators.get(id(schema))
+        if validator is None:
+            validator = self.validator({**schema, "$defs": self.root.get("$defs", {})})
+            self.validators[id(schema)] = validator
+        return validator.is_valid(value)
 
     def resolved(self, schema):
         while "$ref" in schema:
@@ -92,7 +101,7 @@ class Schema:
     def note(self, schema, value):
         schema = self.resolved(schema)
         for choice in schema.get("anyOf", []):
-            if self.validator({**choice, "$defs": self.root.get("$defs", {})}).is_valid(value):
+            if self.fits(choice, value):
                 self.note(choice, value)
         if isinstance(value, dict):
             for name, member in value.items():
