@@ -1,6 +1,7 @@
 // Runs every command of the program on drawings of every shape at two sizes, for measure.sh to
 // count. Arguments: the shapes to take, by a part of their names; all of them without.
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -22,7 +23,13 @@ struct Allocations {
   std::size_t bytes = 0;
 };
 
-Allocations allocations;
+// A page is made by two threads.
+struct AllocationCount {
+  std::atomic<std::size_t> calls = 0;
+  std::atomic<std::size_t> bytes = 0;
+
+  [[nodiscard]] Allocations now() const { return {calls, bytes}; }
+} allocationCount;
 
 const std::vector<std::string> kCommands[] = {
     {"info", "shape.xml", "--all"},
@@ -66,9 +73,10 @@ void takeSteps(const DrawingShape& shape, std::size_t size) {
 
 // What a run of the command asks of the memory.
 Allocations allocationsOf(const std::vector<std::string>& command) {
-  const Allocations before = allocations;
+  const Allocations before = allocationCount.now();
   run(command);
-  return {allocations.calls - before.calls, allocations.bytes - before.bytes};
+  const Allocations after = allocationCount.now();
+  return {after.calls - before.calls, after.bytes - before.bytes};
 }
 
 // Whether four times the drawing asks for no more than five times the memory, but for what is as
@@ -102,8 +110,8 @@ bool growsInProportion(const DrawingShape& shape) {
 
 // Every allocation of the program is counted; what frees them is the usual one.
 void* operator new(std::size_t size) {
-  ++quorvan::test::allocations.calls;
-  quorvan::test::allocations.bytes += size;
+  ++quorvan::test::allocationCount.calls;
+  quorvan::test::allocationCount.bytes += size;
   if (void* const memory = std::malloc(size == 0 ? 1 : size)) {
     return memory;
   }
