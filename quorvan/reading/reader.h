@@ -10,6 +10,7 @@
 // opened it.
 #pragma once
 
+#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <memory>
@@ -65,18 +66,25 @@ class ItemReader {
   void operator()(const char* name, Members&... members) {
     const QuorvanItem* const item = quorvanItem(m_element, name);
     const int result = read(item, members...);
-    const bool mayBeMissing =
-        result == QUORVAN_NO_ITEM && quorvanClassItemIsOptional(m_class, m_number) != 0;
     if (result == QUORVAN_OUT_OF_MEMORY) {
       throw std::bad_alloc();
     }
-    if (result != QUORVAN_DONE && !mayBeMissing) {
+    if (result != QUORVAN_DONE && !(result == QUORVAN_NO_ITEM && mayBeMissing(name))) {
       m_base.problems.push_back({name, static_cast<QuorvanResult>(result)});
     }
-    ++m_number;
   }
 
  private:
+  // By its name: a library that is newer than this header may have items between those known here.
+  bool mayBeMissing(const char* name) const noexcept {
+    for (int number = 0; number < quorvanClassItemCount(m_class); ++number) {
+      if (std::strcmp(quorvanClassItemName(m_class, number), name) == 0) {
+        return quorvanClassItemIsOptional(m_class, number) != 0;
+      }
+    }
+    return false;
+  }
+
   static int read(const QuorvanItem* item, double& value) {
     return quorvanReadDouble(item, &value);
   }
@@ -152,7 +160,6 @@ class ItemReader {
   const QuorvanElement* m_element;
   ElementBase& m_base;
   int m_class;
-  int m_number = 0;
 };
 
 template <class Class>
