@@ -17,6 +17,7 @@ sed -i 1d "$ENDINGS"
 echo "$ending" >>"$RUNS"
 case $ending in
   complaint) echo 'wine client error:0: partial write' >&2; exit 1 ;;
+  red) echo '[  FAILED  ] Some.Test'; exit 1 ;;
   [0-9]*) exit "$ending" ;;
   *) kill -s "$ending" $$ ;;
 esac
@@ -26,14 +27,15 @@ chmod +x "$work"/bin/*
 export PATH=$work/bin:$PATH ENDINGS=$work/endings RUNS=$work/runs
 
 failed=0
-# expect STATUS RUNS NAME ENDING...: on a fresh count.
+arguments=()
+# expect STATUS RUNS NAME ENDING...: on a fresh count, with the arguments.
 expect() {
   local status=0 wanted_status=$1 wanted_runs=$2 name=$3
   shift 3
   "$runner" --begin "$work/prefix"
   printf '%s\n' "$@" >"$ENDINGS"
   : >"$RUNS"
-  "$runner" "$work/prefix" program.exe >/dev/null 2>&1 || status=$?
+  "$runner" "$work/prefix" program.exe "${arguments[@]}" >/dev/null 2>&1 || status=$?
   if ((status != wanted_status || $(wc -l <"$RUNS") != wanted_runs)); then
     echo "$name: exit code $status after $(wc -l <"$RUNS") runs," \
       "not $wanted_status after $wanted_runs" >&2
@@ -49,6 +51,12 @@ expect 0 2 'a crash of Wine is repeated' SEGV 0
 expect 0 2 'a complaint of Wine is repeated' complaint 0
 expect 1 2 'a failure after a crash of Wine is a failure' ABRT 1 0
 expect 137 6 'crashes of Wine above the limit fail' KILL KILL KILL KILL KILL KILL KILL 0
+
+arguments=(--gtest_filter=Some.*)
+expect 0 2 'tests that did not begin are repeated' 1 0
+expect 1 1 'tests that fail are not repeated' red 0
+expect 5 1 'tests that crash are not repeated' 5 0
+expect 137 6 'crashes of Wine above the limit fail, of tests too' KILL KILL KILL KILL KILL KILL KILL 0
 
 told=$("$runner" --end "$work/prefix")
 if [[ $told != *'crashes of Wine: 6'* ]]; then

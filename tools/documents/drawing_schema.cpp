@@ -72,14 +72,12 @@ Json withClasses(const Json& definitions) {
   for (const auto& [name, value] : definitions.items()) {
     if (!isClass(name)) {
       result[name] = value;
-      continue;
-    }
-    for (const items::ElementSchema& element : items::allElements()) {
-      if (!hasClasses) {
+    } else if (!hasClasses) {
+      for (const items::ElementSchema& element : items::allElements()) {
         result[std::string(element.className)] = definition(element);
       }
+      hasClasses = true;
     }
-    hasClasses = true;
   }
   return result;
 }
